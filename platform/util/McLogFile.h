@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/MovaraPlatformExport.h"
+
+#include <memory>
+#include <string>
+
+/// The program's log: a rotating file (three of 5 MB), and the standard error stream for warnings. Any thread.
+/// The file is "movara.log" in the folder named by MOVARA_LOG_DIR, else in the user's local data folder.
+/// A file that cannot be written is said once on the standard error stream; the log then goes on without it.
+class MOVARA_PLATFORM_EXPORT McLogFile
+{
+public:
+    McLogFile();
+    ~McLogFile();
+    McLogFile(const McLogFile &) = delete;
+    McLogFile &operator=(const McLogFile &) = delete;
+
+    /// Writes one line under a tag that names its origin, e.g. "ToolLog". Both are UTF-8.
+    void print(const std::string &tag, const std::string &text);
+    /// Writes a warning to the program's log. printf format; a trailing line feed is dropped.
+    static void warnf(const char *format, ...) __attribute__((format(printf, 1, 2)));
+    /// Writes a note to the program's log. printf format; a trailing line feed is dropped.
+    static void infof(const char *format, ...) __attribute__((format(printf, 1, 2)));
+
+    /// Full name of the file written to; empty when there is none.
+    [[nodiscard]] std::string fileName() const;
+    /// Forces out what is buffered.
+    void flush();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+
+    friend MOVARA_PLATFORM_EXPORT McLogFile &theLogInstance();
+};
+
+/// The one log of the program; made on first use and usable until the process has ended.
+MOVARA_PLATFORM_EXPORT McLogFile &theLogInstance();
