@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-/// Named text values of one file: its header attributes, keyed like "G0010-0020" (group and element, hexadecimal).
-/// Values are UTF-8. Filled once, then only read, in any thread.
+/// Named text values of one file: its header attributes, keyed like "G0010-0020" (group and
+/// element, hexadecimal). Values are UTF-8. Filled once, then only read, in any thread.
 class MOVARA_PLATFORM_EXPORT HxParamBundle : public McHandableThreaded
 {
 public:

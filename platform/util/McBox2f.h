@@ -1,6 +1,7 @@
 #pragma once
 
-/// Axis-aligned box of four floats. Empty when a minimum exceeds its maximum; the default box (1, 1, 0, 0) is empty.
+/// Axis-aligned box of four floats. Empty when a minimum exceeds its maximum; the default box (1,
+/// 1, 0, 0) is empty.
 class McBox2f
 {
 public:
@@ -10,8 +11,7 @@ public:
         , m_yMin(yMin)
         , m_xMax(xMax)
         , m_yMax(yMax)
-    {
-    }
+    { }
 
     [[nodiscard]] constexpr float xMin() const { return m_xMin; }
     [[nodiscard]] constexpr float yMin() const { return m_yMin; }
@@ -30,8 +30,10 @@ public:
         if (other.isEmpty()) {
             return *this;
         }
-        return {m_xMin < other.m_xMin ? m_xMin : other.m_xMin, m_yMin < other.m_yMin ? m_yMin : other.m_yMin,
-            m_xMax > other.m_xMax ? m_xMax : other.m_xMax, m_yMax > other.m_yMax ? m_yMax : other.m_yMax};
+        return {m_xMin < other.m_xMin ? m_xMin : other.m_xMin,
+            m_yMin < other.m_yMin ? m_yMin : other.m_yMin,
+            m_xMax > other.m_xMax ? m_xMax : other.m_xMax,
+            m_yMax > other.m_yMax ? m_yMax : other.m_yMax};
     }
 
     friend constexpr bool operator==(const McBox2f &, const McBox2f &) = default;

@@ -19,12 +19,10 @@ public:
     McDArray() = default;
     McDArray(std::initializer_list<T> values)
         : m_values(values)
-    {
-    }
+    { }
     explicit McDArray(int size)
         : m_values(static_cast<std::size_t>(size))
-    {
-    }
+    { }
 
     [[nodiscard]] int size() const { return static_cast<int>(m_values.size()); }
     [[nodiscard]] int capacity() const { return static_cast<int>(m_values.capacity()); }
@@ -87,8 +85,8 @@ public:
     }
     [[nodiscard]] bool contains(const T &value) const { return indexOf(value) >= 0; }
 
-    /// Sorts in ascending order; not stable. @p compare says for two values whether the first comes first (bool),
-    /// or how they compare (an int below, at or above 0).
+    /// Sorts in ascending order; not stable. @p compare says for two values whether the first comes
+    /// first (bool), or how they compare (an int below, at or above 0).
     template <typename Compare>
     void sort(Compare compare)
     {
@@ -106,7 +104,10 @@ public:
     const_iterator begin() const { return m_values.begin(); }
     const_iterator end() const { return m_values.end(); }
 
-    friend bool operator==(const McDArray &a, const McDArray &b) { return a.m_values == b.m_values; }
+    friend bool operator==(const McDArray &a, const McDArray &b)
+    {
+        return a.m_values == b.m_values;
+    }
 
 private:
     std::vector<T> m_values;

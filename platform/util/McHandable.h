@@ -2,9 +2,10 @@
 
 #include "platform/MovaraPlatformExport.h"
 
-/// Base of objects that are kept alive by McHandle. Counts plainly: all handles of one object belong to one thread.
-/// The count starts at 0; the object is deleted when the last handle goes, and never if none was ever made.
-/// Meant as a virtual base, so that an object reached through several bases still has one count.
+/// Base of objects that are kept alive by McHandle. Counts plainly: all handles of one object
+/// belong to one thread. The count starts at 0; the object is deleted when the last handle goes,
+/// and never if none was ever made. Meant as a virtual base, so that an object reached through
+/// several bases still has one count.
 class MOVARA_PLATFORM_EXPORT McHandable
 {
 public:

@@ -4,8 +4,8 @@
 
 #include <atomic>
 
-/// Like McHandable, with an atomic count: handles of one object may be copied and released in any thread.
-/// The object is deleted in the thread that releases the last handle.
+/// Like McHandable, with an atomic count: handles of one object may be copied and released in any
+/// thread. The object is deleted in the thread that releases the last handle.
 class MOVARA_PLATFORM_EXPORT McHandableThreaded
 {
 public:

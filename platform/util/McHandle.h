@@ -5,7 +5,8 @@
 #include <utility>
 
 /// Intrusive owning pointer to an object that derives from McHandable or McHandableThreaded.
-/// Converts from and to plain pointers, so that interfaces which only look at an object can take a plain pointer.
+/// Converts from and to plain pointers, so that interfaces which only look at an object can take a
+/// plain pointer.
 template <typename T>
 class McHandle
 {
@@ -22,21 +23,18 @@ public:
     }
     McHandle(const McHandle &other)
         : McHandle(other.m_object)
-    {
-    }
+    { }
     McHandle(McHandle &&other) noexcept
         : m_object(std::exchange(other.m_object, nullptr))
-    {
-    }
+    { }
     template <typename U>
-        requires std::is_convertible_v<U *, T *>
-    McHandle(const McHandle<U> &other)
+    requires std::is_convertible_v<U *, T *> McHandle(const McHandle<U> &other)
         : McHandle(static_cast<T *>(other.get()))
-    {
-    }
+    { }
     ~McHandle() { release(); }
 
-    /// The previous object is let go only after the handle holds the new one, so that its destructor may look at the handle.
+    /// The previous object is let go only after the handle holds the new one, so that its
+    /// destructor may look at the handle.
     McHandle &operator=(McHandle other) noexcept
     {
         swap(other);

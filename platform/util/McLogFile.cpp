@@ -22,7 +22,8 @@ QString logFolder()
     if (!named.isEmpty()) {
         return named;
     }
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/movara/log");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        + QStringLiteral("/movara/log");
 }
 
 /// The text of a printf call without trailing line feeds.
@@ -70,7 +71,8 @@ private:
         const std::string name = folder.toStdString() + "/movara.log";
         try {
             QDir().mkpath(folder);
-            auto file = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(name, maximumFileSize, numberOfFiles);
+            auto file = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(
+                name, maximumFileSize, numberOfFiles);
             file->set_pattern("%Y-%m-%d %H:%M:%S.%e %L %v");
             logger.sinks().push_back(file);
             fileName = name;
@@ -82,8 +84,7 @@ private:
 
 McLogFile::McLogFile()
     : d(std::make_unique<Private>())
-{
-}
+{ }
 
 McLogFile::~McLogFile() = default;
 

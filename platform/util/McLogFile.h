@@ -5,9 +5,10 @@
 #include <memory>
 #include <string>
 
-/// The program's log: a rotating file (three of 5 MB), and the standard error stream for warnings. Any thread.
-/// The file is "movara.log" in the folder named by MOVARA_LOG_DIR, else in the user's local data folder.
-/// A file that cannot be written is said once on the standard error stream; the log then goes on without it.
+/// The program's log: a rotating file (three of 5 MB), and the standard error stream for warnings.
+/// Any thread. The file is "movara.log" in the folder named by MOVARA_LOG_DIR, else in the user's
+/// local data folder. A file that cannot be written is said once on the standard error stream; the
+/// log then goes on without it.
 class MOVARA_PLATFORM_EXPORT McLogFile
 {
 public:

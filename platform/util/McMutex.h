@@ -2,7 +2,8 @@
 
 #include <mutex>
 
-/// Mutual exclusion between threads; not recursive. Works with std::lock_guard and std::unique_lock.
+/// Mutual exclusion between threads; not recursive. Works with std::lock_guard and
+/// std::unique_lock.
 class McMutex
 {
 public:

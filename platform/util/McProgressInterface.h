@@ -2,8 +2,9 @@
 
 #include "platform/MovaraPlatformExport.h"
 
-/// What long work tells a progress display, and the one question it asks. The base swallows everything and is never
-/// interrupted, so that work can report without asking whether a display exists.
+/// What long work tells a progress display, and the one question it asks. The base swallows
+/// everything and is never interrupted, so that work can report without asking whether a display
+/// exists.
 class MOVARA_PLATFORM_EXPORT McProgressInterface
 {
 public:

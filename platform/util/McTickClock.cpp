@@ -19,7 +19,8 @@ bool hasInvariantCounter()
     unsigned ebx = 0;
     unsigned ecx = 0;
     unsigned edx = 0;
-    return __get_cpuid(advancedPowerManagement, &eax, &ebx, &ecx, &edx) != 0 && (edx & invariantBit) != 0;
+    return __get_cpuid(advancedPowerManagement, &eax, &ebx, &ecx, &edx) != 0
+        && (edx & invariantBit) != 0;
 #else
     return false;
 #endif
@@ -31,7 +32,8 @@ const bool McTickClock::s_invariantCounter = hasInvariantCounter();
 
 namespace {
 
-/// Ticks of the counter per second, measured against the steady clock over the time since the library was loaded.
+/// Ticks of the counter per second, measured against the steady clock over the time since the
+/// library was loaded.
 class Calibration
 {
 public:
@@ -56,7 +58,8 @@ Calibration startOfProcess;
 double ticksPerSecond()
 {
     if (!McTickClock::usesTimeStampCounter()) {
-        return static_cast<double>(SteadyClock::period::den) / static_cast<double>(SteadyClock::period::num);
+        return static_cast<double>(SteadyClock::period::den)
+            / static_cast<double>(SteadyClock::period::num);
     }
     static const double measured = startOfProcess.ticksPerSecond();
     return measured;

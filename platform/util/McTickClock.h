@@ -13,8 +13,8 @@
 #endif
 
 /// Monotonic clock that is cheap enough to be read around every delivery of a notification.
-/// Reads the processor's time-stamp counter where that counts at a constant rate on all cores, else the steady clock.
-/// Any thread.
+/// Reads the processor's time-stamp counter where that counts at a constant rate on all cores, else
+/// the steady clock. Any thread.
 class MOVARA_PLATFORM_EXPORT McTickClock
 {
 public:
@@ -28,12 +28,16 @@ public:
 #endif
         return std::chrono::steady_clock::now().time_since_epoch().count();
     }
-    /// Whole microseconds in @p ticks, truncated; good to a microsecond however long the process runs.
+    /// Whole microseconds in @p ticks, truncated; good to a microsecond however long the process
+    /// runs.
     static std::int64_t microseconds(std::int64_t ticks);
     /// Seconds in @p ticks.
     static double seconds(std::int64_t ticks);
     /// Whether now() reads the time-stamp counter.
-    static bool usesTimeStampCounter() { return s_invariantCounter; }
+    static bool usesTimeStampCounter()
+    {
+        return s_invariantCounter;
+    }
 
 private:
     static const bool s_invariantCounter;

@@ -2,7 +2,8 @@
 
 #include "platform/util/McTickClock.h"
 
-/// Stop watch. Runs from construction; any thread, but one watch is not to be shared while it is restarted.
+/// Stop watch. Runs from construction; any thread, but one watch is not to be shared while it is
+/// restarted.
 class McWatch
 {
 public:
@@ -11,7 +12,10 @@ public:
     /// Starts again from 0.
     void restart() { m_start = McTickClock::now(); }
     /// Seconds since the start. Single precision: over long times use ticks(), which loses nothing.
-    [[nodiscard]] float getTime() const { return static_cast<float>(McTickClock::seconds(ticks())); }
+    [[nodiscard]] float getTime() const
+    {
+        return static_cast<float>(McTickClock::seconds(ticks()));
+    }
     /// Ticks of McTickClock since the start.
     [[nodiscard]] std::int64_t ticks() const { return McTickClock::now() - m_start; }
 

@@ -13,12 +13,10 @@ namespace {
 std::atomic<int> alive = 0;
 
 class Left : public virtual McHandableThreaded
-{
-};
+{ };
 
 class Right : public virtual McHandableThreaded
-{
-};
+{ };
 
 class Diamond : public Left, public Right
 {
@@ -34,8 +32,7 @@ class Plain : public McHandable
 public:
     explicit Plain(McHandle<Plain> *holder)
         : m_holder(holder)
-    {
-    }
+    { }
     inline static bool holderWasEmpty = false;
 
 protected:

@@ -33,8 +33,8 @@ void tst_McTickClock::microsecondsSurviveDaysOfUptime()
     const double ticksPerSecond = 1e15 / McTickClock::seconds(1'000'000'000'000'000);
     const auto tenDays = static_cast<std::int64_t>(10 * 86400 * ticksPerSecond);
     const auto fiveMicroseconds = static_cast<std::int64_t>(5e-6 * ticksPerSecond) + 1;
-    const std::int64_t difference
-        = McTickClock::microseconds(tenDays + fiveMicroseconds) - McTickClock::microseconds(tenDays);
+    const std::int64_t difference = McTickClock::microseconds(tenDays + fiveMicroseconds)
+        - McTickClock::microseconds(tenDays);
     QVERIFY(difference >= 4 && difference <= 6);
 }
 

@@ -1,0 +1,3 @@
+#include "platform/render/KxInterface.h"
+
+KxInterface::~KxInterface() = default;
