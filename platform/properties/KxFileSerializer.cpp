@@ -1,0 +1,210 @@
+#include "platform/properties/KxFileSerializer.h"
+
+#include "platform/properties/KxIniFile.h"
+#include "platform/properties/KxSiteSettings.h"
+#include "platform/util/McLogFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+#include <filesystem>
+
+namespace {
+
+constexpr int lockTimeoutMs = 5000;
+
+/// Where a link leads, so that replacing the file does not replace a link to it.
+QString resolved(const QString &fileName)
+{
+    const QString target = QFileInfo(fileName).canonicalFilePath();
+    return target.isEmpty() ? fileName : target;
+}
+
+bool replaceFile(const QString &from, const QString &to)
+{
+    std::error_code problem;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), problem);
+    return !problem;
+}
+
+/// Copies @p fileName, which may be absent, to a file of a new name beside it. Empty when that
+/// cannot be done.
+QString workingCopy(const QString &fileName)
+{
+    QFile source(fileName);
+    const bool exists = source.exists();
+    QTemporaryFile copy(fileName + QLatin1String(".XXXXXX"));
+    if ((exists && !source.open(QIODevice::ReadOnly)) || !copy.open()) {
+        return {};
+    }
+    const QByteArray content = exists ? source.readAll() : QByteArray();
+    if (source.error() != QFileDevice::NoError || copy.write(content) != content.size()
+        || !copy.flush()) {
+        return {};
+    }
+    copy.setAutoRemove(false);
+    return copy.fileName();
+}
+
+bool writeValue(const QString &fileName, const QString &key, const std::optional<QString> &text)
+{
+    QSettings settings(fileName, QSettings::IniFormat);
+    if (text) {
+        settings.setValue(KxIniFile::fileKey(key), *text);
+    } else {
+        settings.remove(KxIniFile::fileKey(key));
+    }
+    settings.sync();
+    return settings.status() == QSettings::NoError;
+}
+
+} // namespace
+
+KxFileSerializer::KxFileSerializer(const QString &fileName, const KxSiteSettings *site)
+    : m_fileName(resolved(fileName))
+    , m_site(site)
+{ }
+
+QString KxFileSerializer::defaultFileName()
+{
+    const QString named = qEnvironmentVariable("MOVARA_SETTINGS_FILE");
+    if (!named.isEmpty()) {
+        return named;
+    }
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QLatin1String("/movara/settings.ini");
+}
+
+QString KxFileSerializer::lockName() const
+{
+    return m_fileName + QLatin1String(".lock");
+}
+
+std::optional<QString> KxFileSerializer::read(const QString &key) const
+{
+    refresh();
+    const auto found = m_values.constFind(key);
+    if (found != m_values.constEnd()) {
+        return *found;
+    }
+    return m_site ? m_site->value(key) : std::nullopt;
+}
+
+bool KxFileSerializer::write(const QString &key, const QString &text)
+{
+    return !key.isEmpty() && change(key, text);
+}
+
+bool KxFileSerializer::remove(const QString &key)
+{
+    return change(key, std::nullopt);
+}
+
+void KxFileSerializer::refresh() const
+{
+    const QFileInfo info(m_fileName);
+    const QDateTime time = info.lastModified();
+    const qint64 size = info.exists() ? info.size() : -1;
+    if (time == m_seenTime && size == m_seenSize) {
+        return;
+    }
+    const KxIniFile file = KxIniFile::read(m_fileName);
+    if (file.state == KxIniFile::State::Damaged) {
+        setAsideWithLock();
+    } else if (file.state == KxIniFile::State::Unreadable) {
+        complain("cannot be read");
+    }
+    remember(file.values);
+}
+
+void KxFileSerializer::remember(const QHash<QString, QString> &values) const
+{
+    const QFileInfo info(m_fileName);
+    m_values = values;
+    m_seenTime = info.lastModified();
+    m_seenSize = info.exists() ? info.size() : -1;
+}
+
+bool KxFileSerializer::change(const QString &key, const std::optional<QString> &text)
+{
+    if (!QDir().mkpath(QFileInfo(m_fileName).absolutePath())) {
+        complain("is in a folder that cannot be made");
+        return false;
+    }
+    QLockFile lock(lockName());
+    if (!lock.tryLock(lockTimeoutMs)) {
+        complain("cannot be locked");
+        return false;
+    }
+    const bool done = changeLocked(key, text);
+    if (!done) {
+        complain("cannot be written");
+    }
+    return done;
+}
+
+bool KxFileSerializer::changeLocked(const QString &key, const std::optional<QString> &text)
+{
+    // The change is made in a copy of a fresh name: QSettings recognises a known file as unchanged
+    // by its size and its time of change in milliseconds, and would overwrite what another process
+    // wrote within the same tick.
+    QString copy = workingCopy(m_fileName);
+    KxIniFile content = KxIniFile::read(copy);
+    if (content.state == KxIniFile::State::Damaged) {
+        QFile::remove(copy);
+        copy = setAside() ? workingCopy(m_fileName) : QString();
+        content = KxIniFile::read(copy);
+    }
+    if (content.state != KxIniFile::State::Read) {
+        return false;
+    }
+    if (text) {
+        content.values.insert(key, *text);
+    } else {
+        content.values.remove(key);
+    }
+    if (!writeValue(copy, key, text) || !replaceFile(copy, m_fileName)) {
+        QFile::remove(copy);
+        return false;
+    }
+    remember(content.values);
+    return true;
+}
+
+void KxFileSerializer::setAsideWithLock() const
+{
+    // Another process may have set it aside and begun a good one meanwhile.
+    QLockFile lock(lockName());
+    if (!lock.tryLock(lockTimeoutMs)) {
+        complain("is damaged and cannot be locked");
+    } else if (KxIniFile::read(m_fileName).state == KxIniFile::State::Damaged) {
+        setAside();
+    }
+}
+
+bool KxFileSerializer::setAside() const
+{
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    QString name = m_fileName + QLatin1String(".damaged-") + stamp;
+    for (int i = 2; QFile::exists(name); ++i) {
+        name = m_fileName + QStringLiteral(".damaged-%1-%2").arg(stamp).arg(i);
+    }
+    const bool moved = QFile::rename(m_fileName, name);
+    McLogFile::warnf("WARNING - the settings file %s is damaged%s%s; default settings are used",
+        qUtf8Printable(m_fileName), moved ? " and was set aside as " : "",
+        moved ? qUtf8Printable(name) : "");
+    return moved;
+}
+
+void KxFileSerializer::complain(const char *what) const
+{
+    if (!m_complained) {
+        m_complained = true;
+        McLogFile::warnf("WARNING - the settings file %s %s", qUtf8Printable(m_fileName), what);
+    }
+}

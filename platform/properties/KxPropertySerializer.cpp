@@ -1,0 +1,3 @@
+#include "platform/properties/KxPropertySerializer.h"
+
+KxPropertySerializer::~KxPropertySerializer() = default;
