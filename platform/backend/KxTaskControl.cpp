@@ -1,0 +1,3 @@
+#include "platform/backend/KxTaskControl.h"
+
+KxTaskControl::~KxTaskControl() = default;
