@@ -1,0 +1,99 @@
+#include "framework/notification/DelayedQueue.h"
+
+#include "framework/notification/ExNotificationEvent.h"
+
+#include <QCoreApplication>
+
+#include <bit>
+#include <mutex>
+
+namespace {
+
+constexpr std::size_t smallestTable = 64;
+
+std::size_t hashOf(const ExNotification &notification)
+{
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;
+    const auto mix = [](std::uint64_t hash, std::uint64_t value) {
+        return std::rotl((hash ^ value) * odd, 29);
+    };
+    std::uint64_t hash = static_cast<std::uint32_t>(notification.type());
+    hash = mix(hash, std::bit_cast<std::uintptr_t>(notification.viewer()));
+    hash = mix(hash, std::bit_cast<std::uintptr_t>(notification.tool()));
+    hash = mix(hash, std::bit_cast<std::uintptr_t>(notification.data()));
+    return static_cast<std::size_t>(hash * odd >> 20U);
+}
+
+} // namespace
+
+void DelayedQueue::setReceiver(QObject *receiver)
+{
+    const std::lock_guard lock(m_lock);
+    m_receiver = receiver;
+}
+
+void DelayedQueue::add(const ExNotification &notification)
+{
+    // Posted under the lock: the receiver goes only after the queue was closed, which takes the
+    // lock too.
+    const std::lock_guard lock(m_lock);
+    if (m_receiver != nullptr) {
+        append(notification);
+        QCoreApplication::postEvent(m_receiver, new ExNotificationEvent);
+    }
+}
+
+void DelayedQueue::append(const ExNotification &notification)
+{
+    if (static_cast<std::size_t>(m_waiting.size() + 1) * 2 > m_slots.size()) {
+        rebuild(m_slots.empty() ? smallestTable : m_slots.size() * 2);
+    }
+    std::uint32_t &slot = m_slots[slotFor(notification)];
+    if (slot == 0) {
+        slot = static_cast<std::uint32_t>(m_waiting.append(notification)) + 1;
+    }
+}
+
+void DelayedQueue::remove(const ExBaseViewer *viewer)
+{
+    const std::lock_guard lock(m_lock);
+    McDArray<ExNotification> kept;
+    for (const ExNotification &notification : m_waiting) {
+        if (notification.viewer() != viewer) {
+            kept.append(notification);
+        }
+    }
+    if (kept.size() != m_waiting.size()) {
+        m_waiting.swap(kept);
+        rebuild(m_slots.size());
+    }
+}
+
+McDArray<ExNotification> DelayedQueue::take()
+{
+    const std::lock_guard lock(m_lock);
+    McDArray<ExNotification> taken;
+    taken.swap(m_waiting);
+    m_slots.clear();
+    return taken;
+}
+
+void DelayedQueue::rebuild(std::size_t slots)
+{
+    m_slots.assign(slots, 0);
+    for (int i = 0; i < m_waiting.size(); ++i) {
+        m_slots[slotFor(m_waiting[i])] = static_cast<std::uint32_t>(i) + 1;
+    }
+}
+
+/// The slot of an equal notification, or the free one where it belongs.
+std::size_t DelayedQueue::slotFor(const ExNotification &notification) const
+{
+    const std::size_t mask = m_slots.size() - 1;
+    std::size_t slot = hashOf(notification) & mask;
+    while (
+        m_slots[slot] != 0 && !(m_waiting[static_cast<int>(m_slots[slot] - 1)] == notification)) {
+        slot = (slot + 1) & mask;
+    }
+    return slot;
+}
