@@ -1,0 +1,268 @@
+#include "framework/viewers/ExViewerManager.h"
+
+#include "framework/notification/ExNotifiable.h"
+#include "framework/notification/ExNotifiables.h"
+#include "framework/viewers/ExBaseViewer.h"
+#include "framework/viewers/ExScreen.h"
+#include "platform/render/KxEngine.h"
+
+#include <QWidget>
+
+#include <algorithm>
+#include <utility>
+
+class ExViewerManagerPrivate
+{
+public:
+    McDArray<McHandle<ExBaseViewer>> viewers;
+    McDArray<McHandle<ExBaseViewer>> unused;
+};
+
+namespace {
+
+ExViewerManager *theInstance = nullptr;
+
+/// One for the process, as a plain pointer that counts as a reference.
+ExBaseViewer *theActiveViewer = nullptr;
+
+const QString renderWidgetName = QStringLiteral("RenderWidget_%1");
+
+/// The number in an object name of the form "RenderWidget_%1"; 0 for other names.
+int numberInName(const QString &name)
+{
+    return name.section(QLatin1Char('_'), 1, 1).toInt();
+}
+
+QString nextRenderWidgetName(const McDArray<McHandle<ExBaseViewer>> &viewers)
+{
+    int highest = 0;
+    for (const McHandle<ExBaseViewer> &viewer : viewers) {
+        if (const QWidget *const widget = viewer->renderWidget()) {
+            highest = std::max(highest, numberInName(widget->objectName()));
+        }
+    }
+    return renderWidgetName.arg(highest + 1);
+}
+
+void clearWidgetName(const ExBaseViewer &viewer)
+{
+    if (QWidget *const widget = viewer.renderWidget()) {
+        widget->setObjectName(QString());
+    }
+}
+
+} // namespace
+
+ExViewerManager::ExViewerManager()
+    : d(std::make_unique<ExViewerManagerPrivate>())
+{
+    theInstance = this;
+}
+
+ExViewerManager::~ExViewerManager()
+{
+    if (theInstance == this) {
+        theInstance = nullptr;
+        if (ExBaseViewer *const active = std::exchange(theActiveViewer, nullptr)) {
+            active->unref();
+        }
+    }
+    d->unused.clear();
+    d->viewers.clear();
+}
+
+ExViewerManager &ExViewerManager::getInstance()
+{
+    return *theInstance;
+}
+
+ExViewerManager *ExViewerManager::instancePointer()
+{
+    return theInstance;
+}
+
+int ExViewerManager::numViewers() const
+{
+    return d->viewers.size();
+}
+
+ExBaseViewer *ExViewerManager::viewer(int index) const
+{
+    return d->viewers[index];
+}
+
+int ExViewerManager::viewerIndex(const ExBaseViewer *viewer) const
+{
+    const auto found = std::find_if(d->viewers.begin(), d->viewers.end(),
+        [viewer](const McHandle<ExBaseViewer> &handle) { return handle.get() == viewer; });
+    return found == d->viewers.end() ? -1 : static_cast<int>(found - d->viewers.begin());
+}
+
+void ExViewerManager::sortViewers(const LessThan &isLess)
+{
+    d->viewers.sort([&isLess](const auto &a, const auto &b) -> bool { return isLess(a, b); });
+}
+
+void ExViewerManager::addViewer(ExBaseViewer *viewer, const McBox2f &box, bool place)
+{
+    if (viewer == nullptr) {
+        return;
+    }
+    const McHandle<ExBaseViewer> handle(viewer);
+    if (ExScreen *const screen = place ? screenForViewer(viewer) : nullptr) {
+        screen->addWidget(viewer, box);
+    }
+    if (QWidget *const widget = viewer->renderWidget()) {
+        widget->setObjectName(nextRenderWidgetName(d->viewers));
+    }
+    d->viewers.append(handle);
+}
+
+void ExViewerManager::removeViewer(ExBaseViewer *viewer)
+{
+    if (viewer == nullptr) {
+        return;
+    }
+    const McHandle<ExBaseViewer> held(viewer);
+    clearWidgetName(*viewer);
+    bool wasThere = false;
+    for (int i = d->viewers.size(); i-- > 0;) {
+        if (d->viewers[i].get() == viewer) {
+            d->viewers.remove(i);
+            wasThere = true;
+        }
+    }
+    if (!wasThere) {
+        return;
+    }
+    leaveScreen(viewer);
+    if (viewer->isReusable()) {
+        resetDisplaySetAndImageSet(viewer);
+        d->unused.append(held);
+        viewer->putAside(false);
+    } else {
+        ExNotifiables::getInstance().removeDelayedNotifications(viewer);
+    }
+}
+
+void ExViewerManager::removeAllViewers()
+{
+    while (!d->viewers.isEmpty()) {
+        const McHandle<ExBaseViewer> viewer = d->viewers.last();
+        clearWidgetName(*viewer);
+        for (int i = d->viewers.size(); i-- > 0;) {
+            if (d->viewers[i].get() == viewer.get()) {
+                d->viewers.remove(i);
+            }
+        }
+        leaveScreen(viewer);
+        const bool reusable = viewer->isReusable();
+        if (reusable) {
+            resetDisplaySetAndImageSet(viewer);
+            d->unused.insert(viewer->isPreferredForReuse() ? 0 : d->unused.size(), viewer);
+        } else {
+            ExNotifiables::getInstance().removeDelayedNotifications(viewer);
+        }
+        viewer->putAside(!reusable);
+    }
+}
+
+void ExViewerManager::leaveScreen(ExBaseViewer *viewer)
+{
+    if (ExScreen *const screen = screenForViewer(viewer)) {
+        screen->removeWidget(viewer);
+    }
+}
+
+ExBaseViewer *ExViewerManager::activeViewer() const
+{
+    return theActiveViewer;
+}
+
+bool ExViewerManager::isActiveViewer(const ExBaseViewer &viewer)
+{
+    return &viewer == theActiveViewer;
+}
+
+void ExViewerManager::setActiveViewer(ExBaseViewer *viewer)
+{
+    const McHandle<ExBaseViewer> held(viewer);
+    KxEngine::instance().renderQueue().setPreferredRenderer(nullptr);
+    if (viewer != theActiveViewer) {
+        // The previous viewer stays alive until everybody has been told.
+        const McHandle<ExBaseViewer> previous(theActiveViewer);
+        theActiveViewer = viewer;
+        if (viewer != nullptr) {
+            viewer->ref();
+        }
+        if (previous) {
+            previous->unref();
+        }
+        ExNotifiable::notify(
+            ExNotification(ExNotification::ACTIVE_VIEWER_CHANGED, viewer, nullptr, previous.get()));
+    }
+    if (viewer != nullptr) {
+        viewer->activated();
+    }
+}
+
+void ExViewerManager::cleanupViewers()
+{
+    KxRenderQueue &queue = KxEngine::instance().renderQueue();
+    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+        queue.removeRequests(viewer);
+    }
+    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+        viewer->terminateRendering();
+    }
+    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+        viewer->cleanUpNodes();
+    }
+}
+
+void ExViewerManager::clearCachedImages()
+{
+    for (int i = d->viewers.size(); i-- > 0;) {
+        d->viewers[i]->clearCachedImages();
+    }
+    for (int i = d->unused.size(); i-- > 0;) {
+        d->unused[i]->clearCachedImages();
+    }
+}
+
+void ExViewerManager::reattachViewers()
+{
+    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+        viewer->reattach();
+    }
+    for (const McHandle<ExBaseViewer> &viewer : d->unused) {
+        viewer->reattach();
+    }
+}
+
+void ExViewerManager::deleteUnusedViewers()
+{
+    // A viewer may look at the manager while it goes.
+    McDArray<McHandle<ExBaseViewer>> unused;
+    unused.swap(d->unused);
+}
+
+McHandle<ExBaseViewer> ExViewerManager::unusedViewer(Ex::ViewerType type)
+{
+    for (int i = 0; i < d->unused.size(); ++i) {
+        const McHandle<ExBaseViewer> viewer = d->unused[i];
+        if (viewer->viewerType() == type && !viewer->isOffScreen()) {
+            d->unused.remove(i);
+            viewer->clearCachedImages();
+            viewer->takenBack();
+            return viewer;
+        }
+    }
+    return {};
+}
+
+void ExViewerManager::resetDisplaySetAndImageSet(ExBaseViewer *viewer)
+{
+    viewer->setDisplaySetID(std::string());
+    viewer->setBackgroundColor(0, 0, 0, 1);
+}
