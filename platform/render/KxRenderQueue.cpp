@@ -4,8 +4,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -52,25 +54,33 @@ void KxRenderQueue::setPreferredRenderer(KxRenderer *renderer)
 void KxRenderQueue::flush()
 {
     if (!m_turn.empty()) {
-        return; // A renderer that runs an event loop of its own must not start a turn within the
-                // turn.
+        return; // A renderer that runs an event loop of its own: no turn within the turn.
     }
     m_turn.swap(m_waiting);
     const auto preferred = std::find(m_turn.begin(), m_turn.end(), m_preferred);
     if (m_preferred != nullptr && preferred != m_turn.end()) {
         std::rotate(m_turn.begin(), preferred, preferred + 1);
     }
+    drawTurn();
+    Q_EMIT turnFinished();
+}
+
+void KxRenderQueue::drawTurn()
+{
+    // Ends the turn also when a renderer throws: the frames after it are drawn in the next one.
+    const auto endTurn = qScopeGuard([this] {
+        for (KxRenderer *renderer : std::exchange(m_turn, {})) {
+            request(renderer);
+        }
+        if (!m_waiting.empty()) {
+            schedule();
+        }
+    });
     for (std::size_t i = 0; i < m_turn.size(); ++i) {
-        if (KxRenderer *renderer = m_turn[i]) {
-            m_turn[i] = nullptr;
+        if (KxRenderer *renderer = std::exchange(m_turn[i], nullptr)) {
             renderer->renderFrame();
         }
     }
-    m_turn.clear();
-    if (!m_waiting.empty()) {
-        schedule();
-    }
-    Q_EMIT turnFinished();
 }
 
 void KxRenderQueue::customEvent(QEvent *event)

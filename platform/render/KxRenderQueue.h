@@ -42,6 +42,7 @@ protected:
     void customEvent(QEvent *event) override;
 
 private:
+    void drawTurn();
     void schedule();
 
     std::vector<KxRenderer *> m_waiting;
