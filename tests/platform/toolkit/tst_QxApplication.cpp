@@ -1,0 +1,157 @@
+#include "platform/toolkit/QxApplication.h"
+#include "platform/toolkit/QxNotifyHook.h"
+
+#include <QEvent>
+#include <QProcess>
+#include <QTest>
+#include <QThread>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr QEvent::Type watchedType = QEvent::User;
+
+/// Writes down which events it sees, and does what a test tells it to.
+class RecordingHook final : public QxNotifyHook
+{
+public:
+    RecordingHook(const char *name, QStringList &events)
+        : m_name(QString::fromUtf8(name))
+        , m_events(events)
+    { }
+    bool hookNotify(QObject *receiver, QEvent *event) override
+    {
+        if (event->type() != watchedType) {
+            return false;
+        }
+        m_events.append(m_name + QLatin1Char('>') + receiver->objectName());
+        return action && action();
+    }
+
+    std::function<bool()> action;
+
+private:
+    QString m_name;
+    QStringList &m_events;
+};
+
+class Receiver final : public QObject
+{
+public:
+    explicit Receiver(QStringList &events)
+        : m_events(events)
+    {
+        setObjectName(QStringLiteral("object"));
+    }
+    bool event(QEvent *event) override
+    {
+        if (event->type() != watchedType) {
+            return QObject::event(event);
+        }
+        m_events.append(QStringLiteral("object"));
+        return true;
+    }
+
+private:
+    QStringList &m_events;
+};
+
+/// Sends an event with hooks installed under the application object there is, and tells what
+/// happened.
+QString runHooks()
+{
+    QStringList events;
+    auto first = std::make_unique<RecordingHook>("first", events);
+    auto second = std::make_unique<RecordingHook>("second", events);
+    auto receiver = std::make_unique<Receiver>(events);
+    const auto send = [&] {
+        QEvent event(watchedType);
+        QCoreApplication::sendEvent(receiver.get(), &event);
+        events.append(QStringLiteral("|"));
+    };
+    send();
+    QxApplication::installHookNotify(first.get());
+    QxApplication::installHookNotify(nullptr);
+    QxApplication::installHookNotify(second.get());
+    QxApplication::installHookNotify(first.get());
+    send();
+    first->action = [] { return true; };
+    send();
+    first->action = [&] {
+        second.reset();
+        return false;
+    };
+    send();
+    first->action = [&] {
+        receiver.reset();
+        return false;
+    };
+    send();
+    first.reset();
+    receiver = std::make_unique<Receiver>(events);
+    send();
+    return events.join(QLatin1Char(' '));
+}
+
+const QString expectedRun
+    = QStringLiteral("object | first>object second>object object | first>object | "
+                     "first>object object | first>object | object |");
+
+} // namespace
+
+class tst_QxApplication : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hooks();
+    void hooksUnderAnotherApplicationClass();
+    void eventsOfOtherThreadsPassBy();
+};
+
+void tst_QxApplication::hooks()
+{
+    QVERIFY(qobject_cast<QxApplication *>(qApp));
+    QCOMPARE(runHooks(), expectedRun);
+}
+
+void tst_QxApplication::hooksUnderAnotherApplicationClass()
+{
+    QProcess client;
+    client.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--plain")});
+    QVERIFY(client.waitForFinished());
+    QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expectedRun);
+}
+
+void tst_QxApplication::eventsOfOtherThreadsPassBy()
+{
+    QStringList events;
+    RecordingHook hook("hook", events);
+    QxApplication::installHookNotify(&hook);
+    Receiver receiver(events);
+    QThread thread;
+    receiver.moveToThread(&thread);
+    QCoreApplication::postEvent(&receiver, new QEvent(watchedType));
+    thread.start();
+    // Leaves the loop of the thread after the event posted before.
+    QMetaObject::invokeMethod(
+        &receiver, [&thread] { thread.quit(); }, Qt::QueuedConnection);
+    QVERIFY(thread.wait());
+    QCOMPARE(events, QStringList{QStringLiteral("object")});
+}
+
+int main(int argc, char *argv[])
+{
+    if (argc == 2 && QByteArray(argv[1]) == "--plain") {
+        const QApplication application(argc, argv);
+        std::fputs(qUtf8Printable(runHooks()), stdout);
+        return 0;
+    }
+    const QxApplication application(argc, argv);
+    tst_QxApplication test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_QxApplication.moc"
