@@ -74,7 +74,7 @@ KxAuditFile::~KxAuditFile() = default;
 
 QString KxAuditFile::defaultFileName()
 {
-    const QString named = qEnvironmentVariable("MOVARA_AUDIT_FILE");
+    QString named = qEnvironmentVariable("MOVARA_AUDIT_FILE");
     if (!named.isEmpty()) {
         return named;
     }

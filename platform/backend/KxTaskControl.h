@@ -12,11 +12,9 @@ class MOVARA_PLATFORM_EXPORT KxTaskControl : public virtual McHandableThreaded,
                                              public virtual McProgressInterface
 {
 public:
+    ~KxTaskControl() override;
     /// Reports the fraction done, 0 to 1.
     virtual void reportProgress(float fraction) = 0;
     /// Reports what is being done now.
     virtual void reportText(const QString &text) = 0;
-
-protected:
-    ~KxTaskControl() override;
 };

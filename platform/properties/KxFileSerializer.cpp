@@ -4,6 +4,7 @@
 #include "platform/properties/KxSiteSettings.h"
 #include "platform/util/McLogFile.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,12 +12,28 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+#include <QThread>
 
 #include <filesystem>
 
 namespace {
 
 constexpr int lockTimeoutMs = 5000;
+constexpr unsigned long lockPollMs = 2;
+
+/// Waits for the lock with short pauses. QLockFile's own pauses double, which starves a process
+/// while others write busily.
+bool lockInTime(QLockFile &lock)
+{
+    const QDeadlineTimer deadline(lockTimeoutMs);
+    while (!lock.tryLock(0)) {
+        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(lockPollMs);
+    }
+    return true;
+}
 
 /// Where a link leads, so that replacing the file does not replace a link to it.
 QString resolved(const QString &fileName)
@@ -72,7 +89,7 @@ KxFileSerializer::KxFileSerializer(const QString &fileName, const KxSiteSettings
 
 QString KxFileSerializer::defaultFileName()
 {
-    const QString named = qEnvironmentVariable("MOVARA_SETTINGS_FILE");
+    QString named = qEnvironmentVariable("MOVARA_SETTINGS_FILE");
     if (!named.isEmpty()) {
         return named;
     }
@@ -137,7 +154,7 @@ bool KxFileSerializer::change(const QString &key, const std::optional<QString> &
         return false;
     }
     QLockFile lock(lockName());
-    if (!lock.tryLock(lockTimeoutMs)) {
+    if (!lockInTime(lock)) {
         complain("cannot be locked");
         return false;
     }
@@ -180,7 +197,7 @@ void KxFileSerializer::setAsideWithLock() const
 {
     // Another process may have set it aside and begun a good one meanwhile.
     QLockFile lock(lockName());
-    if (!lock.tryLock(lockTimeoutMs)) {
+    if (!lockInTime(lock)) {
         complain("is damaged and cannot be locked");
     } else if (KxIniFile::read(m_fileName).state == KxIniFile::State::Damaged) {
         setAside();

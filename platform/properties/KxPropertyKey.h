@@ -20,6 +20,10 @@ public:
     KxPropertyKey(const QString &key)
         : m_text(key)
     { }
+    KxPropertyKey(QLatin1String key)
+        : m_text(key)
+    {
+    }
     template <typename A, typename B>
     KxPropertyKey(const QStringBuilder<A, B> &key)
         : m_text(QString(key))

@@ -144,7 +144,7 @@ std::optional<QStringList> KxPropertyTrait<QStringList>::fromString(const QStrin
     }
     QStringList values;
     const QJsonArray items = document.array();
-    for (const QJsonValue &item : items) {
+    for (const auto &item : items) {
         if (!item.isString()) {
             return std::nullopt;
         }

@@ -21,7 +21,7 @@ QString readPatterns(const QJsonValue &value, QList<QRegularExpression> &pattern
         return QStringLiteral("is not a list");
     }
     const QJsonArray items = value.toArray();
-    for (const QJsonValue &item : items) {
+    for (const auto &item : items) {
         const QRegularExpression pattern = QxWildcard::expression(item.toString());
         if (!item.isString() || !pattern.isValid()) {
             return QStringLiteral("holds something that is not a pattern");
@@ -48,7 +48,7 @@ QString readGrantedFunctions(const QJsonValue &value, RightsPolicy &policy)
     }
     constexpr int none = std::numeric_limits<int>::min();
     const QJsonArray items = value.toArray();
-    for (const QJsonValue &item : items) {
+    for (const auto &item : items) {
         // Texts and fractions give the default.
         const int code = item.toInt(none);
         if (code == none) {

@@ -59,7 +59,7 @@ UserFunctionPermissions::~UserFunctionPermissions() = default;
 
 QString UserFunctionPermissions::policyFileName()
 {
-    const QString named = qEnvironmentVariable("MOVARA_POLICY_FILE");
+    QString named = qEnvironmentVariable("MOVARA_POLICY_FILE");
     if (!named.isEmpty()) {
         return named;
     }

@@ -158,6 +158,9 @@ public:
     QString current = QLatin1String(nativeStyle);
     QHash<QByteArray, QColor> userColors;
     bool splitterButton = true;
+    /// Name of the style that the application had before it got the product's own.
+    QString desktopStyle;
+    bool ownInForce = false;
 
 private:
     void applyWidgetStyle(bool own)
@@ -174,10 +177,6 @@ private:
             ownInForce = own;
         }
     }
-
-    /// Name of the style that the application had before it got the product's own.
-    QString desktopStyle;
-    bool ownInForce = false;
 };
 
 QxStyleFactory::QxStyleFactory()

@@ -38,6 +38,7 @@ public:
 
     /// The one factory. Before the first setCurrentStyle() the desktop's look is in force.
     static QxStyleFactory &instance();
+    ~QxStyleFactory() override;
 
     /// Names of the styles, in the order to offer them.
     [[nodiscard]] QStringList styleNames() const;
@@ -76,7 +77,6 @@ Q_SIGNALS:
 
 private:
     QxStyleFactory();
-    ~QxStyleFactory() override;
 
     class Private;
     std::unique_ptr<Private> d;

@@ -52,6 +52,7 @@ private Q_SLOTS:
     void siteDefaultsGiveWayToTheUser();
     void otherProcessesLoseNothing();
     void twoStoresSeeEachOther();
+    void changesThatLookLikeNone();
     void damagedFileIsSetAside_data();
     void damagedFileIsSetAside();
     void fileThatCannotBeUsed();
@@ -184,6 +185,26 @@ void tst_KxFileSerializer::twoStoresSeeEachOther()
     const KxFileSerializer c(m_file);
     QCOMPARE(c.read(QStringLiteral("a")), QStringLiteral("3"));
     QCOMPARE(c.read(QStringLiteral("long key of b")), QStringLiteral("2"));
+}
+
+void tst_KxFileSerializer::changesThatLookLikeNone()
+{
+    // Another process changes a value within the same tick of the file system's clock, the size
+    // staying the same.
+    KxFileSerializer store(m_file);
+    QVERIFY(store.write(QStringLiteral("a"), QStringLiteral("1111")));
+    QVERIFY(store.write(QStringLiteral("b"), QStringLiteral("1111")));
+    const QDateTime time = QFileInfo(m_file).lastModified();
+    setContent(m_file, contentOf(m_file).replace("a=1111", "a=2222"));
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::ReadWrite)
+        && file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
+    QCOMPARE(QFileInfo(m_file).lastModified(), time);
+
+    QVERIFY(store.write(QStringLiteral("b"), QStringLiteral("3333")));
+    QCOMPARE(store.read(QStringLiteral("a")), QStringLiteral("2222"));
+    QVERIFY(contentOf(m_file).contains("a=2222\nb=3333"));
 }
 
 void tst_KxFileSerializer::damagedFileIsSetAside_data()
