@@ -22,8 +22,7 @@ public:
     { }
     KxPropertyKey(QLatin1String key)
         : m_text(key)
-    {
-    }
+    { }
     template <typename A, typename B>
     KxPropertyKey(const QStringBuilder<A, B> &key)
         : m_text(QString(key))
