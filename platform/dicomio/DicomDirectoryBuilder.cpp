@@ -1,0 +1,370 @@
+#include "platform/dicomio/DicomDirectoryBuilder.h"
+
+#include "platform/dicomio/DicomVolumePlan.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <map>
+#include <numeric>
+#include <set>
+#include <string>
+#include <tuple>
+
+namespace {
+
+using Zel::DicomDirectoryEntry;
+using Attribute = DicomDirectoryEntry::Attribute;
+using EntryHandle = McHandle<DicomDirectoryEntry>;
+using Headers = std::vector<const DicomFileHeader *>;
+
+constexpr std::array patientAttributes{Attribute::PatientName, Attribute::PatientId,
+    Attribute::PatientBirthDate, Attribute::PatientSex};
+constexpr std::array studyAttributes{Attribute::StudyUid, Attribute::StudyId, Attribute::StudyDate,
+    Attribute::StudyTime, Attribute::StudyDescription, Attribute::AccessionNumber,
+    Attribute::ReferringPhysician};
+constexpr std::array seriesAttributes{Attribute::SeriesUid, Attribute::SeriesNumber,
+    Attribute::SeriesDate, Attribute::SeriesTime, Attribute::SeriesDescription, Attribute::Modality,
+    Attribute::BodyPart, Attribute::ProtocolName, Attribute::Manufacturer,
+    Attribute::FrameOfReferenceUid, Attribute::SopClassUid, Attribute::TransferSyntaxUid};
+
+/// Files that belong together at one level, under the text that says so.
+using Groups = std::map<std::string, Headers>;
+
+template <typename KeyOf>
+Groups grouped(const Headers &headers, KeyOf keyOf)
+{
+    Groups groups;
+    for (const DicomFileHeader *const header : headers) {
+        groups[keyOf(*header)].push_back(header);
+    }
+    return groups;
+}
+
+/// The first text that any of the files has.
+template <typename Attributes>
+void copyTexts(const Headers &headers, const Attributes &attributes, DicomDirectoryEntry &entry)
+{
+    for (const Attribute attribute : attributes) {
+        const auto told = std::find_if(headers.begin(), headers.end(),
+            [attribute](const auto *header) { return !header->text(attribute).empty(); });
+        if (told != headers.end()) {
+            entry.setText(attribute, (*told)->text(attribute));
+        }
+    }
+}
+
+/// Patients are one only when everything that identifies them agrees; two people must never become
+/// one by a missing ID.
+std::string patientKey(const DicomFileHeader &header)
+{
+    return header.text(Attribute::PatientId) + '\n' + header.text(Attribute::PatientName) + '\n'
+        + header.text(Attribute::PatientBirthDate);
+}
+
+/// A file that names no series is one of its own.
+std::string seriesKey(const DicomFileHeader &header)
+{
+    const std::string &uid = header.text(Attribute::SeriesUid);
+    return uid.empty() ? "file:" + header.file.string() : uid;
+}
+
+struct OtherObject
+{
+    const char *modality;
+    const char *remark;
+};
+
+constexpr std::array otherObjects{
+    OtherObject{"PR", "Presentation state: tells how images of another series are to be shown."},
+    OtherObject{"KO", "Key object selection: holds no images of its own."},
+    OtherObject{"SR", "Structured report: cannot be shown as an image."},
+    OtherObject{"SEG", "Segmentation: cannot be shown as an image."},
+    OtherObject{"RTSTRUCT", "Radiotherapy structure set: cannot be shown as an image."},
+    OtherObject{"RTPLAN", "Radiotherapy plan: cannot be shown as an image."},
+    OtherObject{"RTDOSE", "Radiotherapy dose: cannot be shown as an image."},
+    OtherObject{"RTIMAGE", "Radiotherapy image: cannot be shown."},
+    OtherObject{"ECG", "Electrocardiogram: cannot be shown as an image."},
+};
+
+std::string otherObjectRemark(const std::string &modality)
+{
+    const auto known = std::find_if(otherObjects.begin(), otherObjects.end(),
+        [&modality](const OtherObject &object) { return modality == object.modality; });
+    return known != otherObjects.end() ? known->remark : "This series holds no images.";
+}
+
+std::string joined(const std::vector<std::string> &parts)
+{
+    constexpr std::size_t most = 8;
+    std::string text;
+    for (std::size_t i = 0; i < std::min(parts.size(), most); ++i) {
+        text.append(i == 0 ? "" : ", ").append(parts[i]);
+    }
+    const std::size_t others = parts.size() - std::min(parts.size(), most);
+    return others > 0 ? text + " and " + std::to_string(others) + " more" : text;
+}
+
+/// Numbers that are missing between the lowest and the highest. Some devices count in even steps.
+std::vector<std::string> missingNumbers(const std::set<int> &numbers)
+{
+    std::vector<std::string> missing;
+    if (numbers.size() < 2) {
+        return missing;
+    }
+    int step = 0;
+    for (auto next = std::next(numbers.begin()); next != numbers.end(); ++next) {
+        step = std::gcd(step, *next - *std::prev(next));
+    }
+    constexpr int most = 1000;
+    auto present = numbers.begin();
+    for (int number = *present; number < *numbers.rbegin(); number += step) {
+        if (number == *present) {
+            ++present;
+        } else if (static_cast<int>(missing.size()) < most) {
+            missing.push_back(std::to_string(number));
+        }
+    }
+    return missing;
+}
+
+void checkInstanceNumbers(const Headers &images, DicomDirectoryEntry &series)
+{
+    std::set<int> numbers;
+    for (const DicomFileHeader *const image : images) {
+        if (image->instanceNumber >= 0) {
+            numbers.insert(image->instanceNumber);
+        }
+    }
+    const std::vector<std::string> missing = missingNumbers(numbers);
+    if (!missing.empty()) {
+        series.setIncomplete();
+        series.addRemark("Images are missing by their numbers: " + joined(missing) + ".");
+    }
+}
+
+void checkAnnounced(int announced, int found, DicomDirectoryEntry &series)
+{
+    if (found < announced) {
+        series.setIncomplete();
+        series.addRemark("Only " + std::to_string(found) + " of " + std::to_string(announced)
+            + " images are there.");
+    }
+}
+
+void checkAnnouncedNumbers(const Headers &files, DicomDirectoryEntry &series)
+{
+    struct Count
+    {
+        int announced = 0;
+        int found = 0;
+    };
+    std::map<std::string, Count> acquisitions;
+    int announced = 0;
+    for (const DicomFileHeader *const file : files) {
+        announced = std::max(announced, file->announcedInSeries);
+        if (file->isImage) {
+            const std::string &number
+                = file->frames.front().phaseText(PhaseAttribute::AcquisitionNumber);
+            Count &count = acquisitions[number];
+            count.announced = std::max(count.announced, file->announcedInAcquisition);
+            count.found += static_cast<int>(file->frames.size());
+        }
+    }
+    checkAnnounced(announced, static_cast<int>(files.size()), series);
+    for (const auto &[number, count] : acquisitions) {
+        checkAnnounced(count.announced, count.found, series);
+    }
+}
+
+EntryHandle makeVolume(const DicomVolumePlan &plan)
+{
+    EntryHandle volume(new DicomDirectoryEntry(DicomDirectoryEntry::StoredVolume, plan.uid));
+    McDArray<McFilename> files;
+    for (const DicomFileHeader *const file : plan.files) {
+        files.append(file->file);
+    }
+    McDArray<std::string> phases;
+    for (const DicomVolumePlan::Phase &phase : plan.phases) {
+        if (plan.phases.size() > 1) {
+            phases.append(phase.label);
+        }
+    }
+    volume->setFiles(files);
+    volume->setPhases(phases);
+    volume->setNumImages(plan.numImages);
+    volume->setDimensions(plan.dimensions);
+    volume->setExcluded(!plan.refusal.empty());
+    if (!plan.isComplete) {
+        volume->setIncomplete();
+    }
+    for (const std::string &remark : plan.remarks) {
+        volume->addRemark(remark);
+    }
+    return volume;
+}
+
+void addVolumes(const Headers &images, DicomDirectoryEntry &series)
+{
+    McDArray<McFilename> files = series.files();
+    for (const DicomVolumePlan &plan : planVolumes(images)) {
+        const EntryHandle volume = makeVolume(plan);
+        series.appendChild(volume);
+        files.append(volume->files());
+    }
+    series.setFiles(files);
+    if (series.children().size() > 1) {
+        series.addRemark("The images make " + std::to_string(series.children().size())
+            + " separate volumes: they differ in size, direction or place.");
+    }
+}
+
+void remarkOnMissingUids(const DicomFileHeader &file, DicomDirectoryEntry &series)
+{
+    if (file.text(Attribute::SeriesUid).empty()) {
+        series.addRemark("The file names no series; it stands alone.");
+    }
+    if (file.text(Attribute::StudyUid).empty()) {
+        series.addRemark("The file names no study.");
+    }
+}
+
+EntryHandle makeSeries(const std::string &uid, const Headers &files)
+{
+    EntryHandle series(new DicomDirectoryEntry(DicomDirectoryEntry::Series, uid));
+    copyTexts(files, seriesAttributes, *series);
+    remarkOnMissingUids(*files.front(), *series);
+    Headers images;
+    McDArray<McFilename> others;
+    for (const DicomFileHeader *const file : files) {
+        if (file->isImage) {
+            images.push_back(file);
+        } else {
+            others.append(file->file);
+        }
+    }
+    checkInstanceNumbers(images, *series);
+    checkAnnouncedNumbers(files, *series);
+    addVolumes(images, *series);
+    if (images.empty()) {
+        series->addRemark(otherObjectRemark(series->modality()));
+    }
+    McDArray<McFilename> all = series->files();
+    all.append(others);
+    series->setFiles(all);
+    return series;
+}
+
+template <typename KeyOf>
+void appendSorted(std::vector<EntryHandle> &children, KeyOf keyOf, DicomDirectoryEntry &parent)
+{
+    std::sort(children.begin(), children.end(),
+        [&keyOf](const auto &a, const auto &b) { return keyOf(*a) < keyOf(*b); });
+    for (const EntryHandle &child : children) {
+        parent.appendChild(child);
+    }
+}
+
+EntryHandle makeStudy(const std::string &uid, const Headers &files)
+{
+    EntryHandle study(new DicomDirectoryEntry(DicomDirectoryEntry::Study, uid));
+    copyTexts(files, studyAttributes, *study);
+    std::vector<EntryHandle> children;
+    for (const auto &[seriesUid, group] : grouped(files, seriesKey)) {
+        children.push_back(makeSeries(seriesUid, group));
+    }
+    const auto key = [](const DicomDirectoryEntry &series) {
+        const std::string &number = series.text(Attribute::SeriesNumber);
+        return std::make_tuple(number.empty(), std::strtol(number.c_str(), nullptr, 10),
+            series.text(Attribute::SeriesDate) + series.text(Attribute::SeriesTime), series.uid());
+    };
+    appendSorted(children, key, *study);
+    return study;
+}
+
+EntryHandle makePatient(const std::string &uid, const Headers &files)
+{
+    EntryHandle patient(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, uid));
+    copyTexts(files, patientAttributes, *patient);
+    std::vector<EntryHandle> children;
+    const auto studyKey
+        = [](const DicomFileHeader &header) { return header.text(Attribute::StudyUid); };
+    for (const auto &[studyUid, group] : grouped(files, studyKey)) {
+        children.push_back(makeStudy(studyUid, group));
+    }
+    const auto key = [](const DicomDirectoryEntry &study) {
+        return std::make_tuple(
+            study.text(Attribute::StudyDate), study.text(Attribute::StudyTime), study.uid());
+    };
+    appendSorted(children, key, *patient);
+    return patient;
+}
+
+/// Which files to use and, under the file used instead, which to leave out.
+struct Selection
+{
+    Headers used;
+    std::map<McFilename, std::vector<std::string>> duplicates;
+};
+
+Selection withoutDuplicates(const std::vector<DicomFileHeader> &headers)
+{
+    Headers ordered;
+    for (const DicomFileHeader &header : headers) {
+        ordered.push_back(&header);
+    }
+    // Of two files with the same image the intact one is wanted.
+    std::stable_partition(ordered.begin(), ordered.end(),
+        [](const DicomFileHeader *header) { return !header->isCutShort; });
+    Selection selection;
+    std::map<std::string, const DicomFileHeader *> known;
+    for (const DicomFileHeader *const header : ordered) {
+        const auto [first, isNew] = known.emplace(header->sopInstanceUid, header);
+        if (isNew || header->sopInstanceUid.empty()) {
+            selection.used.push_back(header);
+        } else {
+            selection.duplicates[first->second->file].push_back(header->file.filename().string());
+        }
+    }
+    return selection;
+}
+
+void remarkOnDuplicates(const Selection &selection, DicomDirectoryEntry &series)
+{
+    std::vector<std::string> names;
+    for (const McFilename &file : series.files()) {
+        const auto found = selection.duplicates.find(file);
+        if (found != selection.duplicates.end()) {
+            names.insert(names.end(), found->second.begin(), found->second.end());
+        }
+    }
+    if (!names.empty()) {
+        series.addRemark(
+            "Files that repeat images of this series are left out: " + joined(names) + ".");
+    }
+}
+
+} // namespace
+
+McDArray<EntryHandle> buildDirectory(const std::vector<DicomFileHeader> &headers)
+{
+    const Selection selection = withoutDuplicates(headers);
+    std::vector<EntryHandle> patients;
+    for (const auto &[uid, group] : grouped(selection.used, patientKey)) {
+        patients.push_back(makePatient(uid, group));
+    }
+    std::sort(patients.begin(), patients.end(), [](const auto &a, const auto &b) {
+        return std::make_tuple(a->patientName(), a->patientId(), a->uid())
+            < std::make_tuple(b->patientName(), b->patientId(), b->uid());
+    });
+    McDArray<EntryHandle> result;
+    for (const EntryHandle &patient : patients) {
+        for (const EntryHandle &study : patient->children()) {
+            for (const EntryHandle &series : study->children()) {
+                remarkOnDuplicates(selection, *series);
+            }
+        }
+        result.append(patient);
+    }
+    return result;
+}

@@ -1,0 +1,392 @@
+#include "platform/dicomio/DicomFileHeader.h"
+
+#include "platform/dicomio/DicomParsing.h"
+
+#include <vtkDICOMDictionary.h>
+#include <vtkDICOMItem.h>
+#include <vtkDICOMTag.h>
+#include <vtkDICOMTagPath.h>
+#include <vtkDICOMValue.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <string_view>
+
+namespace {
+
+using Attribute = Zel::DicomDirectoryEntry::Attribute;
+
+struct AttributeTag
+{
+    Attribute attribute;
+    vtkDICOMTag tag;
+};
+
+const std::vector<AttributeTag> &attributeTags()
+{
+    static const std::vector<AttributeTag> tags{
+        {Attribute::PatientName, DC::PatientName},
+        {Attribute::PatientId, DC::PatientID},
+        {Attribute::PatientBirthDate, DC::PatientBirthDate},
+        {Attribute::PatientSex, DC::PatientSex},
+        {Attribute::StudyUid, DC::StudyInstanceUID},
+        {Attribute::StudyId, DC::StudyID},
+        {Attribute::StudyDate, DC::StudyDate},
+        {Attribute::StudyTime, DC::StudyTime},
+        {Attribute::StudyDescription, DC::StudyDescription},
+        {Attribute::AccessionNumber, DC::AccessionNumber},
+        {Attribute::ReferringPhysician, DC::ReferringPhysicianName},
+        {Attribute::SeriesUid, DC::SeriesInstanceUID},
+        {Attribute::SeriesNumber, DC::SeriesNumber},
+        {Attribute::SeriesDate, DC::SeriesDate},
+        {Attribute::SeriesTime, DC::SeriesTime},
+        {Attribute::SeriesDescription, DC::SeriesDescription},
+        {Attribute::Modality, DC::Modality},
+        {Attribute::BodyPart, DC::BodyPartExamined},
+        {Attribute::ProtocolName, DC::ProtocolName},
+        {Attribute::Manufacturer, DC::Manufacturer},
+        {Attribute::FrameOfReferenceUid, DC::FrameOfReferenceUID},
+        {Attribute::SopClassUid, DC::SOPClassUID},
+        {Attribute::TransferSyntaxUid, DC::TransferSyntaxUID},
+    };
+    return tags;
+}
+
+/// Looks attributes up for one frame: in its own functional groups, the shared ones, the root.
+class FrameLookUp
+{
+public:
+    FrameLookUp(vtkDICOMMetaData *data, int frame)
+        : m_data(data)
+        , m_frame(frame)
+    { }
+
+    [[nodiscard]] const vtkDICOMValue &value(vtkDICOMTag tag) const
+    {
+        return m_data->Get(0, m_frame, tag);
+    }
+    [[nodiscard]] std::string text(vtkDICOMTag tag) const { return value(tag).AsUTF8String(); }
+    [[nodiscard]] double number(vtkDICOMTag tag, std::size_t index = 0) const
+    {
+        const vtkDICOMValue &found = value(tag);
+        const bool present
+            = found.IsValid() && index < found.GetNumberOfValues() && found.GetVL() > 0;
+        const double result = present ? found.GetDouble(index) : unknownNumber;
+        return std::isfinite(result) ? result : unknownNumber;
+    }
+    [[nodiscard]] double number(vtkDICOMTag tag, std::size_t index, double otherwise) const
+    {
+        const double result = number(tag, index);
+        return std::isnan(result) ? otherwise : result;
+    }
+    [[nodiscard]] bool vector(vtkDICOMTag tag, std::size_t first, McVec3d &result) const
+    {
+        const McVec3d read{number(tag, first), number(tag, first + 1), number(tag, first + 2)};
+        const bool complete = !std::isnan(read.x) && !std::isnan(read.y) && !std::isnan(read.z);
+        if (complete) {
+            result = read;
+        }
+        return complete;
+    }
+    /// The first of @p tags that has a text.
+    [[nodiscard]] std::string firstText(std::initializer_list<vtkDICOMTag> tags) const
+    {
+        for (const vtkDICOMTag tag : tags) {
+            std::string found = text(tag);
+            if (!found.empty()) {
+                return found;
+            }
+        }
+        return {};
+    }
+    [[nodiscard]] vtkDICOMMetaData *data() const { return m_data; }
+
+private:
+    vtkDICOMMetaData *m_data;
+    int m_frame;
+};
+
+/// Digits that follow a "b" in the name of a diffusion sequence, as in "ep_b1000t".
+std::string bValueOfSequenceName(const std::string &name)
+{
+    const std::size_t mark = name.find("_b");
+    if (mark == std::string::npos || name.rfind("ep", 1) == std::string::npos) {
+        return {};
+    }
+    std::size_t end = mark + 2;
+    while (end < name.size() && std::isdigit(static_cast<unsigned char>(name[end]))) {
+        ++end;
+    }
+    return name.substr(mark + 2, end - mark - 2);
+}
+
+std::string bValue(const FrameLookUp &look)
+{
+    std::string text = look.text(DC::DiffusionBValue);
+    if (text.empty()) {
+        const vtkDICOMTag tag
+            = look.data()->ResolvePrivateTag(vtkDICOMTag(0x0019, 0x000c), "SIEMENS MR HEADER");
+        text = look.text(tag);
+    }
+    return text.empty() ? bValueOfSequenceName(look.text(DC::SequenceName)) : text;
+}
+
+void readPhaseTexts(const FrameLookUp &look, DicomFrame &frame)
+{
+    const auto set = [&frame](PhaseAttribute attribute, std::string text) {
+        frame.phaseTexts[static_cast<std::size_t>(attribute)] = std::move(text);
+    };
+    set(PhaseAttribute::BValue, bValue(look));
+    set(PhaseAttribute::TemporalPosition,
+        look.firstText({DC::TemporalPositionIndex, DC::TemporalPositionIdentifier}));
+    set(PhaseAttribute::EchoTime, look.firstText({DC::EffectiveEchoTime, DC::EchoTime}));
+    set(PhaseAttribute::TriggerTime,
+        look.firstText({DC::NominalCardiacTriggerDelayTime, DC::TriggerTime}));
+    set(PhaseAttribute::CardiacPhase, look.text(DC::NominalPercentageOfCardiacPhase));
+    set(PhaseAttribute::InversionTime, look.text(DC::InversionTime));
+    set(PhaseAttribute::ImageType, look.firstText({DC::ComplexImageComponent, DC::ImageType}));
+    set(PhaseAttribute::AcquisitionNumber, look.text(DC::AcquisitionNumber));
+    set(PhaseAttribute::AcquisitionTime,
+        look.firstText({DC::FrameAcquisitionDateTime, DC::AcquisitionDateTime, DC::AcquisitionTime,
+            DC::ContentTime}));
+}
+
+/// Pixel spacing of ultrasound, told per region in cm.
+void readRegionSpacing(const FrameLookUp &look, DicomFrame &frame)
+{
+    const vtkDICOMTag regions = DC::SequenceOfUltrasoundRegions;
+    constexpr int centimetres = 3;
+    const auto at = [&look, regions](vtkDICOMTag tag) {
+        return look.data()->Get(0, vtkDICOMTagPath(regions, 0, tag));
+    };
+    if (at(DC::PhysicalUnitsXDirection).AsInt() != centimetres
+        || at(DC::PhysicalUnitsYDirection).AsInt() != centimetres) {
+        return;
+    }
+    frame.columnSpacing = std::abs(at(DC::PhysicalDeltaX).AsDouble()) * 10;
+    frame.rowSpacing = std::abs(at(DC::PhysicalDeltaY).AsDouble()) * 10;
+}
+
+void readSpacing(const FrameLookUp &look, DicomFrame &frame)
+{
+    for (const vtkDICOMTag tag : {vtkDICOMTag(DC::PixelSpacing),
+             vtkDICOMTag(DC::ImagerPixelSpacing), vtkDICOMTag(DC::NominalScannedPixelSpacing)}) {
+        frame.rowSpacing = look.number(tag, 0);
+        frame.columnSpacing = look.number(tag, 1);
+        if (frame.rowSpacing > 0 && frame.columnSpacing > 0) {
+            return;
+        }
+    }
+    readRegionSpacing(look, frame);
+    if (!(frame.rowSpacing > 0 && frame.columnSpacing > 0)) {
+        frame.rowSpacing = unknownNumber;
+        frame.columnSpacing = unknownNumber;
+    }
+}
+
+/// The place of an image counts only when it is complete and its axes stand upright on each other.
+void readPosition(const FrameLookUp &look, DicomFrame &frame)
+{
+    McVec3d right;
+    McVec3d down;
+    const bool complete = look.vector(DC::ImagePositionPatient, 0, frame.position)
+        && look.vector(DC::ImageOrientationPatient, 0, right)
+        && look.vector(DC::ImageOrientationPatient, 3, down);
+    constexpr double slack = 0.02;
+    if (!complete || std::abs(right.length() - 1) > slack || std::abs(down.length() - 1) > slack
+        || std::abs(right.dot(down)) > slack || std::isnan(frame.rowSpacing)) {
+        return;
+    }
+    frame.hasPosition = true;
+    frame.rightwards = right.normalized();
+    frame.downwards = down.normalized();
+}
+
+DicomFrame readFrame(vtkDICOMMetaData *data, int index)
+{
+    const FrameLookUp look(data, index);
+    DicomFrame frame;
+    readSpacing(look, frame);
+    readPosition(look, frame);
+    frame.slope = look.number(DC::RescaleSlope, 0, 1);
+    if (frame.slope == 0) {
+        frame.slope = 1; // seen in the wild; taken literally it would wipe the image out
+    }
+    frame.intercept = look.number(DC::RescaleIntercept, 0, 0);
+    frame.windowCenter = look.number(DC::WindowCenter);
+    frame.windowWidth = look.number(DC::WindowWidth);
+    readPhaseTexts(look, frame);
+    return frame;
+}
+
+/// Radiotherapy objects and the like may carry pixels, but nothing to be shown as an image.
+bool isImageModality(const std::string &modality)
+{
+    static const std::vector<std::string> others{"PR", "KO", "SR", "SEG", "REG", "FID", "DOC",
+        "PLAN", "ECG", "EPS", "HD", "AU", "RWV", "SMR", "STAIN"};
+    return modality.rfind("RT", 0) != 0
+        && std::find(others.begin(), others.end(), modality) == others.end();
+}
+
+std::string readUnit(vtkDICOMMetaData *data, const std::string &modality)
+{
+    if (modality == "CT") {
+        return "HU";
+    }
+    const std::string type = data->Get(0, 0, DC::RescaleType).AsUTF8String();
+    if (type == "US") { // "unspecified"
+        return {};
+    }
+    return type.empty() ? data->Get(0, DC::Units).AsUTF8String() : type;
+}
+
+void readPixelFormat(vtkDICOMMetaData *data, DicomFileHeader &header)
+{
+    header.columns = data->Get(0, DC::Columns).AsInt();
+    header.rows = data->Get(0, DC::Rows).AsInt();
+    header.samplesPerPixel = std::max(data->Get(0, DC::SamplesPerPixel).AsInt(), 1);
+    header.bitsAllocated = data->Get(0, DC::BitsAllocated).AsInt();
+    const int stored = data->Get(0, DC::BitsStored).AsInt();
+    header.bitsStored = stored > 0 ? std::min(stored, header.bitsAllocated) : header.bitsAllocated;
+    header.isSigned = data->Get(0, DC::PixelRepresentation).AsInt() == 1;
+    header.photometric = data->Get(0, DC::PhotometricInterpretation).AsString();
+    header.unit = readUnit(data, header.text(Attribute::Modality));
+    header.hasModalityTable = data->Has(DC::ModalityLUTSequence);
+    const FrameLookUp look(data, 0);
+    header.sliceThickness = look.number(DC::SliceThickness);
+    header.sliceSpacing = look.number(DC::SpacingBetweenSlices);
+}
+
+/// Bytes that @p frames uncompressed images take.
+std::int64_t rawSize(const DicomFileHeader &header, std::int64_t frames)
+{
+    const std::int64_t bits = std::int64_t(header.columns) * header.rows * header.samplesPerPixel
+        * header.bitsAllocated * frames;
+    return (bits + 7) / 8;
+}
+
+/// Whether the file can hold what it announces. A damaged header must not make anybody ask for
+/// gigabytes of memory.
+bool isPlausibleSize(const DicomFileHeader &header, std::int64_t frames, std::int64_t available)
+{
+    constexpr std::int64_t bestCompression = 4000;
+    constexpr std::int64_t bytesAtLeast = 8;
+    if (frames > std::max<std::int64_t>(available / bytesAtLeast, 1)) {
+        return false;
+    }
+    const std::int64_t ratio = header.isCompressed ? bestCompression : 16;
+    return rawSize(header, frames) / ratio <= std::max<std::int64_t>(available, 4096);
+}
+
+std::string pixelFormatError(const DicomFileHeader &header)
+{
+    if (header.columns <= 0 || header.rows <= 0 || header.bitsAllocated <= 0) {
+        return "The image has no size.";
+    }
+    if (header.samplesPerPixel != 1 && header.samplesPerPixel != 3) {
+        return "Images with " + std::to_string(header.samplesPerPixel)
+            + " values per pixel cannot be shown.";
+    }
+    if (header.bitsAllocated > 32) {
+        return "Images with " + std::to_string(header.bitsAllocated)
+            + " bits per value cannot be shown.";
+    }
+    return {};
+}
+
+void readImage(const ParsedDicom &parsed, DicomFileHeader &header)
+{
+    readPixelFormat(parsed.data, header);
+    header.error = pixelFormatError(header);
+    if (!header.error.empty()) {
+        return;
+    }
+    const std::int64_t frames = std::max(parsed.data->Get(0, DC::NumberOfFrames).AsInt(), 1);
+    constexpr std::uint32_t delimited = 0xffffffffU;
+    header.isCompressed = parsed.pixelDataLength == delimited;
+    header.isDeflated = isDeflated(parsed.data);
+    std::int64_t available = parsed.fileSize - parsed.pixelDataOffset;
+    if (!header.isCompressed) {
+        available = std::min<std::int64_t>(available, parsed.pixelDataLength);
+    }
+    if (!isPlausibleSize(header, frames, available)) {
+        header.error = "The file is far too short for the image that it announces.";
+        return;
+    }
+    header.isCutShort = !header.isCompressed && available < rawSize(header, frames);
+    header.isImage = true;
+    header.frames.reserve(static_cast<std::size_t>(frames));
+    for (int frame = 0; frame < frames; ++frame) {
+        header.frames.push_back(readFrame(parsed.data, frame));
+    }
+}
+
+void readIdentity(vtkDICOMMetaData *data, DicomFileHeader &header)
+{
+    for (const auto &[attribute, tag] : attributeTags()) {
+        header.texts[static_cast<std::size_t>(attribute)] = data->Get(0, tag).AsUTF8String();
+    }
+    header.sopInstanceUid = data->Get(0, DC::SOPInstanceUID).AsString();
+    const vtkDICOMValue &number = data->Get(0, DC::InstanceNumber);
+    if (!number.AsString().empty()) {
+        header.instanceNumber = number.AsInt();
+    }
+    header.announcedInSeries = data->Get(0, DC::NumberOfSeriesRelatedInstances).AsInt();
+    header.announcedInAcquisition = data->Get(0, DC::ImagesInAcquisition).AsInt();
+    header.isMediaDirectory = header.text(Attribute::SopClassUid) == "1.2.840.10008.1.3.10"
+        || data->Has(DC::DirectoryRecordSequence);
+}
+
+std::string damagedHeader(const std::string &reason)
+{
+    return reason.empty() ? "The header is damaged." : "The header is damaged: " + reason;
+}
+
+/// Whether the file begins as DICOM files with a preamble do.
+bool hasDicomMark(const McFilename &file)
+{
+    std::array<char, 132> start{};
+    std::ifstream stream(file, std::ios::binary);
+    return stream.read(start.data(), start.size())
+        && std::string_view(start.data() + 128, 4) == "DICM";
+}
+
+} // namespace
+
+int DicomFileHeader::lowestStored() const
+{
+    return isSigned ? -(1 << (std::min(bitsStored, 31) - 1)) : 0;
+}
+
+int DicomFileHeader::highestStored() const
+{
+    const int bits = std::min(bitsStored, 31) - (isSigned ? 1 : 0);
+    return static_cast<int>((std::int64_t(1) << bits) - 1);
+}
+
+DicomFileHeader readDicomFileHeader(const McFilename &file)
+{
+    DicomFileHeader header;
+    header.file = file;
+    const ParsedDicom parsed = parseDicom(file);
+    readIdentity(parsed.data, header);
+    const bool nothingFound = header.text(Attribute::SopClassUid).empty()
+        && header.sopInstanceUid.empty() && header.text(Attribute::StudyUid).empty()
+        && !parsed.pixelDataFound;
+    if (nothingFound && !header.isMediaDirectory) {
+        header.error = hasDicomMark(file) ? damagedHeader(parsed.error)
+                                          : std::string("This is not a DICOM file.");
+        return header;
+    }
+    if (!parsed.error.empty() && !parsed.pixelDataFound) {
+        header.error = damagedHeader(parsed.error);
+        return header;
+    }
+    if (parsed.pixelDataFound && isImageModality(header.text(Attribute::Modality))) {
+        readImage(parsed, header);
+    }
+    return header;
+}

@@ -1,0 +1,315 @@
+#include "platform/dicomio/DicomScanner.h"
+
+#include "platform/dicomio/DicomDirectoryBuilder.h"
+#include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/DicomParsing.h"
+
+#include <vtkDICOMDictionary.h>
+#include <vtkDICOMItem.h>
+#include <vtkDICOMValue.h>
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <set>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Collects the files to look at, each once.
+class FileList
+{
+public:
+    FileList(const DicomScanner::Progress &progress, const std::stop_token &stop)
+        : m_progress(progress)
+        , m_stop(stop)
+    { }
+
+    void add(const McFilename &path);
+    [[nodiscard]] const McDArray<DicomScanner::Problem> &problems() const { return m_problems; }
+    [[nodiscard]] std::vector<McFilename> sorted() const
+    {
+        return {m_files.begin(), m_files.end()};
+    }
+
+private:
+    void addFolder(const McFilename &folder);
+    void addListedFiles(const McFilename &mediaDirectory);
+    void addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components);
+    void addFile(const McFilename &file);
+    void addProblem(const McFilename &file, const std::string &reason)
+    {
+        m_problems.append({file, reason});
+    }
+
+    const DicomScanner::Progress &m_progress;
+    const std::stop_token &m_stop;
+    std::set<McFilename> m_files;
+    McDArray<DicomScanner::Problem> m_problems;
+};
+
+bool isHidden(const McFilename &file)
+{
+    return file.filename().native().starts_with('.');
+}
+
+void FileList::add(const McFilename &path)
+{
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status)) {
+        addProblem(path, "There is no such file or folder.");
+    } else if (fs::is_directory(status)) {
+        addFolder(path);
+    } else if (readDicomFileHeader(path).isMediaDirectory) {
+        addListedFiles(path);
+    } else {
+        addFile(path);
+    }
+}
+
+void FileList::addFile(const McFilename &file)
+{
+    m_files.insert(file.lexically_normal());
+    constexpr std::size_t often = 256;
+    if (m_progress && m_files.size() % often == 0) {
+        m_progress(0, -1);
+    }
+}
+
+void FileList::addFolder(const McFilename &folder)
+{
+    std::error_code error;
+    // Links to folders are not followed: they may lead around in a circle.
+    fs::recursive_directory_iterator entry(folder, error);
+    if (error) {
+        addProblem(folder, "The folder cannot be read: " + error.message() + ".");
+        return;
+    }
+    while (entry != fs::recursive_directory_iterator() && !m_stop.stop_requested()) {
+        const fs::directory_entry current = *entry;
+        if (isHidden(current.path())) {
+            entry.disable_recursion_pending();
+        } else if (current.is_regular_file(error)) {
+            addFile(current.path());
+        }
+        entry.increment(error);
+        if (error) {
+            addProblem(current.path(), "The folder cannot be read: " + error.message() + ".");
+            return;
+        }
+    }
+}
+
+/// Names in a media directory are in capitals; file systems may show them in small letters.
+McFilename existingFile(const McFilename &folder, const McFilename &listed)
+{
+    McFilename file = folder;
+    std::error_code error;
+    for (const McFilename &part : listed) {
+        const std::string name = QString::fromStdString(part.string()).toLower().toStdString();
+        const bool isSmall = !fs::exists(file / part, error) && fs::exists(file / name, error);
+        file /= isSmall ? McFilename(name) : part;
+    }
+    return file;
+}
+
+void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components)
+{
+    McFilename listed;
+    for (std::size_t i = 0; i < components.GetNumberOfValues(); ++i) {
+        listed /= components.GetString(i);
+    }
+    const McFilename inside = listed.lexically_normal();
+    if (listed.is_absolute() || *inside.begin() == "..") {
+        addProblem(mediaDirectory, "It lists a file outside its folder: " + listed.string() + ".");
+        return;
+    }
+    const McFilename file = existingFile(mediaDirectory.parent_path(), inside);
+    std::error_code error;
+    if (fs::is_regular_file(file, error)) {
+        addFile(file);
+    } else {
+        addProblem(file, "The media directory lists this file, but it is missing.");
+    }
+}
+
+void FileList::addListedFiles(const McFilename &mediaDirectory)
+{
+    const ParsedDicom parsed = parseDicom(mediaDirectory);
+    const vtkDICOMValue &records = parsed.data->Get(0, DC::DirectoryRecordSequence);
+    const vtkDICOMItem *const items = records.GetSequenceData();
+    bool listsFiles = false;
+    // The records are taken as they come: their links to each other are often damaged, and all that
+    // counts here is which files there are.
+    for (std::size_t i = 0; items && i < records.GetNumberOfValues(); ++i) {
+        const vtkDICOMValue &components = items[i].Get(DC::ReferencedFileID);
+        if (components.GetNumberOfValues() > 0 && !components.GetString(0).empty()) {
+            addListedFile(mediaDirectory, components);
+            listsFiles = true;
+        }
+    }
+    if (!listsFiles) {
+        addProblem(mediaDirectory, "The media directory lists no files.");
+    }
+}
+
+/// Reads the headers of all files in several threads.
+class HeaderScan
+{
+public:
+    HeaderScan(const std::vector<McFilename> &files, const DicomScanner::Progress &progress,
+        const std::stop_token &stop)
+        : m_files(files)
+        , m_progress(progress)
+        , m_stop(stop)
+        , m_headers(files.size())
+    { }
+
+    /// One header a file, in the order of the files; not read ones have neither error nor content.
+    std::vector<DicomFileHeader> run()
+    {
+        constexpr unsigned mostThreads = 8;
+        const unsigned cores = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
+        const auto threads = std::min<std::size_t>(cores, m_files.size());
+        {
+            std::vector<std::jthread> workers;
+            for (std::size_t i = 1; i < threads; ++i) {
+                workers.emplace_back([this] { work(); });
+            }
+            work();
+        }
+        return std::move(m_headers);
+    }
+
+private:
+    void work()
+    {
+        while (!m_stop.stop_requested()) {
+            const std::size_t index = m_next.fetch_add(1);
+            if (index >= m_files.size()) {
+                return;
+            }
+            m_headers[index] = readDicomFileHeader(m_files[index]);
+            tellProgress();
+        }
+    }
+
+    void tellProgress()
+    {
+        if (!m_progress) {
+            return;
+        }
+        const std::lock_guard lock(m_progressMutex);
+        ++m_done;
+        // A display is not to be flooded: a hundred steps are enough.
+        const std::size_t step = m_files.size() / 100 + 1;
+        if (m_done % step == 0 || m_done == m_files.size()) {
+            m_progress(static_cast<int>(m_done), static_cast<int>(m_files.size()));
+        }
+    }
+
+    const std::vector<McFilename> &m_files;
+    const DicomScanner::Progress &m_progress;
+    const std::stop_token &m_stop;
+    std::vector<DicomFileHeader> m_headers;
+    std::atomic<std::size_t> m_next = 0;
+    std::mutex m_progressMutex;
+    std::size_t m_done = 0;
+};
+
+/// Moves the usable headers out; notes the others.
+std::vector<DicomFileHeader> usable(
+    std::vector<DicomFileHeader> headers, McDArray<DicomScanner::Problem> &problems)
+{
+    std::vector<DicomFileHeader> result;
+    for (DicomFileHeader &header : headers) {
+        if (!header.error.empty()) {
+            problems.append({header.file, header.error});
+        } else if (!header.file.empty() && !header.isMediaDirectory) {
+            result.push_back(std::move(header));
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+class DicomScanner::Private
+{
+public:
+    std::jthread thread;
+    Result result;
+    bool isRunning = false;
+    int generation = 0; ///< tells the running scan from those before it
+};
+
+DicomScanner::Result DicomScanner::scanNow(
+    const McDArray<McFilename> &paths, const Progress &progress, const std::stop_token &stop)
+{
+    FileList list(progress, stop);
+    for (const McFilename &path : paths) {
+        list.add(path);
+    }
+    const std::vector<McFilename> files = list.sorted();
+    Result result;
+    result.numFiles = static_cast<int>(files.size());
+    result.problems = list.problems();
+    prepareDicomParsing();
+    result.patients
+        = buildDirectory(usable(HeaderScan(files, progress, stop).run(), result.problems));
+    result.wasCancelled = stop.stop_requested();
+    return result;
+}
+
+DicomScanner::DicomScanner(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>())
+{ }
+
+DicomScanner::~DicomScanner() = default;
+
+void DicomScanner::start(const McDArray<McFilename> &paths)
+{
+    const int generation = ++d->generation;
+    d->isRunning = true;
+    const auto report = [this, generation](auto action) {
+        const auto current = [this, generation, action] {
+            if (generation == d->generation) {
+                action();
+            }
+        };
+        QMetaObject::invokeMethod(this, current, Qt::QueuedConnection);
+    };
+    // Assigning cancels and awaits the scan before.
+    d->thread = std::jthread([this, paths, report](const std::stop_token &stop) {
+        const auto progress = [this, report](int done, int total) {
+            report([this, done, total] { Q_EMIT progressChanged(done, total); });
+        };
+        const Result result = scanNow(paths, progress, stop);
+        report([this, result] {
+            d->result = result;
+            d->isRunning = false;
+            Q_EMIT finished();
+        });
+    });
+}
+
+void DicomScanner::cancel()
+{
+    d->thread.request_stop();
+}
+
+bool DicomScanner::isRunning() const
+{
+    return d->isRunning;
+}
+
+const DicomScanner::Result &DicomScanner::result() const
+{
+    return d->result;
+}

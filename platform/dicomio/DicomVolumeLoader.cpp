@@ -1,0 +1,199 @@
+#include "platform/dicomio/DicomVolumeLoader.h"
+
+#include "platform/dicomio/DicomVolumeReader.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstring>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Slice = DicomVolumeReader::Slice;
+
+/// Slices on their way from the loading thread to the loader's. Holds only so many, so that a
+/// receiver that is busy drawing is not buried.
+class SliceQueue
+{
+public:
+    /// Waits for room. @return whether the receiver must be woken up; false, too, when stopped.
+    bool push(Slice &&slice, const std::stop_token &stop)
+    {
+        std::unique_lock lock(m_mutex);
+        constexpr std::size_t most = 16;
+        if (!m_room.wait(lock, stop, [this] { return m_slices.size() < most; })) {
+            return false;
+        }
+        m_slices.push_back(std::move(slice));
+        return m_slices.size() == 1;
+    }
+
+    std::vector<Slice> takeAll()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_room.notify_all();
+        return std::exchange(m_slices, {});
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable_any m_room;
+    std::vector<Slice> m_slices;
+};
+
+/// One load. Shared by the loading thread and the events that it posts.
+struct Load
+{
+    DicomVolumeReader reader;
+    SliceQueue queue;
+};
+
+} // namespace
+
+class DicomVolumeLoader::Private
+{
+public:
+    explicit Private(DicomVolumeLoader &loader)
+        : q(loader)
+    { }
+
+    void work(const std::shared_ptr<Load> &running, const McHandle<Zel::DicomDirectoryEntry> &entry,
+        const std::stop_token &stop);
+    /// Has @p action done in the loader's thread, unless another load has begun by then.
+    template <typename Action>
+    void post(const std::shared_ptr<Load> &running, Action action);
+    void drain(const std::shared_ptr<Load> &running);
+    void deliver(const Slice &slice);
+    void end(const std::shared_ptr<Load> &running, bool complete);
+
+    DicomVolumeLoader &q;
+    std::shared_ptr<Load> load; ///< the running one, else null
+    McHandle<KxImageSeries> series;
+    McDArray<std::string> remarks;
+    int done = 0;
+    int total = 0;
+    std::jthread thread;
+};
+
+template <typename Action>
+void DicomVolumeLoader::Private::post(const std::shared_ptr<Load> &running, Action action)
+{
+    const auto current = [this, running, action] {
+        if (running == load) {
+            action();
+        }
+    };
+    QMetaObject::invokeMethod(&q, current, Qt::QueuedConnection);
+}
+
+void DicomVolumeLoader::Private::work(const std::shared_ptr<Load> &running,
+    const McHandle<Zel::DicomDirectoryEntry> &entry, const std::stop_token &stop)
+{
+    DicomVolumeReader &reader = running->reader;
+    if (!reader.prepare(*entry, stop)) {
+        const QString reason = QString::fromStdString(reader.errorText());
+        const bool cancelled = stop.stop_requested();
+        post(running, [this, reason, cancelled] {
+            load.reset();
+            cancelled ? Q_EMIT q.finished(false) : Q_EMIT q.failed(reason);
+        });
+        return;
+    }
+    post(running,
+        [this, series = reader.series(), remarks = reader.remarks(), total = reader.numSlices()] {
+            this->series = series;
+            this->remarks = remarks;
+            this->total = total;
+            Q_EMIT q.prepared();
+        });
+    const auto receiver = [this, &running, &stop](Slice &&slice) {
+        if (running->queue.push(std::move(slice), stop)) {
+            post(running, [this, running] { drain(running); });
+        }
+    };
+    const bool complete = reader.readSlices(receiver, stop) && !stop.stop_requested();
+    post(running, [this, running, complete] { end(running, complete); });
+}
+
+void DicomVolumeLoader::Private::drain(const std::shared_ptr<Load> &running)
+{
+    for (const Slice &slice : running->queue.takeAll()) {
+        // A receiver of the signals may have cancelled or started another load.
+        if (running != load || thread.get_stop_token().stop_requested()) {
+            return;
+        }
+        deliver(slice);
+    }
+}
+
+void DicomVolumeLoader::Private::deliver(const Slice &slice)
+{
+    KxVolume *const volume = series->volume(slice.phase);
+    std::memcpy(volume->slice(slice.z), slice.bytes.data(), slice.bytes.size());
+    ++done;
+    const std::shared_ptr<Load> running = load;
+    if (slice.window) {
+        volume->setDefaultWindow(*slice.window);
+        Q_EMIT q.windowEstimated(slice.phase);
+    }
+    if (slice.problem.empty()) {
+        Q_EMIT q.sliceLoaded(slice.phase, slice.z);
+    } else {
+        Q_EMIT q.sliceFailed(slice.phase, slice.z, QString::fromStdString(slice.problem));
+    }
+    if (running == load) {
+        Q_EMIT q.progressChanged(done, total);
+    }
+}
+
+void DicomVolumeLoader::Private::end(const std::shared_ptr<Load> &running, bool complete)
+{
+    drain(running);
+    if (running == load) {
+        load.reset();
+        Q_EMIT q.finished(complete && done == total);
+    }
+}
+
+DicomVolumeLoader::DicomVolumeLoader(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(*this))
+{ }
+
+DicomVolumeLoader::~DicomVolumeLoader() = default;
+
+void DicomVolumeLoader::start(const McHandle<Zel::DicomDirectoryEntry> &entry)
+{
+    d->load = std::make_shared<Load>();
+    d->series.reset();
+    d->remarks.clear();
+    d->done = 0;
+    d->total = 0;
+    // Assigning cancels and awaits the load before.
+    d->thread = std::jthread(
+        [this, load = d->load, entry](const std::stop_token &stop) { d->work(load, entry, stop); });
+}
+
+void DicomVolumeLoader::cancel()
+{
+    d->thread.request_stop();
+}
+
+bool DicomVolumeLoader::isRunning() const
+{
+    return d->load != nullptr;
+}
+
+const McHandle<KxImageSeries> &DicomVolumeLoader::series() const
+{
+    return d->series;
+}
+
+const McDArray<std::string> &DicomVolumeLoader::remarks() const
+{
+    return d->remarks;
+}
