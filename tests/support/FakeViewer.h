@@ -1,0 +1,74 @@
+#pragma once
+
+#include "framework/viewers/ExBaseViewer.h"
+#include "platform/render/KxImageSeries.h"
+#include "platform/render/KxSlice.h"
+#include "platform/util/McHandle.h"
+
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+/// Viewer whose properties the test sets, and that writes "name hook" to a log for every hook that
+/// is called. Make it with new and keep it in a McHandle.
+class FakeViewer : public ExBaseViewer
+{
+public:
+    static constexpr Ex::ViewerType usualType = static_cast<Ex::ViewerType>(1);
+
+    /// @param log may be null; else it outlives the viewer.
+    explicit FakeViewer(const QString &name = {}, QStringList *log = nullptr);
+    ~FakeViewer() override;
+
+    /// Gives the viewer a FakeRenderWidget of its own, and returns it.
+    QWidget &makeWidget(QWidget *parent = nullptr);
+
+    [[nodiscard]] Ex::ViewerType viewerType() const override { return type; }
+    [[nodiscard]] std::string displaySetID() const override { return displaySet; }
+    void setDisplaySetID(const std::string &id) override { displaySet = id; }
+    [[nodiscard]] KxImageSeries *imageSet(int index) const override;
+    [[nodiscard]] KxVolume *volume(int index) const override;
+    [[nodiscard]] KxVolume *sourceVolume(int index) const override;
+    [[nodiscard]] KxSlice *slice(bool preview) const override;
+    [[nodiscard]] QWidget *renderWidget() const override { return m_widget; }
+    [[nodiscard]] ExEventHandler *eventHandler() const override { return handler; }
+    void renderFrame() override { note("frame"); }
+    [[nodiscard]] bool isFinal() const override { return final; }
+    [[nodiscard]] bool isOffScreen() const override { return offScreen; }
+    void terminateRendering() override;
+    void cleanUpNodes() override { note("cleanUpNodes"); }
+    void activated() override { note("activated"); }
+    [[nodiscard]] bool isReusable() const override { return reusable; }
+    [[nodiscard]] bool isPreferredForReuse() const override { return preferred; }
+    void putAside(bool forGood) override { note(forGood ? "putAside final" : "putAside"); }
+    void takenBack() override { note("takenBack"); }
+    void clearCachedImages() override { note("clearCachedImages"); }
+    void reattach() override { note("reattach"); }
+    [[nodiscard]] bool keepsPlacement() const override { return keepsItsPlace; }
+
+    Ex::ViewerType type = usualType;
+    std::string displaySet;
+    std::array<McHandle<KxImageSeries>, 2> imageSets;
+    McHandle<KxVolume> shown;
+    McHandle<KxVolume> source; ///< null for the volume shown
+    std::optional<KxSlice> plane;
+    ExEventHandler *handler = nullptr;
+    bool final = true;
+    bool offScreen = false;
+    bool reusable = false;
+    bool preferred = false;
+    bool keepsItsPlace = false;
+    std::function<void(const QString &hook)> onHook;
+
+private:
+    void note(const char *hook);
+
+    QString m_name;
+    QStringList *m_log;
+    QPointer<QWidget> m_widget;
+};
