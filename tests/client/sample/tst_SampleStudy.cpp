@@ -1,0 +1,269 @@
+#include "client/sample/SampleStudy.h"
+
+#include "platform/dicomio/DicomScanner.h"
+#include "platform/dicomio/DicomVolumeReader.h"
+#include "platform/util/McProgressInterface.h"
+
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <cstring>
+
+using Zel::DicomDirectoryEntry;
+using Attribute = DicomDirectoryEntry::Attribute;
+
+namespace {
+
+McFilename pathOf(const QTemporaryDir &folder)
+{
+    return McFilename(folder.path().toStdString());
+}
+
+/// Names and contents of all files.
+QByteArray fingerprint(const QTemporaryDir &folder)
+{
+    QStringList names;
+    QDirIterator files(folder.path(), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        names << files.next();
+    }
+    names.sort();
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const QString &name : names) {
+        QFile file(name);
+        hash.addData(QDir(folder.path()).relativeFilePath(name).toUtf8());
+        if (file.open(QIODevice::ReadOnly)) {
+            hash.addData(file.readAll());
+        }
+    }
+    return hash.result();
+}
+
+McHandle<KxImageSeries> load(const DicomDirectoryEntry &series)
+{
+    DicomVolumeReader reader;
+    if (!reader.prepare(series)) {
+        return nullptr;
+    }
+    const McHandle<KxImageSeries> volumes = reader.series();
+    reader.readSlices([&volumes](DicomVolumeReader::Slice &&slice) {
+        std::memcpy(
+            volumes->volume(slice.phase)->slice(slice.z), slice.bytes.data(), slice.bytes.size());
+    });
+    return volumes;
+}
+
+/// Mean and number of the voxels whose centres lie within a ball and whose values lie within a
+/// range.
+struct Voxels
+{
+    double mean = 0;
+    int count = 0;
+};
+
+Voxels voxelsAround(const KxVolume &volume, const McVec3d &center, double radius, double lowest)
+{
+    Voxels voxels;
+    const auto [columns, rows, slices] = volume.dimensions();
+    for (int z = 0; z < slices; ++z) {
+        for (int y = 0; y < rows; ++y) {
+            for (int x = 0; x < columns; ++x) {
+                const McVec3d point
+                    = volume.voxelToPatient().map({double(x), double(y), double(z)});
+                const double value = volume.value(x, y, z);
+                if ((point - center).length() <= radius && value >= lowest) {
+                    voxels.mean += value;
+                    ++voxels.count;
+                }
+            }
+        }
+    }
+    voxels.mean /= voxels.count;
+    return voxels;
+}
+
+/// Interrupts after a number of steps.
+class Impatience final : public McProgressInterface
+{
+public:
+    void setProgressValue(float value) override
+    {
+        m_grows = m_grows && value > m_value;
+        m_value = value;
+        ++m_steps;
+    }
+    int wasInterrupted() override { return m_steps >= 7 ? 1 : 0; }
+    [[nodiscard]] bool grew() const { return m_grows; }
+
+private:
+    bool m_grows = true;
+    float m_value = 0;
+    int m_steps = 0;
+};
+
+} // namespace
+
+class tst_SampleStudy : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void sameBytesOnEveryRun();
+    void directory();
+    void oneFrameOfReferenceAStudy();
+    void objectsToMeasure_data();
+    void objectsToMeasure();
+    void contrastAgentArrivesAndLeaves();
+    void interruption();
+    void folderThatCannotBeMade();
+
+private:
+    const DicomDirectoryEntry &series(const char *description) const;
+
+    QTemporaryDir m_folder;
+    DicomScanner::Result m_found;
+};
+
+void tst_SampleStudy::initTestCase()
+{
+    QCOMPARE(SampleStudy::write(pathOf(m_folder)), std::string());
+    m_found = DicomScanner::scanNow({pathOf(m_folder)});
+}
+
+const DicomDirectoryEntry &tst_SampleStudy::series(const char *description) const
+{
+    for (const auto &patient : m_found.patients) {
+        for (const auto &entry : patient->children().first()->children()) {
+            if (entry->text(Attribute::SeriesDescription) == description) {
+                return *entry;
+            }
+        }
+    }
+    qFatal("no series %s", description);
+}
+
+void tst_SampleStudy::sameBytesOnEveryRun()
+{
+    const QTemporaryDir again;
+    QCOMPARE(SampleStudy::write(pathOf(again)), std::string());
+    QCOMPARE(fingerprint(again), fingerprint(m_folder));
+}
+
+void tst_SampleStudy::directory()
+{
+    QStringList lines;
+    for (const auto &patient : m_found.patients) {
+        lines << QString::fromStdString(patient->patientName());
+        QCOMPARE(patient->children().size(), 1);
+        for (const auto &entry : patient->children().first()->children()) {
+            lines << QStringLiteral("  %1 %2, %3 images, %4 phases")
+                         .arg(QString::fromStdString(entry->modality()),
+                             QString::fromStdString(entry->text(Attribute::SeriesDescription)))
+                         .arg(entry->numImages())
+                         .arg(entry->phases().size());
+            QCOMPARE(entry->children().size(), 1);
+            QVERIFY(entry->isComplete());
+            QVERIFY(entry->remarks().isEmpty());
+        }
+    }
+    QCOMPARE(lines.join(u'\n'),
+        QStringLiteral("Probe^Jörg\n"
+                       "  MR T1 sagittal, 36 images, 0 phases\n"
+                       "  MR T2 axial, 30 images, 0 phases\n"
+                       "Sample^Petra\n"
+                       "  CT Trunk soft 2.5, 108 images, 0 phases\n"
+                       "  CT Trunk sharp coronal 3, 72 images, 0 phases\n"
+                       "  CT Liver contrast 5 phases, 120 images, 5 phases"));
+    QCOMPARE(m_found.numFiles, SampleStudy::numFiles());
+    QVERIFY(m_found.problems.isEmpty());
+}
+
+void tst_SampleStudy::oneFrameOfReferenceAStudy()
+{
+    QStringList frames;
+    for (const auto &patient : m_found.patients) {
+        for (const auto &entry : patient->children().first()->children()) {
+            frames << QString::fromStdString(entry->text(Attribute::FrameOfReferenceUid));
+        }
+    }
+    QCOMPARE(frames.count(frames.first()), 2);
+    QCOMPARE(frames.count(frames.last()), 3);
+    QVERIFY(!frames.contains(QString()));
+}
+
+void tst_SampleStudy::objectsToMeasure_data()
+{
+    QTest::addColumn<QString>("description");
+    QTest::newRow("axial") << QStringLiteral("Trunk soft 2.5");
+    QTest::newRow("coronal") << QStringLiteral("Trunk sharp coronal 3");
+}
+
+/// Found at the same place and size in reconstructions that lie differently.
+void tst_SampleStudy::objectsToMeasure()
+{
+    QFETCH(const QString, description);
+    const McHandle<KxImageSeries> volumes = load(series(description.toUtf8().constData()));
+    QVERIFY(volumes);
+    const KxVolume &volume = *volumes->volume(0);
+    const double voxel = std::abs(volume.voxelToPatient().determinant());
+    const double tolerance = 0.06;
+
+    const Voxels inSphere = voxelsAround(volume, SampleStudy::sphereCenter, 15, -2000);
+    QVERIFY2(std::abs(inSphere.mean - 200) < 3, qPrintable(QString::number(inSphere.mean)));
+    const double radius = SampleStudy::sphereDiameter / 2;
+    const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);
+    const double halfway = 132; // between the sphere and the muscle around
+    const Voxels bright = voxelsAround(volume, SampleStudy::sphereCenter, radius + 4, halfway);
+    QVERIFY2(std::abs(bright.count * voxel / sphere - 1) < tolerance,
+        qPrintable(QString::number(bright.count * voxel / sphere)));
+
+    const double cube = std::pow(SampleStudy::cubeEdge, 3);
+    const Voxels brighter = voxelsAround(volume, SampleStudy::cubeCenter, 30, 182);
+    QVERIFY2(std::abs(brighter.count * voxel / cube - 1) < tolerance,
+        qPrintable(QString::number(brighter.count * voxel / cube)));
+}
+
+void tst_SampleStudy::contrastAgentArrivesAndLeaves()
+{
+    const McHandle<KxImageSeries> volumes = load(series("Liver contrast 5 phases"));
+    QVERIFY(volumes);
+    QCOMPARE(volumes->numVolumes(), 5);
+    std::vector<double> aorta;
+    std::vector<double> liver;
+    for (int phase = 0; phase < volumes->numVolumes(); ++phase) {
+        aorta.push_back(voxelsAround(*volumes->volume(phase), {16, 24, -50}, 9, -2000).mean);
+        liver.push_back(voxelsAround(*volumes->volume(phase), {-50, -20, -40}, 9, -2000).mean);
+    }
+    QVERIFY(std::max_element(aorta.begin(), aorta.end()) - aorta.begin() == 1);
+    QVERIFY(std::max_element(liver.begin(), liver.end()) - liver.begin() == 3);
+    QVERIFY(aorta[1] > aorta[0] + 200);
+    QVERIFY(aorta[4] < aorta[1] - 200);
+    QCOMPARE(volumes->phaseLabel(1), std::string("t 2"));
+}
+
+void tst_SampleStudy::interruption()
+{
+    const QTemporaryDir folder;
+    Impatience progress;
+    QCOMPARE(SampleStudy::write(pathOf(folder), &progress),
+        std::string("Writing the sample study was interrupted."));
+    QVERIFY(progress.grew());
+    QCOMPARE(DicomScanner::scanNow({pathOf(folder)}).numFiles, 7);
+}
+
+void tst_SampleStudy::folderThatCannotBeMade()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("taken")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const std::string error = SampleStudy::write(pathOf(folder) / "taken");
+    QVERIFY2(error.find("cannot be made") != std::string::npos, error.c_str());
+}
+
+QTEST_GUILESS_MAIN(tst_SampleStudy)
+#include "tst_SampleStudy.moc"
