@@ -15,8 +15,8 @@ die()
     exit 1
 }
 
-# Text that follows the first comment line of a script, up to the first line that is no comment.
-print_usage() { sed -n '2,/^[^#]/{/^#/!d;s/^# \{0,1\}//;p;}' "$1"; }
+# The comment at the head of a script.
+print_usage() { sed '1d;/^#/!Q;s/^# \{0,1\}//' "$1"; }
 
 # Qt wants a UTF-8 locale and says so on every start otherwise.
 use_utf8_locale()
