@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/render/KxVolume.h"
+#include "platform/util/McVec3d.h"
+
+class SliceViewer;
+class WorkstationViewer;
+
+/// What the user does to a viewer, done to it and to all viewers that follow it.
+namespace LinkedActions {
+
+/// Scrolls by planes. Followers whose plane is parallel show the same place of the patient where
+/// they share the frame of reference; others are moved by the same distance.
+void scroll(SliceViewer &viewer, int planes);
+/// Shows the same scale everywhere. @param factor above 1 enlarges.
+void zoom(SliceViewer &viewer, double factor);
+/// Moves the pictures by a shift in the patient (mm), each by what lies in its plane.
+void pan(SliceViewer &viewer, const McVec3d &shift);
+void setWindow(SliceViewer &viewer, const KxVolume::Window &window);
+/// Steps through the phases, from the last one on to the first.
+void stepPhase(WorkstationViewer &viewer, int steps);
+/// Shows everything in the middle of the viewers, in their first windows.
+void reset(SliceViewer &viewer);
+
+} // namespace LinkedActions

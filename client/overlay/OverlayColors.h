@@ -1,0 +1,21 @@
+#pragma once
+
+#include "client/geometry/PlaneKind.h"
+
+#include <QColor>
+
+/// Colours over images. The hues stay apart for people with a colour-vision deficiency.
+namespace OverlayColors {
+
+/// The colour that a plane's frame and its reference lines share.
+QColor plane(PlaneKind kind);
+/// Frame of the active viewer.
+QColor accent();
+/// Text over images.
+QColor text();
+/// What is wrong or not final.
+QColor warning();
+/// Frames of viewers that are not active.
+QColor hairline();
+
+} // namespace OverlayColors

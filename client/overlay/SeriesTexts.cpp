@@ -1,0 +1,71 @@
+#include "client/overlay/SeriesTexts.h"
+
+#include "client/viewers/WorkstationViewer.h"
+
+#include <QCoreApplication>
+
+namespace SeriesTexts {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("SeriesTexts", text);
+}
+
+QStringList withoutEmpty(QStringList lines)
+{
+    lines.removeAll(QString());
+    return lines;
+}
+
+} // namespace
+
+QStringList patient(const WorkstationViewer &viewer)
+{
+    if (viewer.series() == nullptr) {
+        return {};
+    }
+    const SeriesInfo &info = viewer.series()->info();
+    return withoutEmpty({info.patientName, info.patientId,
+        info.patientBirthDate.isEmpty() ? QString() : tr("born %1").arg(info.patientBirthDate)});
+}
+
+QStringList study(const WorkstationViewer &viewer, const QString &view)
+{
+    if (viewer.series() == nullptr) {
+        return {};
+    }
+    const SeriesInfo &info = viewer.series()->info();
+    const QString series
+        = QStringList(withoutEmpty({info.seriesNumber, info.seriesDescription})).join(u": ");
+    return withoutEmpty({info.modality % QLatin1Char(' ') % view, series, info.studyDescription,
+        info.studyDate});
+}
+
+QString phase(const WorkstationViewer &viewer)
+{
+    if (viewer.numPhases() < 2) {
+        return {};
+    }
+    const QString label
+        = QString::fromStdString(viewer.imageSet(0)->phaseLabel(viewer.phase()));
+    return tr("Phase %1/%2  %3")
+        .arg(viewer.phase() + 1)
+        .arg(viewer.numPhases())
+        .arg(label)
+        .trimmed();
+}
+
+QString emptyState(const WorkstationViewer &viewer)
+{
+    if (viewer.series() == nullptr) {
+        return tr("No series. Double-click one in the list, or drag it here.");
+    }
+    if (viewer.volume(0) == nullptr) {
+        return viewer.series()->isComplete() ? viewer.series()->remark() : tr("Reading headers…");
+    }
+    return {};
+}
+
+} // namespace SeriesTexts

@@ -1,0 +1,153 @@
+#include "client/overlay/SliceOverlay.h"
+
+#include "client/geometry/PlaneGeometry.h"
+#include "client/links/ViewerLinks.h"
+#include "client/overlay/OverlayColors.h"
+#include "client/overlay/OverlaySettings.h"
+#include "client/overlay/SeriesTexts.h"
+#include "client/viewers/SliceViewer.h"
+#include "client/viewers/ViewerRenderWidget.h"
+#include "framework/viewers/ExBaseViewerGroup.h"
+#include "framework/viewers/ExViewerManager.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("SliceOverlay", text);
+}
+
+QString millimetres(double value)
+{
+    return QString::number(value, 'f', 1) % QLatin1String(" mm");
+}
+
+/// The plane's distance from the origin of the patient's coordinates, and the side it is on.
+QString positionText(const SliceViewer &viewer)
+{
+    const McVec3d normal = viewer.shownSlice().normal();
+    const double distance = viewer.shownSlice().center().dot(normal);
+    const QString side = PlaneGeometry::orientationLetters(distance < 0 ? -normal : normal);
+    return side % QLatin1Char(' ') % millimetres(std::abs(distance));
+}
+
+/// Thickness of the acquired slices, where the header tells it, and the distance between planes.
+QString thicknessText(const SliceViewer &viewer)
+{
+    const auto &attributes = viewer.volume(0)->attributes();
+    const auto thickness = attributes ? attributes->find("G0018-0050") : std::nullopt;
+    const QString step = tr("step %1").arg(millimetres(viewer.stack().step()));
+    if (!thickness || viewer.plane() == PlaneKind::Oblique) {
+        return step;
+    }
+    return tr("thick %1  %2").arg(millimetres(QString::fromStdString(*thickness).toDouble()), step);
+}
+
+QString zoomText(const SliceViewer &viewer)
+{
+    const double pixelsPerVoxel = viewer.zoom() * viewer.volume(0)->spacing()[0];
+    return tr("zoom %1 %").arg(std::lround(pixelsPerVoxel * 100));
+}
+
+QString windowText(const SliceViewer &viewer)
+{
+    const KxVolume &volume = *viewer.volume(0);
+    if (volume.components() == 3) {
+        return tr("colour");
+    }
+    return tr("W %1  L %2 %3")
+        .arg(std::lround(viewer.window().width))
+        .arg(std::lround(viewer.window().center))
+        .arg(QString::fromStdString(volume.unit()))
+        .trimmed();
+}
+
+void addTexts(OverlayContent &content, const SliceViewer &viewer)
+{
+    content.corners[OverlayContent::TopLeft] = SeriesTexts::patient(viewer);
+    content.corners[OverlayContent::TopRight]
+        = SeriesTexts::study(viewer, PlaneGeometry::name(viewer.plane()));
+    const int index = viewer.sliceIndex() + 1;
+    content.corners[OverlayContent::BottomLeft]
+        = {tr("Im %1/%2").arg(index).arg(viewer.stack().count()), positionText(viewer),
+            thicknessText(viewer), zoomText(viewer)};
+    QStringList &values = content.corners[OverlayContent::BottomRight];
+    values = {windowText(viewer)};
+    if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
+        values += phase;
+    }
+    if (const QString remark = viewer.series()->remark(); !remark.isEmpty()) {
+        values += remark;
+    }
+}
+
+void addLetters(OverlayContent &content, const KxSlice &slice)
+{
+    using PlaneGeometry::orientationLetters;
+    content.letters[OverlayContent::Left] = orientationLetters(-slice.right());
+    content.letters[OverlayContent::Right] = orientationLetters(slice.right());
+    content.letters[OverlayContent::Top] = orientationLetters(-slice.down());
+    content.letters[OverlayContent::Bottom] = orientationLetters(slice.down());
+}
+
+bool givesLine(const SliceViewer &viewer, const SliceViewer &other)
+{
+    return &other != &viewer && other.widget()->isVisible() && other.volume(0) != nullptr
+        && other.series()->sharesFrame(*viewer.series());
+}
+
+void addReferenceLines(OverlayContent &content, const SliceViewer &viewer)
+{
+    if (ExViewerManager::instancePointer() == nullptr || !OverlaySettings::referenceLines()) {
+        return;
+    }
+    const QSize size = viewer.widget()->size();
+    const double reach = (size.width() + size.height()) / viewer.zoom();
+    const QPointF middle = QRectF(QPointF(), size).center();
+    for (ExBaseViewer *each : ExBaseViewerGroup(nullptr, ExBaseViewerGroup::ALL_VIEWERS,
+             static_cast<Ex::ViewerType>(WorkstationViewer::SliceType))) {
+        const auto &other = static_cast<SliceViewer &>(*each);
+        if (!givesLine(viewer, other)) {
+            continue;
+        }
+        const auto line
+            = PlaneGeometry::intersection(viewer.shownSlice(), other.shownSlice(), reach);
+        if (line) {
+            content.referenceLines.append(
+                {QLineF(middle + line->p1() * viewer.zoom(), middle + line->p2() * viewer.zoom()),
+                    OverlayColors::plane(other.plane())});
+        }
+    }
+}
+
+} // namespace
+
+OverlayContent sliceOverlay(const SliceViewer &viewer)
+{
+    OverlayContent content;
+    content.planeColor = OverlayColors::plane(viewer.plane());
+    content.isActive = ExViewerManager::instancePointer() != nullptr
+        && ExViewerManager::isActiveViewer(viewer);
+    content.link = ViewerLinks::badge(viewer);
+    content.message = SeriesTexts::emptyState(viewer);
+    if (viewer.volume(0) == nullptr) {
+        content.progress = viewer.series() != nullptr ? viewer.series()->progress() : 1;
+        return content;
+    }
+    content.progress = viewer.series()->isComplete() ? 1 : viewer.series()->progress();
+    content.isPreview = !viewer.isFinal();
+    content.mmPerPixel = 1 / viewer.zoom();
+    addLetters(content, viewer.shownSlice());
+    if (OverlaySettings::cornerTexts()) {
+        addTexts(content, viewer);
+    }
+    if (content.isPreview) {
+        content.corners[OverlayContent::BottomRight] += tr("preview");
+    }
+    addReferenceLines(content, viewer);
+    return content;
+}

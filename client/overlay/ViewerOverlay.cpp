@@ -1,0 +1,31 @@
+#include "client/overlay/ViewerOverlay.h"
+
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/notification/ExNotifiables.h"
+
+ViewerOverlay::ViewerOverlay(WorkstationViewer &viewer)
+    : m_viewer(viewer)
+{ }
+
+void ViewerOverlay::addNotifications()
+{
+    ExNotifiables::getInstance().addNotifications(this, ExNotification::SLICE_CHANGED,
+        ExNotification::ZOOM_CHANGED, ExNotification::DATA_WINDOW_CHANGED,
+        ExNotification::TIMESERIES_CHANGED, ExNotification::VIEWER_VOLUME_CHANGED,
+        ExNotification::VIEWER_SUBTYPE_CHANGED, ExNotification::ACTIVE_VIEWER_CHANGED,
+        ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
+        ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
+        ExNotification::SCREEN_RECONFIGURED, ExNotification::VOLUME_LOADED,
+        ExNotification::GLOBAL_TOGGLE_CHANGED, ExNotification::NONE);
+}
+
+void ViewerOverlay::notified(const ExNotification &notification)
+{
+    // What only its own viewer shows; everything else may move a reference line or a frame.
+    const bool isOfOneViewer = notification.type() == ExNotification::ZOOM_CHANGED
+        || notification.type() == ExNotification::DATA_WINDOW_CHANGED
+        || notification.type() == ExNotification::TIMESERIES_CHANGED;
+    if (!isOfOneViewer || notification.viewer() == &m_viewer) {
+        m_viewer.updateOverlay();
+    }
+}

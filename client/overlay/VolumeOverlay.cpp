@@ -1,0 +1,76 @@
+#include "client/overlay/VolumeOverlay.h"
+
+#include "client/geometry/PlaneGeometry.h"
+#include "client/links/ViewerLinks.h"
+#include "client/overlay/OverlaySettings.h"
+#include "client/overlay/SeriesTexts.h"
+#include "client/viewers/VolumeViewer.h"
+#include "framework/viewers/ExViewerManager.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VolumeOverlay", text);
+}
+
+void addLetters(OverlayContent &content, const VolumeViewer &viewer)
+{
+    using PlaneGeometry::orientationLetters;
+    const McVec3d right = viewer.viewDirection().cross(viewer.up());
+    content.letters[OverlayContent::Left] = orientationLetters(-right);
+    content.letters[OverlayContent::Right] = orientationLetters(right);
+    content.letters[OverlayContent::Top] = orientationLetters(viewer.up());
+    content.letters[OverlayContent::Bottom] = orientationLetters(-viewer.up());
+}
+
+void addTexts(OverlayContent &content, const VolumeViewer &viewer)
+{
+    content.corners[OverlayContent::TopLeft] = SeriesTexts::patient(viewer);
+    content.corners[OverlayContent::TopRight] = SeriesTexts::study(viewer, tr("3D"));
+    const double above = viewer.window().center - viewer.window().width / 2;
+    QStringList &values = content.corners[OverlayContent::BottomRight];
+    values = {tr("values above %1 %2")
+                  .arg(std::lround(above))
+                  .arg(QString::fromStdString(viewer.volume(0)->unit()))
+                  .trimmed()};
+    if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
+        values += phase;
+    }
+}
+
+} // namespace
+
+OverlayContent volumeOverlay(const VolumeViewer &viewer)
+{
+    OverlayContent content;
+    content.isActive = ExViewerManager::instancePointer() != nullptr
+        && ExViewerManager::isActiveViewer(viewer);
+    content.link = ViewerLinks::badge(viewer);
+    content.message = SeriesTexts::emptyState(viewer);
+    if (viewer.series() != nullptr) {
+        content.progress = viewer.series()->isComplete() ? 1 : viewer.series()->progress();
+    }
+    if (content.message.isEmpty()) {
+        content.message = viewer.obstacle();
+    }
+    if (viewer.volume(0) == nullptr) {
+        return content;
+    }
+    if (OverlaySettings::cornerTexts()) {
+        addTexts(content, viewer);
+    }
+    if (content.message.isEmpty()) {
+        content.mmPerPixel = 1 / viewer.zoom();
+        addLetters(content, viewer);
+        content.isPreview = !viewer.isFinal();
+    }
+    if (content.isPreview) {
+        content.corners[OverlayContent::BottomRight] += tr("preview");
+    }
+    return content;
+}

@@ -1,0 +1,81 @@
+#include "client/viewers/ViewerRenderWidget.h"
+
+#include "client/viewers/WorkstationViewer.h"
+
+#include <QEvent>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+ViewerRenderWidget::ViewerRenderWidget(WorkstationViewer &viewer, QWidget *parent)
+    : ExBaseViewerRenderWidget(parent)
+    , m_viewer(&viewer)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+ExBaseViewer *ViewerRenderWidget::viewer()
+{
+    return m_viewer;
+}
+
+void ViewerRenderWidget::setFrame(const QImage &frame)
+{
+    m_frame = frame;
+    update();
+}
+
+void ViewerRenderWidget::setOverlay(const OverlayContent &content)
+{
+    if (content == m_overlay) {
+        return;
+    }
+    m_overlay = content;
+    update();
+}
+
+QSize ViewerRenderWidget::pixelSize() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+}
+
+void ViewerRenderWidget::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    if (m_frame.isNull()) {
+        painter.fillRect(rect(), Qt::black);
+    } else if (m_frame.size() == pixelSize()) {
+        m_frame.setDevicePixelRatio(devicePixelRatioF());
+        painter.drawImage(QPoint(), m_frame);
+    } else {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(rect(), m_frame);
+    }
+    m_painter.paint(painter, size(), m_overlay);
+    painter.end();
+    Q_EMIT painted();
+}
+
+void ViewerRenderWidget::resizeEvent(QResizeEvent *event)
+{
+    ExBaseViewerRenderWidget::resizeEvent(event);
+    if (m_viewer != nullptr) {
+        m_viewer->resized();
+    }
+}
+
+bool ViewerRenderWidget::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto &help = static_cast<const QHelpEvent &>(*event);
+        const bool isOverBadge = m_overlay.link != OverlayContent::Link::None
+            && OverlayPainter::badgeRect(size()).contains(help.pos());
+        QToolTip::showText(help.globalPos(),
+            isOverBadge ? tr("Attach this viewer to its linked viewers, or detach it (L)")
+                        : QString(),
+            this);
+        return true;
+    }
+    return ExBaseViewerRenderWidget::event(event);
+}

@@ -1,0 +1,63 @@
+#include "client/viewers/VolumeRenderThread.h"
+
+#include "client/viewers/VolumePicture.h"
+
+#include <utility>
+
+VolumeRenderThread::VolumeRenderThread()
+{
+    setObjectName(QStringLiteral("volume rendering"));
+}
+
+VolumeRenderThread::~VolumeRenderThread()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isEnding = true;
+        m_interrupted = true;
+    }
+    m_wake.notify_one();
+    wait();
+}
+
+void VolumeRenderThread::draw(const VolumeScene &scene)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_wish = scene;
+        m_interrupted = true;
+    }
+    m_wake.notify_one();
+    if (!isRunning()) {
+        start(QThread::LowPriority);
+    }
+}
+
+void VolumeRenderThread::clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_wish.reset();
+    m_interrupted = true;
+}
+
+std::optional<VolumeScene> VolumeRenderThread::take()
+{
+    std::unique_lock lock(m_mutex);
+    m_wake.wait(lock, [this] { return m_isEnding || m_wish.has_value(); });
+    if (m_isEnding) {
+        return std::nullopt;
+    }
+    m_interrupted = false;
+    return std::exchange(m_wish, std::nullopt);
+}
+
+void VolumeRenderThread::run()
+{
+    VolumePicture picture([this] { return m_interrupted.load(); });
+    while (const std::optional<VolumeScene> scene = take()) {
+        const QImage image = picture.draw(*scene);
+        if (!image.isNull()) {
+            Q_EMIT drawn(image, scene->isQuick);
+        }
+    }
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "client/viewers/VolumeScene.h"
+
+#include <QImage>
+#include <QThread>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+
+/// Draws volumes in a thread of its own, so that slices can be scrolled meanwhile. Only the latest
+/// wish counts: one that comes while a picture is made gives that up. Owned by a volume viewer.
+class VolumeRenderThread final : public QThread
+{
+    Q_OBJECT
+
+public:
+    VolumeRenderThread();
+    /// Gives up what is being drawn and waits for the thread.
+    ~VolumeRenderThread() override;
+
+    /// Asks for a picture; drawn() follows unless another wish comes first. GUI thread.
+    void draw(const VolumeScene &scene);
+    /// Takes back what was asked for and not yet drawn. GUI thread.
+    void clear();
+
+Q_SIGNALS:
+    void drawn(const QImage &picture, bool isQuick);
+
+protected:
+    void run() override;
+
+private:
+    /// Waits for a wish; nothing when the thread is to end.
+    std::optional<VolumeScene> take();
+
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::optional<VolumeScene> m_wish;
+    std::atomic<bool> m_interrupted{false};
+    bool m_isEnding = false;
+};

@@ -1,0 +1,261 @@
+#include "client/viewers/VolumeViewer.h"
+
+#include "client/geometry/VolumeCorners.h"
+#include "client/overlay/VolumeOverlay.h"
+#include "client/viewers/DisplayProbe.h"
+#include "client/viewers/ViewerRenderWidget.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double radiansPerPixel = 0.01;
+constexpr double smallestZoom = 0.05;
+constexpr double largestZoom = 50;
+constexpr double leastWindowWidth = 2;
+constexpr double fitFraction = 0.94;
+
+/// What to see first: in CT vessels with contrast and bones, else the brighter half.
+KxVolume::Window firstWindow(const KxVolume &volume)
+{
+    if (volume.unit() == "HU") {
+        return {350, 440};
+    }
+    const KxVolume::Window &window = volume.defaultWindow();
+    return {window.center + window.width * 0.1, window.width};
+}
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VolumeViewer", text);
+}
+
+} // namespace
+
+VolumeViewer::VolumeViewer(QWidget *parent)
+    : WorkstationViewer(VolumeType, parent)
+{
+    updateOverlay();
+}
+
+VolumeViewer::~VolumeViewer() = default;
+
+QString VolumeViewer::obstacle() const
+{
+    if (!hasXDisplay()) {
+        return tr("The 3D view needs an X display, and there is none. Everything else works.\n"
+                  "To see it, start the workstation on a desktop or with xvfb-run.");
+    }
+    const KxVolume *const shown = volume(0);
+    if (shown == nullptr) {
+        return {};
+    }
+    const auto &size = shown->dimensions();
+    if (*std::min_element(size.begin(), size.end()) < 2) {
+        return tr("The 3D view needs a series of several slices.");
+    }
+    if (shown->components() != 1) {
+        return tr("There is no 3D view of colour images.");
+    }
+    if (!series()->isComplete()) {
+        return tr("The 3D view follows when all slices have been read.");
+    }
+    return {};
+}
+
+void VolumeViewer::rotate(double right, double down)
+{
+    const McVec3d across = m_viewDirection.cross(m_up);
+    // The volume follows the pointer, so the observer goes the other way.
+    const double yaw = right * radiansPerPixel;
+    const double pitch = down * radiansPerPixel;
+    McVec3d direction = m_viewDirection * std::cos(yaw) + across * std::sin(yaw);
+    direction = direction * std::cos(pitch) - m_up * std::sin(pitch);
+    const McVec3d newAcross = (across * std::cos(yaw) - m_viewDirection * std::sin(yaw));
+    setView(direction, newAcross.cross(direction));
+}
+
+void VolumeViewer::setView(const McVec3d &viewDirection, const McVec3d &up)
+{
+    const McVec3d direction = viewDirection.normalized();
+    const McVec3d newUp = (up - direction * up.dot(direction)).normalized();
+    if (direction == m_viewDirection && newUp == m_up) {
+        return;
+    }
+    m_viewDirection = direction;
+    m_up = newUp;
+    changed(ExNotification::PERSPECTIVE_CHANGED);
+}
+
+void VolumeViewer::setZoom(double pixelsPerMm)
+{
+    const double inRange = std::clamp(pixelsPerMm, smallestZoom, largestZoom);
+    if (inRange != m_zoom) {
+        m_zoom = inRange;
+        m_isFitting = false;
+        changed(ExNotification::ZOOM_CHANGED);
+    }
+}
+
+void VolumeViewer::setWindow(const KxVolume::Window &window)
+{
+    const KxVolume::Window inRange{window.center, std::max(window.width, leastWindowWidth)};
+    if (inRange.center != m_window.center || inRange.width != m_window.width) {
+        m_window = inRange;
+        changed(ExNotification::DATA_WINDOW_CHANGED);
+    }
+}
+
+void VolumeViewer::reset()
+{
+    if (volume(0) == nullptr) {
+        return;
+    }
+    m_window = firstWindow(*volume(0));
+    setZoom(fittingZoom());
+    m_isFitting = true;
+    setView({0, 1, 0}, {0, 0, 1});
+}
+
+void VolumeViewer::changed(ExNotification::Type type)
+{
+    m_needsPicture = true;
+    interact();
+    requestRender();
+    notify(type);
+    updateOverlay();
+}
+
+double VolumeViewer::fittingZoom() const
+{
+    const McVec3d center = volume(0)->center();
+    double radius = 1;
+    for (const McVec3d &corner : volumeCorners(*volume(0), 0.5)) {
+        const McVec3d offset = corner - center;
+        radius = std::max({radius, std::abs(offset.x), std::abs(offset.y), std::abs(offset.z)});
+    }
+    const int room = std::min(widget()->width(), widget()->height());
+    return std::clamp(room / (2 * radius) * fitFraction, smallestZoom, largestZoom);
+}
+
+void VolumeViewer::volumeChanged()
+{
+    m_picture = {};
+    m_needsPicture = true;
+    if (m_thread) {
+        m_thread->clear();
+    }
+    m_isWaiting = false;
+    if (volume(0) != nullptr && phase() == 0) {
+        m_window = firstWindow(*volume(0));
+        m_isFitting = true;
+        m_zoom = fittingZoom();
+    }
+}
+
+void VolumeViewer::voxelsChanged()
+{
+    if (!series()->isComplete()) {
+        return;
+    }
+    if (volume(0)->unit() != "HU") {
+        m_window = firstWindow(*volume(0)); // May be known only once values have been read.
+    }
+    m_needsPicture = true;
+}
+
+void VolumeViewer::resized()
+{
+    if (m_isFitting && volume(0) != nullptr) {
+        m_zoom = fittingZoom();
+    }
+    m_needsPicture = true;
+    requestRender();
+    updateOverlay();
+}
+
+void VolumeViewer::askForPicture()
+{
+    if (!m_thread) {
+        m_thread = std::make_unique<VolumeRenderThread>();
+        QObject::connect(m_thread.get(), &VolumeRenderThread::drawn, &m_context,
+            [this](const QImage &picture, bool isQuick) { takePicture(picture, isQuick); });
+    }
+    VolumeScene scene;
+    scene.volume = volume(0);
+    scene.viewDirection = m_viewDirection;
+    scene.up = m_up;
+    scene.pixels = widget()->pixelSize();
+    scene.mmPerPixel = widget()->height() / (m_zoom * scene.pixels.height());
+    scene.window = m_window;
+    scene.isQuick = isInteracting();
+    m_thread->draw(scene);
+    m_isWaiting = true;
+    m_askedForQuick = scene.isQuick;
+    m_needsPicture = false;
+}
+
+void VolumeViewer::takePicture(const QImage &picture, bool isQuick)
+{
+    if (!m_isWaiting) {
+        return; // Of a volume that is no longer shown.
+    }
+    m_isWaiting = false;
+    m_picture = picture;
+    m_pictureIsQuick = isQuick;
+    m_hasNewPicture = true;
+    requestRender();
+}
+
+void VolumeViewer::renderFrame()
+{
+    if (widget() == nullptr || widget()->size().isEmpty()) {
+        return;
+    }
+    if (volume(0) == nullptr || !obstacle().isEmpty()) {
+        showFrame({}, true);
+        return;
+    }
+    // While a quick picture is being made the next one waits: giving up every picture for the next
+    // would show none during a drag. A final one is given up.
+    const bool isQuickOnItsWay = m_isWaiting && m_askedForQuick && isInteracting();
+    const bool wantsFinal = m_pictureIsQuick && !isInteracting() && !m_isWaiting;
+    if ((m_needsPicture && !isQuickOnItsWay) || wantsFinal) {
+        askForPicture();
+    }
+    if (m_hasNewPicture || isFinal() == m_isWaiting) {
+        m_hasNewPicture = false;
+        showFrame(m_picture, !m_isWaiting && !m_pictureIsQuick && !m_needsPicture);
+    }
+}
+
+void VolumeViewer::terminateRendering()
+{
+    WorkstationViewer::terminateRendering();
+    if (m_thread) {
+        m_thread->clear();
+    }
+    m_isWaiting = false;
+    m_needsPicture = true;
+}
+
+void VolumeViewer::cleanUpNodes()
+{
+    m_thread.reset();
+    m_isWaiting = false;
+    m_needsPicture = true;
+}
+
+bool VolumeViewer::isSettled() const
+{
+    const bool hasToDraw = volume(0) != nullptr && obstacle().isEmpty();
+    return WorkstationViewer::isSettled() && (!hasToDraw || (!m_isWaiting && !m_needsPicture));
+}
+
+OverlayContent VolumeViewer::overlayContent() const
+{
+    return volumeOverlay(*this);
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "client/data/LoadedSeries.h"
+#include "client/overlay/OverlayContent.h"
+#include "framework/input/ExEventHandler.h"
+#include "framework/notification/ExNotification.h"
+#include "framework/viewers/ExBaseViewer.h"
+#include "platform/util/McHandle.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <string>
+
+class ViewerOverlay;
+class ViewerRenderWidget;
+
+/// What the workstation's viewers have in common: a series and its phase, a render widget, an event
+/// handler, an overlay, and the change between quick frames while the user interacts and a final
+/// one afterwards. Setters do nothing when nothing changes; else they request a frame and then
+/// notify. Held by McHandle. GUI thread only.
+class WorkstationViewer : public ExBaseViewer
+{
+public:
+    enum Type : int { SliceType = 1, VolumeType = 2 };
+
+    [[nodiscard]] Ex::ViewerType viewerType() const override { return m_type; }
+    [[nodiscard]] std::string displaySetID() const override { return m_displaySetId; }
+    void setDisplaySetID(const std::string &id) override { m_displaySetId = id; }
+    [[nodiscard]] KxImageSeries *imageSet(int index) const override;
+    [[nodiscard]] KxVolume *volume(int index) const override;
+    [[nodiscard]] QWidget *renderWidget() const override;
+    [[nodiscard]] ExEventHandler *eventHandler() const override { return m_eventHandler.get(); }
+    [[nodiscard]] bool isFinal() const override { return m_isFinal; }
+    void activated() override;
+    void reattach() override;
+
+    /// The series shown, or null.
+    [[nodiscard]] LoadedSeries *series() const { return m_series; }
+    /// Shows a series from its first phase on, or none. Notifies VIEWER_VOLUME_CHANGED.
+    void setSeries(const McHandle<LoadedSeries> &series);
+    /// The series has got its volumes, or further slices, or is complete.
+    void seriesChanged();
+    [[nodiscard]] int phase() const { return m_phase; }
+    [[nodiscard]] int numPhases() const;
+    /// Brought into range. Notifies TIMESERIES_CHANGED.
+    void setPhase(int phase);
+
+    [[nodiscard]] ViewerRenderWidget *widget() const { return m_widget; }
+    /// The widget has another size.
+    virtual void resized() = 0;
+    /// What lies over the image now.
+    [[nodiscard]] virtual OverlayContent overlayContent() const = 0;
+    /// Brings what lies over the image up to date.
+    void updateOverlay();
+    /// Whether the final frame of the present state has been drawn and nothing is under way.
+    [[nodiscard]] virtual bool isSettled() const;
+
+protected:
+    WorkstationViewer(Type type, QWidget *parent);
+    ~WorkstationViewer() override;
+
+    /// There is another volume than before (null for none): take what is needed of it.
+    virtual void volumeChanged() = 0;
+    /// Voxels of the volume have been written to.
+    virtual void voxelsChanged() = 0;
+
+    /// The user is changing something: frames are quick ones until nothing happens for a moment.
+    void interact();
+    [[nodiscard]] bool isInteracting() const { return m_settleTimer.isActive(); }
+    /// To be called at the end of renderFrame().
+    void showFrame(const QImage &frame, bool isFinal);
+    void notify(ExNotification::Type type);
+
+private:
+    void setVolume();
+
+    Ex::ViewerType m_type;
+    std::string m_displaySetId;
+    McHandle<LoadedSeries> m_series;
+    McHandle<KxVolume> m_volume;
+    int m_phase = 0;
+    QPointer<ViewerRenderWidget> m_widget;
+    std::unique_ptr<ExEventHandler> m_eventHandler;
+    McHandle<ViewerOverlay> m_overlay;
+    QTimer m_settleTimer;
+    bool m_isFinal = true;
+};
