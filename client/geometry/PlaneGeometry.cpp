@@ -4,7 +4,6 @@
 #include "platform/render/KxVolume.h"
 
 #include <QCoreApplication>
-#include <QSizeF>
 
 #include <algorithm>
 #include <array>

@@ -4,6 +4,7 @@
 #include "platform/render/KxSlice.h"
 
 #include <QLineF>
+#include <QSizeF>
 #include <QString>
 
 #include <optional>

@@ -59,7 +59,7 @@ void zoom(SliceViewer &viewer, double factor)
 {
     viewer.setZoom(viewer.zoom() * factor);
     forFollowers(ExViewerDB::ZOOM_GROUP, viewer,
-        [&](SliceViewer &follower) { follower.setZoom(viewer.zoom()); });
+        [factor](SliceViewer &follower) { follower.setZoom(follower.zoom() * factor); });
 }
 
 void pan(SliceViewer &viewer, const McVec3d &shift)

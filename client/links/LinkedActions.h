@@ -12,7 +12,7 @@ namespace LinkedActions {
 /// Scrolls by planes. Followers whose plane is parallel show the same place of the patient where
 /// they share the frame of reference; others are moved by the same distance.
 void scroll(SliceViewer &viewer, int planes);
-/// Shows the same scale everywhere. @param factor above 1 enlarges.
+/// Enlarges all by the same factor, so that images that fit their viewers still do afterwards.
 void zoom(SliceViewer &viewer, double factor);
 /// Moves the pictures by a shift in the patient (mm), each by what lies in its plane.
 void pan(SliceViewer &viewer, const McVec3d &shift);

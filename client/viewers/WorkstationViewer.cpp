@@ -79,11 +79,13 @@ void WorkstationViewer::seriesChanged()
     if (images != nullptr && images->volume(m_phase) != m_volume.get()) {
         setVolume();
         notify(ExNotification::VIEWER_VOLUME_CHANGED);
-    } else if (m_volume) {
+        return;
+    }
+    if (m_volume) {
         voxelsChanged();
         requestRender();
-        updateOverlay();
     }
+    updateOverlay();
 }
 
 int WorkstationViewer::numPhases() const

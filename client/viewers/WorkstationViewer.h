@@ -2,6 +2,7 @@
 
 #include "client/data/LoadedSeries.h"
 #include "client/overlay/OverlayContent.h"
+#include "client/viewers/ViewerRenderWidget.h"
 #include "framework/input/ExEventHandler.h"
 #include "framework/notification/ExNotification.h"
 #include "framework/viewers/ExBaseViewer.h"
@@ -13,7 +14,6 @@
 #include <string>
 
 class ViewerOverlay;
-class ViewerRenderWidget;
 
 /// What the workstation's viewers have in common: a series and its phase, a render widget, an event
 /// handler, an overlay, and the change between quick frames while the user interacts and a final

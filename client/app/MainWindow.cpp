@@ -1,0 +1,170 @@
+#include "client/app/MainWindow.h"
+
+#include "client/app/MainMenus.h"
+#include "client/app/NotificationWatch.h"
+#include "client/app/ViewerMenu.h"
+#include "client/layout/ViewerArea.h"
+#include "client/panels/ProblemsButton.h"
+#include "client/panels/ProgressLine.h"
+#include "client/panels/StudyTree.h"
+#include "client/viewers/ViewerRenderWidget.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/application/BuildVersion.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QSplitter>
+#include <QStatusBar>
+
+namespace {
+
+constexpr int treeWidth = 272;
+constexpr QSize firstSize(1400, 900);
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_area(new ViewerArea)
+    , m_tree(new StudyTree)
+    , m_progress(new ProgressLine)
+    , m_problems(new ProblemsButton)
+    , m_status(new QLabel)
+    , m_workstation(std::make_unique<Workstation>(
+          *m_area, [this](WorkstationViewer &viewer, const QPoint &position) {
+              makeViewerMenu(viewer, m_workstation->layouts())->popup(position);
+          }))
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(tr("Movara"));
+    resize(firstSize);
+    buildPanels();
+    MainMenus(*this).build();
+    connectSession();
+    clearFound();
+    m_activeWatch = new NotificationWatch(
+        {ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::VIEWER_VOLUME_CHANGED},
+        [this](const ExNotification &) { markShownSeries(); });
+    setLayoutByName(QStringLiteral("2x2"));
+}
+
+MainWindow::~MainWindow()
+{
+    m_activeWatch.reset();
+    m_workstation.reset(); // Its viewers' widgets are children of the area.
+}
+
+void MainWindow::buildPanels()
+{
+    auto *const splitter = new QSplitter;
+    splitter->addWidget(m_tree);
+    splitter->addWidget(m_area);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({treeWidth, firstSize.width() - treeWidth});
+    splitter->setCollapsible(1, false);
+    setCentralWidget(splitter);
+    statusBar()->addWidget(m_status, 1);
+    statusBar()->addPermanentWidget(m_problems);
+    statusBar()->addPermanentWidget(m_progress);
+}
+
+void MainWindow::connectSession()
+{
+    StudySession &session = m_workstation->session();
+    connect(&session, &StudySession::scanned, this, &MainWindow::showFound);
+    connect(&session, &StudySession::closed, this, &MainWindow::clearFound);
+    connect(&session, &StudySession::busyChanged, this, &MainWindow::showBusy);
+    connect(&session, &StudySession::progressChanged, m_progress, &ProgressLine::setProgress);
+    connect(m_progress, &ProgressLine::cancelRequested, this,
+        [this] { m_workstation->session().cancel(); });
+    connect(m_tree, &StudyTree::openRequested, this,
+        [this](const QString &uid) { m_workstation->openInAll(uid.toStdString()); });
+    connect(m_area, &ViewerArea::seriesDropped, this, [this](const QString &uid, QWidget *target) {
+        if (auto *const widget = qobject_cast<ViewerRenderWidget *>(target)) {
+            m_workstation->openIn(
+                static_cast<WorkstationViewer &>(*widget->viewer()), uid.toStdString());
+        }
+    });
+    connect(m_area, &ViewerArea::pathsDropped, this, &MainWindow::open);
+}
+
+void MainWindow::open(const QStringList &paths)
+{
+    m_workstation->session().open(paths);
+    m_tree->setEmptyText(tr("Looking for DICOM files…"));
+    m_status->setText(tr("Opening %1").arg(paths.join(QStringLiteral(", "))));
+}
+
+bool MainWindow::setLayoutByName(const QString &name)
+{
+    const ViewerLayout *const layout = LayoutTable::find(name);
+    if (layout != nullptr) {
+        m_workstation->layouts().apply(*layout);
+    }
+    return layout != nullptr;
+}
+
+void MainWindow::askForFolder()
+{
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Open a DICOM folder"));
+    if (!folder.isEmpty()) {
+        open({folder});
+    }
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox::about(this, tr("About Movara"),
+        tr("<b>Movara</b> reference workstation<br>Version %1<br><br>"
+           "Not a medical device: not for diagnosis.")
+            .arg(QString::fromUtf8(movaraBuildVersionTag())));
+}
+
+void MainWindow::showFound()
+{
+    const DicomScanner::Result &found = m_workstation->session().found();
+    m_tree->setPatients(found.patients);
+    m_problems->setProblems(found.problems);
+    const auto largest = m_workstation->session().largestSeries();
+    if (largest) {
+        m_status->setText(tr("%n file(s) looked at", nullptr, found.numFiles));
+        m_workstation->openInAll(largest->uid());
+    } else {
+        m_openProblem = found.wasCancelled ? tr("Opening was cancelled.")
+            : found.numFiles == 0
+            ? tr("There are no files here. Open another folder with File > Open folder.")
+            : tr("There are no images among %n file(s). Open another folder with File > Open folder.",
+                nullptr, found.numFiles);
+        m_status->setText(m_openProblem);
+        m_tree->setEmptyText(m_openProblem);
+    }
+    Q_EMIT opened();
+}
+
+void MainWindow::showBusy(bool busy)
+{
+    m_progress->setVisible(busy);
+    if (busy) {
+        m_progress->setProgress(0, 0, tr("Opening"));
+    }
+}
+
+void MainWindow::clearFound()
+{
+    m_openProblem.clear();
+    m_tree->setPatients({});
+    m_tree->setEmptyText(
+        tr("No studies are open.\n\nOpen a folder with File > Open folder, or drop one here."));
+    m_problems->setProblems({});
+    m_status->clear();
+}
+
+void MainWindow::markShownSeries()
+{
+    const WorkstationViewer *const viewer = m_workstation->activeViewer();
+    const bool hasSeries = viewer != nullptr && viewer->series() != nullptr;
+    m_tree->markShown(hasSeries ? QString::fromStdString(viewer->series()->uid()) : QString());
+    setWindowTitle(hasSeries ? tr("%1 – Movara").arg(viewer->series()->info().patientName)
+                             : tr("Movara"));
+}

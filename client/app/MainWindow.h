@@ -1,0 +1,58 @@
+#pragma once
+
+#include "client/app/Workstation.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
+
+class ProblemsButton;
+class ProgressLine;
+class QLabel;
+class StudyTree;
+class ViewerArea;
+class ViewerLinksMenu;
+
+/// The workstation's main window: list of studies, viewers, menus, status line. GUI thread only.
+class MainWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    [[nodiscard]] Workstation &workstation() { return *m_workstation; }
+    /// Opens folders or files; the largest series found is shown in all viewers.
+    void open(const QStringList &paths);
+    /// By the layout's name. @return false for an unknown one.
+    bool setLayoutByName(const QString &name);
+    /// What went wrong with the last open(), for the user; empty when nothing did.
+    [[nodiscard]] const QString &openProblem() const { return m_openProblem; }
+
+Q_SIGNALS:
+    /// The scan of open() has ended, and what it has found is being shown.
+    void opened();
+
+private:
+    void buildPanels();
+    void connectSession();
+    void askForFolder();
+    void showAbout();
+    void showFound();
+    void showBusy(bool busy);
+    void clearFound();
+    void markShownSeries();
+
+    ViewerArea *m_area;
+    StudyTree *m_tree;
+    ProgressLine *m_progress;
+    ProblemsButton *m_problems;
+    QLabel *m_status;
+    QString m_openProblem;
+    std::unique_ptr<Workstation> m_workstation;
+    McHandle<ExNotifiable> m_activeWatch;
+
+    friend class MainMenus;
+};

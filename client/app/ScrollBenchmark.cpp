@@ -1,0 +1,146 @@
+#include "client/app/ScrollBenchmark.h"
+
+#include "client/app/BenchmarkVolume.h"
+#include "client/app/MainWindow.h"
+#include "client/viewers/SliceViewer.h"
+#include "client/viewers/ViewerRenderWidget.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+constexpr int warmUpSteps = 20;
+constexpr int measuredSteps = 300;
+constexpr int wheelStep = 120;
+constexpr double obliqueRadians = 0.35;
+
+ViewerLayout fourViewers(PlaneKind plane)
+{
+    const auto slice = [plane](const McBox2f &box) {
+        return ViewerLayout::Place{box, false, plane};
+    };
+    return {QStringLiteral("four"), QString(),
+        {slice({0, 0, 0.5F, 0.5F}), slice({0.5F, 0, 1, 0.5F}), slice({0, 0.5F, 0.5F, 1}),
+            slice({0.5F, 0.5F, 1, 1})}};
+}
+
+/// The value below which @p part of the sorted ones lie.
+double quantile(const std::vector<double> &sorted, double part)
+{
+    const auto rank = std::ceil(part * static_cast<double>(sorted.size())) - 1;
+    return sorted[static_cast<std::size_t>(std::max(rank, 0.0))];
+}
+
+void printRow(const QString &name, std::vector<double> milliseconds, const QSize &pixels)
+{
+    std::sort(milliseconds.begin(), milliseconds.end());
+    std::printf("%-44s %9s %8.2f %8.2f %8.2f %8.2f\n", qPrintable(name),
+        qPrintable(QStringLiteral("%1x%2").arg(pixels.width()).arg(pixels.height())),
+        quantile(milliseconds, 0.5), quantile(milliseconds, 0.95), quantile(milliseconds, 0.99),
+        milliseconds.back());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+ScrollBenchmark::ScrollBenchmark(MainWindow &window)
+    : m_window(window)
+    , m_series(makeBenchmarkSeries())
+{
+    QTimer::singleShot(0, this, &ScrollBenchmark::run);
+}
+
+std::vector<ScrollBenchmark::Scenario> ScrollBenchmark::scenarios()
+{
+    return {
+        {QStringLiteral("2x2, axial, coronal and sagittal follow"), *LayoutTable::find(QStringLiteral("2x2")), false},
+        {QStringLiteral("four linked axial"), fourViewers(PlaneKind::Axial), false},
+        {QStringLiteral("four linked sagittal"), fourViewers(PlaneKind::Sagittal), false},
+        {QStringLiteral("four linked oblique"), fourViewers(PlaneKind::Axial), true},
+        {QStringLiteral("1+3, large axial"), *LayoutTable::find(QStringLiteral("1+3")), false},
+        {QStringLiteral("1x1"), *LayoutTable::find(QStringLiteral("1x1")), false},
+    };
+}
+
+void ScrollBenchmark::run()
+{
+    std::printf("Wheel step to finished paint of all slice viewers, 512x512x150 of 16 bit, %d "
+                "steps, in ms\n%-44s %9s %8s %8s %8s %8s\n",
+        measuredSteps, "scenario", "viewer", "median", "95 %", "99 %", "max");
+    for (const Scenario &scenario : scenarios()) {
+        runScenario(scenario);
+    }
+    QCoreApplication::exit(0);
+}
+
+void ScrollBenchmark::waitUntilSettled()
+{
+    while (!m_window.workstation().isSettled()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
+}
+
+void ScrollBenchmark::runScenario(const Scenario &scenario)
+{
+    Workstation &workstation = m_window.workstation();
+    workstation.layouts().apply(scenario.layout);
+    for (WorkstationViewer *viewer : workstation.viewers()) {
+        viewer->setSeries(m_series);
+    }
+    for (SliceViewer *viewer : workstation.sliceViewers()) {
+        viewer->fit();
+        if (scenario.isOblique) {
+            viewer->rotate(viewer->shownSlice().right(), obliqueRadians);
+            viewer->rotate(viewer->shownSlice().down(), obliqueRadians);
+        }
+    }
+    waitUntilSettled();
+    SliceViewer &viewer = *workstation.sliceViewers().front();
+    int planes = 1;
+    std::vector<double> milliseconds;
+    for (int i = -warmUpSteps; i < measuredSteps; ++i) {
+        const int next = viewer.sliceIndex() + planes;
+        planes = next < 0 || next >= viewer.stack().count() ? -planes : planes;
+        const double taken = measureStep(viewer, planes);
+        if (i >= 0) {
+            milliseconds.push_back(taken);
+        }
+    }
+    printRow(scenario.name, milliseconds, viewer.widget()->pixelSize());
+    waitUntilSettled();
+}
+
+double ScrollBenchmark::measureStep(SliceViewer &viewer, int planes)
+{
+    // Nothing that is left over from the step before belongs to this one.
+    QCoreApplication::processEvents();
+    const auto watched = m_window.workstation().sliceViewers();
+    std::vector<bool> isPainted(watched.size());
+    std::vector<QMetaObject::Connection> connections;
+    for (std::size_t i = 0; i < watched.size(); ++i) {
+        connections.push_back(connect(watched[i]->widget(), &ViewerRenderWidget::painted, this,
+            [&isPainted, i] { isPainted[i] = true; }));
+    }
+    const QPointF middle = QRectF(viewer.widget()->rect()).center();
+    QWheelEvent event(middle, viewer.widget()->mapToGlobal(middle), QPoint(),
+        QPoint(0, -planes * wheelStep), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QElapsedTimer clock;
+    clock.start();
+    QApplication::sendEvent(viewer.widget(), &event);
+    while (std::find(isPainted.begin(), isPainted.end(), false) != isPainted.end()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    const double taken = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    for (const QMetaObject::Connection &connection : connections) {
+        disconnect(connection);
+    }
+    return taken;
+}

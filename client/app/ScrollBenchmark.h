@@ -1,0 +1,40 @@
+#pragma once
+
+#include "client/data/LoadedSeries.h"
+#include "client/layout/LayoutTable.h"
+#include "platform/util/McHandle.h"
+
+#include <QObject>
+
+#include <vector>
+
+class MainWindow;
+class SliceViewer;
+
+/// Sends wheel events to a viewer of the main window, one after the other, and measures each from
+/// its sending until all slice viewers have been painted: those that follow with their new slice,
+/// the others with their moved reference lines. Prints a table and ends the event loop.
+class ScrollBenchmark final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ScrollBenchmark(MainWindow &window);
+
+private:
+    struct Scenario
+    {
+        QString name;
+        ViewerLayout layout;
+        bool isOblique;
+    };
+
+    static std::vector<Scenario> scenarios();
+    void run();
+    void runScenario(const Scenario &scenario);
+    void waitUntilSettled();
+    [[nodiscard]] double measureStep(SliceViewer &viewer, int planes);
+
+    MainWindow &m_window;
+    McHandle<LoadedSeries> m_series;
+};

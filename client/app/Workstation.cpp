@@ -1,0 +1,72 @@
+#include "client/app/Workstation.h"
+
+#include "client/layout/ViewerArea.h"
+#include "client/viewers/SliceViewer.h"
+#include "client/viewers/ViewerRenderWidget.h"
+
+#include <algorithm>
+#include <utility>
+
+Workstation::Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu)
+    : m_screen(area)
+    , m_links(new ViewerLinks)
+    , m_manager(m_screen)
+    , m_layouts(area, m_screen, m_manager,
+          [this](WorkstationViewer &viewer) { m_interactions.install(viewer); })
+    , m_interactions(m_layouts, std::move(openMenu))
+{
+    QObject::connect(&area, &ViewerArea::resized, &area, [this] { m_screen.reconfigure(); });
+}
+
+Workstation::~Workstation()
+{
+    m_session.close();
+}
+
+WorkstationViewer *Workstation::activeViewer() const
+{
+    return static_cast<WorkstationViewer *>(m_manager.activeViewer());
+}
+
+std::vector<WorkstationViewer *> Workstation::viewers() const
+{
+    std::vector<WorkstationViewer *> found;
+    for (int i = 0; i < m_manager.numViewers(); ++i) {
+        found.push_back(static_cast<WorkstationViewer *>(m_manager.viewer(i)));
+    }
+    return found;
+}
+
+std::vector<SliceViewer *> Workstation::sliceViewers() const
+{
+    std::vector<SliceViewer *> found;
+    for (WorkstationViewer *viewer : viewers()) {
+        if (auto *const slice = dynamic_cast<SliceViewer *>(viewer)) {
+            found.push_back(slice);
+        }
+    }
+    return found;
+}
+
+void Workstation::openInAll(const std::string &uid)
+{
+    for (WorkstationViewer *viewer : viewers()) {
+        openIn(*viewer, uid);
+    }
+}
+
+void Workstation::openIn(WorkstationViewer &viewer, const std::string &uid)
+{
+    if (const auto entry = m_session.entry(uid); entry && entry->isImage()) {
+        m_session.show(entry, viewer);
+    }
+}
+
+bool Workstation::isSettled() const
+{
+    const auto all = viewers();
+    return !m_session.isBusy()
+        && std::all_of(all.begin(), all.end(), [](const WorkstationViewer *viewer) {
+               return !viewer->widget()->isVisible() || viewer->isSettled();
+           });
+}

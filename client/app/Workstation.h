@@ -1,0 +1,50 @@
+#pragma once
+
+#include "client/interaction/InteractionSet.h"
+#include "client/layout/ViewerLayouts.h"
+#include "client/layout/WorkstationScreen.h"
+#include "client/links/ViewerLinks.h"
+#include "client/loading/StudySession.h"
+#include "client/viewers/WorkstationViewerManager.h"
+#include "platform/util/McHandle.h"
+
+class SliceViewer;
+class ViewerArea;
+class WorkstationViewer;
+
+/// Everything of the workstation but its windows, put together: screen, viewers, links, layouts,
+/// interactions, studies. One in the process, owned by the main window. GUI thread only.
+class Workstation
+{
+public:
+    /// @param area where the viewers are; must outlive the workstation.
+    Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu);
+    /// Ends all reading, then removes the viewers through the manager.
+    ~Workstation();
+    Workstation(const Workstation &) = delete;
+    Workstation &operator=(const Workstation &) = delete;
+
+    [[nodiscard]] StudySession &session() { return m_session; }
+    [[nodiscard]] ViewerLayouts &layouts() { return m_layouts; }
+    [[nodiscard]] WorkstationScreen &screen() { return m_screen; }
+    /// Null when there is none.
+    [[nodiscard]] WorkstationViewer *activeViewer() const;
+    /// In the order of the viewer manager.
+    [[nodiscard]] std::vector<WorkstationViewer *> viewers() const;
+    [[nodiscard]] std::vector<SliceViewer *> sliceViewers() const;
+
+    /// Opens a series, or one of its volumes, in all viewers or in one. Unknown identifiers are
+    /// ignored.
+    void openInAll(const std::string &uid);
+    void openIn(WorkstationViewer &viewer, const std::string &uid);
+    /// Whether nothing is being read and every viewer shows its final image.
+    [[nodiscard]] bool isSettled() const;
+
+private:
+    WorkstationScreen m_screen;
+    McHandle<ViewerLinks> m_links;
+    WorkstationViewerManager m_manager;
+    ViewerLayouts m_layouts;
+    InteractionSet m_interactions;
+    StudySession m_session;
+};

@@ -1,0 +1,66 @@
+#include "client/app/CommandLine.h"
+#include "client/app/DisplayCheck.h"
+#include "client/app/MainWindow.h"
+#include "client/app/ScreenshotRun.h"
+#include "client/app/ScrollBenchmark.h"
+#include "client/app/StartStudy.h"
+#include "platform/dicomio/DicomHeaderReader.h"
+#include "platform/toolkit/QxApplication.h"
+#include "platform/toolkit/QxStyleFactory.h"
+
+#include <QTimer>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+QStringList argumentList(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments += QString::fromLocal8Bit(argv[i]);
+    }
+    return arguments;
+}
+
+int runWindow(const CommandLine &command)
+{
+    QxStyleFactory::instance().setCurrentStyle(QStringLiteral("Movara Medium"));
+    DicomHeaderReader::install();
+    MainWindow window;
+    if (command.size.isValid()) {
+        window.resize(command.size);
+    }
+    window.setLayoutByName(command.layout);
+    window.show();
+    std::unique_ptr<QObject> run;
+    if (!command.benchmark.isEmpty()) {
+        run = std::make_unique<ScrollBenchmark>(window);
+    } else {
+        startStudy(window, command.paths);
+        if (!command.screenshot.isEmpty()) {
+            run = std::make_unique<ScreenshotRun>(window, command.screenshot);
+        }
+    }
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    CommandLine command;
+    if (const auto end = CommandLine::parse(argumentList(argc, argv), command)) {
+        std::fprintf(end->exitCode == 0 ? stdout : stderr, "%s\n", qUtf8Printable(end->text));
+        return end->exitCode;
+    }
+    if (const QString problem = displayProblem(argc, argv); !problem.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+        return 1;
+    }
+    QxApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("movara-workstation"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MOVARA_VERSION));
+    return runWindow(command);
+}

@@ -1,0 +1,197 @@
+#include "client/loading/StudySession.h"
+
+#include "client/loading/EntryTexts.h"
+#include "client/loading/SeriesLoad.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/notification/ExNotifiable.h"
+#include "framework/viewers/ExViewerManager.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+std::vector<WorkstationViewer *> viewers()
+{
+    std::vector<WorkstationViewer *> found;
+    const ExViewerManager *const manager = ExViewerManager::instancePointer();
+    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
+        found.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
+    }
+    return found;
+}
+
+/// Calls @p visit for an entry and everything below it.
+template <typename Visit>
+void walk(const McHandle<Zel::DicomDirectoryEntry> &entry, const Visit &visit)
+{
+    visit(entry);
+    for (const auto &child : entry->children()) {
+        walk(child, visit);
+    }
+}
+
+} // namespace
+
+StudySession::StudySession(QObject *parent)
+    : QObject(parent)
+{
+    connect(&m_scanner, &DicomScanner::progressChanged, this, [this](int done, int total) {
+        Q_EMIT progressChanged(done, std::max(total, 0), tr("Looking for DICOM files"));
+    });
+    connect(&m_scanner, &DicomScanner::finished, this, [this] {
+        if (m_isOpen) {
+            Q_EMIT scanned();
+        }
+        tellBusy();
+    });
+}
+
+StudySession::~StudySession()
+{
+    // Their threads end before what they were reading for goes.
+    qDeleteAll(m_loads);
+}
+
+void StudySession::open(const QStringList &paths)
+{
+    close();
+    McDArray<McFilename> files;
+    for (const QString &path : paths) {
+        files.append(McFilename(path.toStdString()));
+    }
+    m_scanner.start(files);
+    m_isOpen = true;
+    tellBusy();
+}
+
+void StudySession::cancel()
+{
+    m_scanner.cancel();
+    const auto loads = m_loads;
+    for (SeriesLoad *load : loads) {
+        load->cancel();
+    }
+}
+
+void StudySession::close()
+{
+    m_isOpen = false;
+    m_scanner.cancel();
+    qDeleteAll(m_loads);
+    m_loads.clear();
+    for (WorkstationViewer *viewer : viewers()) {
+        if (viewer->volume(0) != nullptr) {
+            ExNotifiable::notify({ExNotification::ABOUT_TO_DELETE_VOLUME, viewer});
+        }
+        viewer->setSeries(nullptr);
+    }
+    m_series.clear();
+    Q_EMIT closed();
+    tellBusy();
+}
+
+McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const
+{
+    McHandle<Entry> found;
+    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
+        walk(patient, [&](const McHandle<Entry> &each) {
+            const bool canLoad = each->isSeries() || each->isStoredVolume();
+            if (!found && canLoad && each->uid() == uid) {
+                found = each;
+            }
+        });
+    }
+    return found;
+}
+
+McHandle<StudySession::Entry> StudySession::largestSeries() const
+{
+    McHandle<Entry> largest;
+    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
+        walk(patient, [&](const McHandle<Entry> &each) {
+            const int best = largest ? largest->numImages() : 0;
+            if (each->isSeries() && each->numImages() > best) {
+                largest = each;
+            }
+        });
+    }
+    return largest;
+}
+
+void StudySession::show(const McHandle<Entry> &entry, WorkstationViewer &viewer)
+{
+    viewer.setSeries(load(entry));
+}
+
+bool StudySession::isLoaded(const std::string &uid) const
+{
+    return m_series.count(uid) > 0;
+}
+
+McHandle<LoadedSeries> StudySession::load(const McHandle<Entry> &entry)
+{
+    McHandle<LoadedSeries> &series = m_series[entry->uid()];
+    if (!series) {
+        series = new LoadedSeries(entry->uid(), EntryTexts::seriesInfo(*entry));
+        startLoad(*new SeriesLoad(series, entry, this));
+    }
+    return series;
+}
+
+void StudySession::startLoad(SeriesLoad &load)
+{
+    m_loads.push_back(&load);
+    connect(&load, &SeriesLoad::changed, this, [this, &load] { loadChanged(load.series()); });
+    connect(&load, &SeriesLoad::ended, this, [this, &load] { loadEnded(load); });
+    ExNotifiable::notify(ExNotification::ABOUT_TO_LOAD_VOLUME);
+    load.start();
+    tellBusy();
+}
+
+void StudySession::loadChanged(LoadedSeries &series)
+{
+    for (WorkstationViewer *viewer : viewers()) {
+        if (viewer->series() == &series) {
+            viewer->seriesChanged();
+        }
+    }
+    tellProgress();
+}
+
+void StudySession::loadEnded(SeriesLoad &load)
+{
+    std::erase(m_loads, &load);
+    for (WorkstationViewer *viewer : viewers()) {
+        if (viewer->series() == &load.series() && viewer->volume(0) != nullptr) {
+            ExNotifiable::notify({ExNotification::VOLUME_LOADED, viewer});
+        }
+    }
+    load.deleteLater();
+    if (m_loads.empty()) {
+        ExNotifiable::notify(ExNotification::VOLUMES_LOADED_INTO_SYSTEM);
+    }
+    tellBusy();
+}
+
+void StudySession::tellProgress()
+{
+    double done = 0;
+    for (const SeriesLoad *load : m_loads) {
+        done += load->series().progress();
+    }
+    constexpr int percent = 100;
+    if (!m_loads.empty()) {
+        Q_EMIT progressChanged(static_cast<int>(done * percent),
+            static_cast<int>(m_loads.size()) * percent,
+            tr("Reading %n series", nullptr, static_cast<int>(m_loads.size())));
+    }
+}
+
+void StudySession::tellBusy()
+{
+    if (isBusy() != m_wasBusy) {
+        m_wasBusy = !m_wasBusy;
+        Q_EMIT busyChanged(m_wasBusy);
+    }
+}

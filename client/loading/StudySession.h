@@ -1,0 +1,78 @@
+#pragma once
+
+#include "client/data/LoadedSeries.h"
+#include "platform/dicom/DicomDirectoryEntry.h"
+#include "platform/dicomio/DicomScanner.h"
+#include "platform/util/McHandle.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <map>
+#include <string>
+#include <vector>
+
+class SeriesLoad;
+class WorkstationViewer;
+
+/// The studies that are open: finds them, reads their series in the background, and keeps what was
+/// read as long as they are open. Tells the viewers that show a series of its progress. GUI thread
+/// only.
+class StudySession final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Entry = Zel::DicomDirectoryEntry;
+
+    explicit StudySession(QObject *parent = nullptr);
+    /// Ends all reading and waits for its threads.
+    ~StudySession() override;
+
+    /// Closes what is open and looks for studies in folders, files or DICOMDIR files.
+    void open(const QStringList &paths);
+    /// Ends scanning and reading; what has been found and read stays.
+    void cancel();
+    /// Takes everything out of the viewers and forgets it.
+    void close();
+
+    /// Whether a scan or a series is under way.
+    [[nodiscard]] bool isBusy() const { return isScanning() || !m_loads.empty(); }
+    [[nodiscard]] bool isScanning() const { return m_scanner.isRunning(); }
+    /// What the last scan has found.
+    [[nodiscard]] const DicomScanner::Result &found() const { return m_scanner.result(); }
+    /// The series, or the volume of one, with this identifier; null when it is unknown.
+    [[nodiscard]] McHandle<Entry> entry(const std::string &uid) const;
+    /// The series with the most images; null when there are no images.
+    [[nodiscard]] McHandle<Entry> largestSeries() const;
+
+    /// Shows a series, or one of its volumes, in a viewer; reading starts when it has not yet.
+    void show(const McHandle<Entry> &entry, WorkstationViewer &viewer);
+    /// Whether the series is, or is being, loaded.
+    [[nodiscard]] bool isLoaded(const std::string &uid) const;
+
+Q_SIGNALS:
+    void busyChanged(bool busy);
+    /// @param done,total files or slices; a total of 0 when it is not known. @param what for the
+    /// user.
+    void progressChanged(int done, int total, const QString &what);
+    /// The scan has ended: found() is there.
+    void scanned();
+    /// The studies are no longer open.
+    void closed();
+
+private:
+    McHandle<LoadedSeries> load(const McHandle<Entry> &entry);
+    void startLoad(SeriesLoad &load);
+    void loadChanged(LoadedSeries &series);
+    void loadEnded(SeriesLoad &load);
+    void tellProgress();
+    void tellBusy();
+
+    DicomScanner m_scanner;
+    std::map<std::string, McHandle<LoadedSeries>> m_series;
+    std::vector<SeriesLoad *> m_loads;
+    /// What a scan finds after the studies were closed is of no interest.
+    bool m_isOpen = false;
+    bool m_wasBusy = false;
+};
