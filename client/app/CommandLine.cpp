@@ -70,8 +70,8 @@ std::optional<CommandLine::End> CommandLine::parse(
         return End{parser.helpText(), 0};
     }
     if (parser.isSet(QStringLiteral("version"))) {
-        return End{QStringLiteral("movara-workstation %1")
-                       .arg(QString::fromUtf8(movaraBuildVersionTag())),
+        return End{
+            QStringLiteral("movara-workstation %1").arg(QString::fromUtf8(movaraBuildVersionTag())),
             0};
     }
     command.paths = parser.positionalArguments();

@@ -16,15 +16,14 @@
 
 namespace {
 
-QAction *addAction(QMenu &menu, const QString &text, const QString &toolTip,
-    const QKeySequence &shortcut = {})
+QAction *addAction(
+    QMenu &menu, const QString &text, const QString &toolTip, const QKeySequence &shortcut = {})
 {
     QAction *const action = menu.addAction(text);
     action->setShortcut(shortcut);
-    action->setToolTip(shortcut.isEmpty()
-            ? toolTip
-            : toolTip % QLatin1String(" (") % shortcut.toString(QKeySequence::NativeText)
-                % QLatin1Char(')'));
+    action->setToolTip(shortcut.isEmpty() ? toolTip
+                                          : toolTip % QLatin1String(" (")
+                % shortcut.toString(QKeySequence::NativeText) % QLatin1Char(')'));
     action->setStatusTip(toolTip);
     return action;
 }
@@ -64,9 +63,9 @@ void MainMenus::build()
 void MainMenus::buildFileMenu()
 {
     QMenu &menu = *addMenu(m_window, tr("&File"));
-    QObject::connect(addAction(menu, tr("&Open folder…"),
-                         tr("Looks for DICOM files in a folder and its subfolders"),
-                         QKeySequence::Open),
+    QObject::connect(
+        addAction(menu, tr("&Open folder…"),
+            tr("Looks for DICOM files in a folder and its subfolders"), QKeySequence::Open),
         &QAction::triggered, &m_window, [this_ = &m_window] { this_->askForFolder(); });
     QObject::connect(addAction(menu, tr("&Close"), tr("Closes all studies"), QKeySequence::Close),
         &QAction::triggered, &m_window,
@@ -98,9 +97,9 @@ void MainMenus::buildViewMenu()
         }
     });
     menu.addSeparator();
-    QObject::connect(addAction(menu, tr("&Full screen viewer"),
-                         tr("Shows the active viewer alone, or all again; also by a double click"),
-                         Qt::Key_F),
+    QObject::connect(
+        addAction(menu, tr("&Full screen viewer"),
+            tr("Shows the active viewer alone, or all again; also by a double click"), Qt::Key_F),
         &QAction::triggered, &m_window, [this_ = &m_window] {
             if (WorkstationViewer *const viewer = this_->workstation().activeViewer()) {
                 this_->workstation().layouts().toggleFullscreen(*viewer);
@@ -127,8 +126,8 @@ void MainMenus::buildLinkMenu()
 {
     QMenu &menu = *addMenu(m_window, tr("&Link"));
     for (const LinkType &type : LinkType::all()) {
-        QAction *const action = addAction(
-            menu, type.name(), tr("Attached viewers follow each other in this: %1").arg(type.name()));
+        QAction *const action = addAction(menu, type.name(),
+            tr("Attached viewers follow each other in this: %1").arg(type.name()));
         action->setCheckable(true);
         action->setChecked(ExViewerDB::groupEnabled(type.group));
         QObject::connect(action, &QAction::toggled, &m_window,

@@ -4,6 +4,7 @@
 #include "client/app/NotificationWatch.h"
 #include "client/app/ViewerMenu.h"
 #include "client/layout/ViewerArea.h"
+#include "client/loading/SampleMaker.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/ProgressLine.h"
 #include "client/panels/StudyTree.h"
@@ -76,8 +77,7 @@ void MainWindow::connectSession()
     connect(&session, &StudySession::closed, this, &MainWindow::clearFound);
     connect(&session, &StudySession::busyChanged, this, &MainWindow::showBusy);
     connect(&session, &StudySession::progressChanged, m_progress, &ProgressLine::setProgress);
-    connect(m_progress, &ProgressLine::cancelRequested, this,
-        [this] { m_workstation->session().cancel(); });
+    connect(m_progress, &ProgressLine::cancelRequested, this, &MainWindow::cancel);
     connect(m_tree, &StudyTree::openRequested, this,
         [this](const QString &uid) { m_workstation->openInAll(uid.toStdString()); });
     connect(m_area, &ViewerArea::seriesDropped, this, [this](const QString &uid, QWidget *target) {
@@ -94,6 +94,47 @@ void MainWindow::open(const QStringList &paths)
     m_workstation->session().open(paths);
     m_tree->setEmptyText(tr("Looking for DICOM files…"));
     m_status->setText(tr("Opening %1").arg(paths.join(QStringLiteral(", "))));
+}
+
+void MainWindow::openSample()
+{
+    m_sample = new SampleMaker(this);
+    connect(m_sample, &SampleMaker::progressChanged, this, [this](int percent) {
+        constexpr int whole = 100;
+        m_progress->setProgress(percent, whole, tr("Making the sample study"));
+    });
+    connect(m_sample, &SampleMaker::finished, this, &MainWindow::sampleFinished);
+    m_tree->setEmptyText(tr("Making the sample study…"));
+    showBusy(true);
+    m_sample->start();
+}
+
+void MainWindow::sampleFinished(const QString &problem)
+{
+    m_sample->deleteLater();
+    m_sample = nullptr;
+    showBusy(false);
+    if (problem.isEmpty()) {
+        open({SampleMaker::folder()});
+    } else {
+        setProblem(problem);
+        Q_EMIT opened();
+    }
+}
+
+void MainWindow::cancel()
+{
+    if (m_sample != nullptr) {
+        m_sample->cancel();
+    }
+    m_workstation->session().cancel();
+}
+
+void MainWindow::setProblem(const QString &problem)
+{
+    m_openProblem = problem;
+    m_status->setText(problem);
+    m_tree->setEmptyText(problem);
 }
 
 bool MainWindow::setLayoutByName(const QString &name)
@@ -131,13 +172,12 @@ void MainWindow::showFound()
         m_status->setText(tr("%n file(s) looked at", nullptr, found.numFiles));
         m_workstation->openInAll(largest->uid());
     } else {
-        m_openProblem = found.wasCancelled ? tr("Opening was cancelled.")
-            : found.numFiles == 0
-            ? tr("There are no files here. Open another folder with File > Open folder.")
-            : tr("There are no images among %n file(s). Open another folder with File > Open folder.",
-                nullptr, found.numFiles);
-        m_status->setText(m_openProblem);
-        m_tree->setEmptyText(m_openProblem);
+        setProblem(found.wasCancelled ? tr("Opening was cancelled.")
+                : found.numFiles == 0
+                ? tr("There are no files here. Open another folder with File > Open folder.")
+                : tr("There are no images among %n file(s). Open another folder with File > Open "
+                     "folder.",
+                    nullptr, found.numFiles));
     }
     Q_EMIT opened();
 }
@@ -165,6 +205,6 @@ void MainWindow::markShownSeries()
     const WorkstationViewer *const viewer = m_workstation->activeViewer();
     const bool hasSeries = viewer != nullptr && viewer->series() != nullptr;
     m_tree->markShown(hasSeries ? QString::fromStdString(viewer->series()->uid()) : QString());
-    setWindowTitle(hasSeries ? tr("%1 – Movara").arg(viewer->series()->info().patientName)
-                             : tr("Movara"));
+    setWindowTitle(
+        hasSeries ? tr("%1 – Movara").arg(viewer->series()->info().patientName) : tr("Movara"));
 }

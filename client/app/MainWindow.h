@@ -10,9 +10,9 @@
 class ProblemsButton;
 class ProgressLine;
 class QLabel;
+class SampleMaker;
 class StudyTree;
 class ViewerArea;
-class ViewerLinksMenu;
 
 /// The workstation's main window: list of studies, viewers, menus, status line. GUI thread only.
 class MainWindow final : public QMainWindow
@@ -26,13 +26,15 @@ public:
     [[nodiscard]] Workstation &workstation() { return *m_workstation; }
     /// Opens folders or files; the largest series found is shown in all viewers.
     void open(const QStringList &paths);
+    /// Opens the sample study, which is made first when it is not there yet.
+    void openSample();
     /// By the layout's name. @return false for an unknown one.
     bool setLayoutByName(const QString &name);
     /// What went wrong with the last open(), for the user; empty when nothing did.
     [[nodiscard]] const QString &openProblem() const { return m_openProblem; }
 
 Q_SIGNALS:
-    /// The scan of open() has ended, and what it has found is being shown.
+    /// open() or openSample() has failed, or has found the studies and is showing them.
     void opened();
 
 private:
@@ -42,6 +44,9 @@ private:
     void showAbout();
     void showFound();
     void showBusy(bool busy);
+    void sampleFinished(const QString &problem);
+    void cancel();
+    void setProblem(const QString &problem);
     void clearFound();
     void markShownSeries();
 
@@ -50,6 +55,7 @@ private:
     ProgressLine *m_progress;
     ProblemsButton *m_problems;
     QLabel *m_status;
+    SampleMaker *m_sample = nullptr; ///< while it works
     QString m_openProblem;
     std::unique_ptr<Workstation> m_workstation;
     McHandle<ExNotifiable> m_activeWatch;

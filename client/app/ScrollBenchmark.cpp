@@ -61,7 +61,8 @@ ScrollBenchmark::ScrollBenchmark(MainWindow &window)
 std::vector<ScrollBenchmark::Scenario> ScrollBenchmark::scenarios()
 {
     return {
-        {QStringLiteral("2x2, axial, coronal and sagittal follow"), *LayoutTable::find(QStringLiteral("2x2")), false},
+        {QStringLiteral("2x2, axial, coronal and sagittal follow"),
+            *LayoutTable::find(QStringLiteral("2x2")), false},
         {QStringLiteral("four linked axial"), fourViewers(PlaneKind::Axial), false},
         {QStringLiteral("four linked sagittal"), fourViewers(PlaneKind::Sagittal), false},
         {QStringLiteral("four linked oblique"), fourViewers(PlaneKind::Axial), true},

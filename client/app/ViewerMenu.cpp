@@ -45,8 +45,7 @@ void addPlanes(QMenu &menu, SliceViewer &viewer)
     for (const auto plane :
         {PlaneKind::Axial, PlaneKind::Sagittal, PlaneKind::Coronal, PlaneKind::Original}) {
         addCheck(menu, PlaneGeometry::name(plane), tr("Shows this plane"), viewer,
-            viewer.plane() == plane,
-            [plane](SliceViewer &shown, bool) { shown.setPlane(plane); });
+            viewer.plane() == plane, [plane](SliceViewer &shown, bool) { shown.setPlane(plane); });
     }
     menu.addSeparator();
 }
@@ -80,9 +79,8 @@ void addLinks(QMenu &menu, WorkstationViewer &viewer)
     }
     addCheck(menu, tr("Attached to linked viewers"),
         tr("Whether this viewer follows the others (L, or the badge in its corner)"), viewer,
-        ViewerLinks::isAttached(viewer), [](WorkstationViewer &shown, bool on) {
-            ViewerLinks::setAttached(shown, on);
-        });
+        ViewerLinks::isAttached(viewer),
+        [](WorkstationViewer &shown, bool on) { ViewerLinks::setAttached(shown, on); });
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "client/app/MainWindow.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
-#include "client/app/StartStudy.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/toolkit/QxApplication.h"
 #include "platform/toolkit/QxStyleFactory.h"
@@ -38,7 +37,7 @@ int runWindow(const CommandLine &command)
     if (!command.benchmark.isEmpty()) {
         run = std::make_unique<ScrollBenchmark>(window);
     } else {
-        startStudy(window, command.paths);
+        command.paths.isEmpty() ? window.openSample() : window.open(command.paths);
         if (!command.screenshot.isEmpty()) {
             run = std::make_unique<ScreenshotRun>(window, command.screenshot);
         }

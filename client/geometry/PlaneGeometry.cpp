@@ -85,8 +85,8 @@ QString orientationLetters(const McVec3d &direction)
     const auto side = [](double value, char positive, char negative) {
         return Side{std::abs(value), QLatin1Char(value > 0 ? positive : negative)};
     };
-    std::array sides{side(direction.x, 'L', 'R'), side(direction.y, 'P', 'A'),
-        side(direction.z, 'H', 'F')};
+    std::array sides{
+        side(direction.x, 'L', 'R'), side(direction.y, 'P', 'A'), side(direction.z, 'H', 'F')};
     std::stable_sort(sides.begin(), sides.end(),
         [](const Side &a, const Side &b) { return a.amount > b.amount; });
     QString letters;
@@ -103,8 +103,8 @@ KxSlice rotated(const KxSlice &slice, const McVec3d &axis, double angle)
     const McVec3d right = turned(slice.right(), axis, angle).normalized();
     const McVec3d down = turned(slice.down(), axis, angle);
     // Many small turns must not let the axes drift from the right angle.
-    return {slice.center(), right, (down - right * down.dot(right)).normalized(),
-        slice.thickness()};
+    return {
+        slice.center(), right, (down - right * down.dot(right)).normalized(), slice.thickness()};
 }
 
 std::optional<QLineF> intersection(const KxSlice &slice, const KxSlice &other, double reach)

@@ -9,10 +9,11 @@ void DragInteraction::install(ExEventHandler &handler)
 
 bool DragInteraction::moved(const ExEvent &event)
 {
-    constexpr int allButtons = static_cast<int>(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
+    constexpr int allButtons
+        = static_cast<int>(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     // Moves carry no button of their own: what is held is in their state.
-    const bool isOurs
-        = (event.state & allButtons) == static_cast<int>(m_button) && hasModifiers(event, m_modifiers);
+    const bool isOurs = (event.state & allButtons) == static_cast<int>(m_button)
+        && hasModifiers(event, m_modifiers);
     if (!isOurs || event.pressX < 0) {
         return false;
     }

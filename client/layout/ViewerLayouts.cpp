@@ -24,8 +24,8 @@ bool fits(const WorkstationViewer &viewer, const ViewerLayout::Place &place)
 
 } // namespace
 
-ViewerLayouts::ViewerLayouts(ViewerArea &area, WorkstationScreen &screen,
-    WorkstationViewerManager &manager, SetUp setUp)
+ViewerLayouts::ViewerLayouts(
+    ViewerArea &area, WorkstationScreen &screen, WorkstationViewerManager &manager, SetUp setUp)
     : m_area(area)
     , m_screen(screen)
     , m_manager(manager)

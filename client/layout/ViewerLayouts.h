@@ -20,11 +20,11 @@ public:
     /// Called for every new viewer, before anybody hears of it.
     using SetUp = std::function<void(WorkstationViewer &)>;
 
-    ViewerLayouts(
-        ViewerArea &area, WorkstationScreen &screen, WorkstationViewerManager &manager, SetUp setUp);
+    ViewerLayouts(ViewerArea &area, WorkstationScreen &screen, WorkstationViewerManager &manager,
+        SetUp setUp);
 
-    /// Notifies VIEWER_CREATED for each new viewer and VIEWER_LAYOUT_CHANGED in the end. New viewers
-    /// show the series of the active one.
+    /// Notifies VIEWER_CREATED for each new viewer and VIEWER_LAYOUT_CHANGED in the end. New
+    /// viewers show the series of the active one.
     void apply(const ViewerLayout &layout);
     /// The name of the layout applied last; empty before.
     [[nodiscard]] const QString &current() const { return m_current; }

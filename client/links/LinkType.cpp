@@ -15,8 +15,7 @@ const std::vector<LinkType> &LinkType::all()
         {ExViewerDB::TRANSLATION_GROUP, QT_TRANSLATE_NOOP("LinkType", "Scrolling"), true, false},
         {ExViewerDB::ZOOM_GROUP, QT_TRANSLATE_NOOP("LinkType", "Zoom"), true, false},
         {ExViewerDB::CAMERA_GROUP, QT_TRANSLATE_NOOP("LinkType", "Pan"), true, false},
-        {ExViewerDB::WINDOWLEVEL_GROUP, QT_TRANSLATE_NOOP("LinkType", "Window level"), true,
-            false},
+        {ExViewerDB::WINDOWLEVEL_GROUP, QT_TRANSLATE_NOOP("LinkType", "Window level"), true, false},
         {ExViewerDB::TIMEPHASE_GROUP, QT_TRANSLATE_NOOP("LinkType", "Time phase"), true, true},
         {ExViewerDB::ROTATION_GROUP, QT_TRANSLATE_NOOP("LinkType", "3D rotation"), false, true},
     };

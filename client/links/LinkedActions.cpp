@@ -29,8 +29,7 @@ void scrollByDistance(SliceViewer &viewer, const SliceViewer &source, const McVe
     const double distance = shift.dot(source.stack().direction());
     const long planes = std::lround(distance / viewer.stack().step());
     const long least = distance > 0 ? 1 : -1;
-    viewer.setSliceIndex(
-        viewer.sliceIndex() + static_cast<int>(planes != 0 ? planes : least));
+    viewer.setSliceIndex(viewer.sliceIndex() + static_cast<int>(planes != 0 ? planes : least));
 }
 
 } // namespace
@@ -65,8 +64,8 @@ void zoom(SliceViewer &viewer, double factor)
 void pan(SliceViewer &viewer, const McVec3d &shift)
 {
     viewer.pan(shift);
-    forFollowers(ExViewerDB::CAMERA_GROUP, viewer,
-        [&shift](SliceViewer &follower) { follower.pan(shift); });
+    forFollowers(
+        ExViewerDB::CAMERA_GROUP, viewer, [&shift](SliceViewer &follower) { follower.pan(shift); });
 }
 
 void setWindow(SliceViewer &viewer, const KxVolume::Window &window)

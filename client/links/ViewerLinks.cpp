@@ -127,8 +127,7 @@ bool ViewerLinks::isAttached(const WorkstationViewer &viewer)
     });
 }
 
-void ViewerLinks::setAttached(
-    const std::string &type, WorkstationViewer &viewer, bool attached)
+void ViewerLinks::setAttached(const std::string &type, WorkstationViewer &viewer, bool attached)
 {
     if (ExViewerDB::group(type, &viewer) == nullptr || isAttached(type, viewer) == attached) {
         return;

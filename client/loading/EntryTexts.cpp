@@ -42,9 +42,9 @@ QString joined(QStringList parts, const QString &separator)
 
 QString seriesTitle(const DicomDirectoryEntry &entry)
 {
-    const QString name = joined({text(entry, Attribute::SeriesNumber),
-                                    text(entry, Attribute::SeriesDescription)},
-        QStringLiteral(": "));
+    const QString name
+        = joined({text(entry, Attribute::SeriesNumber), text(entry, Attribute::SeriesDescription)},
+            QStringLiteral(": "));
     const QString shown = joined({text(entry, Attribute::Modality), name}, QStringLiteral(" "));
     return shown.isEmpty() ? tr("(series without a name)") : shown;
 }
@@ -57,9 +57,9 @@ QString volumeTitle(const DicomDirectoryEntry &entry)
 
 QString studyTitle(const DicomDirectoryEntry &entry)
 {
-    const QString title = joined(
-        {date(entry, Attribute::StudyDate), text(entry, Attribute::StudyDescription)},
-        QStringLiteral("  "));
+    const QString title
+        = joined({date(entry, Attribute::StudyDate), text(entry, Attribute::StudyDescription)},
+            QStringLiteral("  "));
     return title.isEmpty() ? tr("(study without date)") : title;
 }
 
@@ -84,8 +84,8 @@ QString title(const DicomDirectoryEntry &entry)
 {
     switch (entry.level()) {
     case DicomDirectoryEntry::Patient:
-        return joined({patientName(entry), text(entry, Attribute::PatientId)},
-            QStringLiteral("  "));
+        return joined(
+            {patientName(entry), text(entry, Attribute::PatientId)}, QStringLiteral("  "));
     case DicomDirectoryEntry::Study:
         return studyTitle(entry);
     case DicomDirectoryEntry::Series:

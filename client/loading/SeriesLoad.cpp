@@ -65,8 +65,7 @@ void SeriesLoad::sliceLoaded()
 void SeriesLoad::sliceFailed(const QString &reason)
 {
     ++m_failedSlices;
-    theLogInstance().warnf(
-        "Series %s: %s\n", m_series->uid().c_str(), reason.toUtf8().constData());
+    theLogInstance().warnf("Series %s: %s\n", m_series->uid().c_str(), reason.toUtf8().constData());
     sliceLoaded();
 }
 

@@ -26,8 +26,8 @@ QImage HaloText::rendered(
     const QString &text, const QFont &font, const QColor &color, qreal pixelRatio)
 {
     const QFontMetrics metrics(font);
-    const QSizeF size(metrics.horizontalAdvance(text) + 2 * margin + 2,
-        metrics.height() + 2 * margin);
+    const QSizeF size(
+        metrics.horizontalAdvance(text) + 2 * margin + 2, metrics.height() + 2 * margin);
     QImage image((size * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::transparent);

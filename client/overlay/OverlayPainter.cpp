@@ -61,8 +61,7 @@ void OverlayPainter::paintLines(QPainter &painter, const OverlayContent &content
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void OverlayPainter::paintTexts(
-    QPainter &painter, const QSize &size, const OverlayContent &content)
+void OverlayPainter::paintTexts(QPainter &painter, const QSize &size, const OverlayContent &content)
 {
     for (const auto corner : {OverlayContent::TopLeft, OverlayContent::TopRight,
              OverlayContent::BottomLeft, OverlayContent::BottomRight}) {
@@ -85,8 +84,8 @@ void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
     const bool isBesideBadge
         = corner == OverlayContent::TopRight && content.link != OverlayContent::Link::None;
     const int inset = isBesideBadge ? 2 * border + badgeSize : border + 2;
-    const Qt::Alignment alignment = (isTop ? Qt::AlignTop : Qt::AlignBottom)
-        | (isLeft ? Qt::AlignLeft : Qt::AlignRight);
+    const Qt::Alignment alignment
+        = (isTop ? Qt::AlignTop : Qt::AlignBottom) | (isLeft ? Qt::AlignLeft : Qt::AlignRight);
     const QStringList &lines = content.corners[corner];
     const qsizetype shown = size.height() < lowViewer
         ? std::min<qsizetype>(lines.size(), linesInLowViewer)
@@ -99,8 +98,8 @@ void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
         const bool isPreviewMark
             = content.isPreview && corner == OverlayContent::BottomRight && i == shown - 1;
         m_text.draw(painter, anchor, alignment,
-            metrics.elidedText(lines[i], Qt::ElideRight, std::max(room, badgeSize)),
-            painter.font(), isPreviewMark ? OverlayColors::warning() : OverlayColors::text());
+            metrics.elidedText(lines[i], Qt::ElideRight, std::max(room, badgeSize)), painter.font(),
+            isPreviewMark ? OverlayColors::warning() : OverlayColors::text());
         anchor.ry() += isTop ? height : -height;
     }
 }
@@ -172,8 +171,8 @@ void OverlayPainter::paintBadge(
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(27, 29, 33, 190));
     painter.drawRoundedRect(badge, 4, 4);
-    strokeWithHalo(painter, path, isAttached ? OverlayColors::accent() : OverlayColors::warning(),
-        1.6);
+    strokeWithHalo(
+        painter, path, isAttached ? OverlayColors::accent() : OverlayColors::warning(), 1.6);
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 

@@ -39,8 +39,8 @@ QStringList study(const WorkstationViewer &viewer, const QString &view)
     const SeriesInfo &info = viewer.series()->info();
     const QString series
         = QStringList(withoutEmpty({info.seriesNumber, info.seriesDescription})).join(u": ");
-    return withoutEmpty({info.modality % QLatin1Char(' ') % view, series, info.studyDescription,
-        info.studyDate});
+    return withoutEmpty(
+        {info.modality % QLatin1Char(' ') % view, series, info.studyDescription, info.studyDate});
 }
 
 QString phase(const WorkstationViewer &viewer)
@@ -48,8 +48,7 @@ QString phase(const WorkstationViewer &viewer)
     if (viewer.numPhases() < 2) {
         return {};
     }
-    const QString label
-        = QString::fromStdString(viewer.imageSet(0)->phaseLabel(viewer.phase()));
+    const QString label = QString::fromStdString(viewer.imageSet(0)->phaseLabel(viewer.phase()));
     return tr("Phase %1/%2  %3")
         .arg(viewer.phase() + 1)
         .arg(viewer.numPhases())

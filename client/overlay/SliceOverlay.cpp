@@ -130,8 +130,8 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
 {
     OverlayContent content;
     content.planeColor = OverlayColors::plane(viewer.plane());
-    content.isActive = ExViewerManager::instancePointer() != nullptr
-        && ExViewerManager::isActiveViewer(viewer);
+    content.isActive
+        = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
     content.link = ViewerLinks::badge(viewer);
     content.message = SeriesTexts::emptyState(viewer);
     if (viewer.volume(0) == nullptr) {

@@ -69,12 +69,11 @@ QImage paintLines(vtkImageData &cut, Paint paint)
 
 QImage paintColors(vtkImageData &cut)
 {
-    return paintLines<std::uint8_t>(
-        cut, [](QRgb *line, const std::uint8_t *values, int width) {
-            for (int x = 0; x < width; ++x, values += 3) {
-                line[x] = qRgb(values[0], values[1], values[2]);
-            }
-        });
+    return paintLines<std::uint8_t>(cut, [](QRgb *line, const std::uint8_t *values, int width) {
+        for (int x = 0; x < width; ++x, values += 3) {
+            line[x] = qRgb(values[0], values[1], values[2]);
+        }
+    });
 }
 
 template <typename Value>

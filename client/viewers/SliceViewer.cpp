@@ -195,8 +195,9 @@ double SliceViewer::fittingZoom() const
 {
     const QSizeF half = PlaneGeometry::halfExtent(
         {volume(0)->center(), m_slice.right(), m_slice.down()}, *volume(0));
-    const double zoom = std::min(widget()->width() / half.width(), widget()->height() / half.height())
-        / 2 * fitFraction;
+    const double zoom
+        = std::min(widget()->width() / half.width(), widget()->height() / half.height()) / 2
+        * fitFraction;
     return std::clamp(zoom, smallestZoom, largestZoom);
 }
 

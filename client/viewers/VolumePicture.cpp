@@ -160,8 +160,7 @@ public:
         const auto spacing = shown.spacing();
         const double finest = *std::min_element(spacing.begin(), spacing.end());
         mapper->SetImageSampleDistance(isQuick ? quickRayDistance : 1);
-        mapper->SetSampleDistance(
-            static_cast<float>(finest * (isQuick ? quickStep : finalStep)));
+        mapper->SetSampleDistance(static_cast<float>(finest * (isQuick ? quickStep : finalStep)));
     }
 
     QImage draw(const VolumeScene &scene)

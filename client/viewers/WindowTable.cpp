@@ -23,8 +23,8 @@ int WindowTable::level(double value, const KxVolume::Window &window)
 
 void WindowTable::setWindow(const KxVolume::Window &window)
 {
-    const bool isThere = !m_greys.empty() && m_window.center == window.center
-        && m_window.width == window.width;
+    const bool isThere
+        = !m_greys.empty() && m_window.center == window.center && m_window.width == window.width;
     if (isThere) {
         return;
     }

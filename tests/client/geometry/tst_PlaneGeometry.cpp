@@ -89,9 +89,8 @@ void tst_PlaneGeometry::stacks_data()
     const double reach = 49 * 2.5 / 2;
     QTest::newRow("axial, counted from the head")
         << Grid::Axial << PlaneKind::Axial << 50 << 2.5 << QStringLiteral("F") << -56 - reach;
-    QTest::newRow("axial, stored from the head")
-        << Grid::AxialFromHead << PlaneKind::Axial << 50 << 2.5 << QStringLiteral("F")
-        << -56 - reach;
+    QTest::newRow("axial, stored from the head") << Grid::AxialFromHead << PlaneKind::Axial << 50
+                                                 << 2.5 << QStringLiteral("F") << -56 - reach;
     QTest::newRow("sagittal, through the pixels of axial images")
         << Grid::Axial << PlaneKind::Sagittal << 96 << 1.5 << QStringLiteral("R")
         << -12 - 95 * 1.5 / 2;
@@ -99,8 +98,8 @@ void tst_PlaneGeometry::stacks_data()
         << Grid::Axial << PlaneKind::Coronal << 80 << 1.5 << QStringLiteral("P")
         << -34 - 79 * 1.5 / 2;
     QTest::newRow("original, tilted: the slices' distance, not their shift")
-        << Grid::Tilted << PlaneKind::Original << 50 << 2.5 * std::cos(0.35)
-        << QStringLiteral("FA") << -1e9;
+        << Grid::Tilted << PlaneKind::Original << 50 << 2.5 * std::cos(0.35) << QStringLiteral("FA")
+        << -1e9;
 }
 
 void tst_PlaneGeometry::stacks()
@@ -122,8 +121,7 @@ void tst_PlaneGeometry::stacks()
 
 void tst_PlaneGeometry::stackMovesStraight()
 {
-    const SliceStack stack(
-        PlaneGeometry::plane(PlaneKind::Axial, *axialVolume()), *axialVolume());
+    const SliceStack stack(PlaneGeometry::plane(PlaneKind::Axial, *axialVolume()), *axialVolume());
     const McVec3d point{1, 2, 300};
     QCOMPARE(stack.nearestIndex(point), 0);
     QCOMPARE(stack.nearestIndex({1, 2, -300}), 49);
@@ -160,8 +158,8 @@ void tst_PlaneGeometry::rotationKeepsRightAngles()
     QVERIFY(std::abs(slice.right().length() - 1) < 1e-12);
     QVERIFY(std::abs(slice.down().length() - 1) < 1e-12);
     QVERIFY(slice.center() == (McVec3d{1, 2, 3}));
-    const KxSlice quarter = PlaneGeometry::rotated(
-        {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {0, 0, 1}, std::acos(0.0));
+    const KxSlice quarter
+        = PlaneGeometry::rotated({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {0, 0, 1}, std::acos(0.0));
     QVERIFY((quarter.right() - McVec3d{0, 1, 0}).length() < 1e-12);
 }
 

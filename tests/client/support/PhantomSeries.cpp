@@ -8,8 +8,8 @@ namespace {
 constexpr double inPlane = 1.5;
 constexpr double betweenSlices = 2.5;
 
-McTransform3d around(const McVec3d &x, const McVec3d &y, const McVec3d &z,
-    const std::array<int, 3> &size)
+McTransform3d around(
+    const McVec3d &x, const McVec3d &y, const McVec3d &z, const std::array<int, 3> &size)
 {
     const McVec3d toMiddle
         = x * ((size[0] - 1) / 2.0) + y * ((size[1] - 1) / 2.0) + z * ((size[2] - 1) / 2.0);
@@ -86,8 +86,7 @@ McHandle<KxVolume> PhantomSeries::makeVolume(Grid grid, KxVolume::ScalarType typ
 {
     // The long way along the patient's axes, whichever of the grid's these are.
     const bool isAxial = grid != Grid::Sagittal && grid != Grid::Coronal;
-    const std::array<int, 3> dimensions
-        = isAxial ? std::array{96, 80, 50} : std::array{96, 84, 56};
+    const std::array<int, 3> dimensions = isAxial ? std::array{96, 80, 50} : std::array{96, 84, 56};
     const McHandle<KxVolume> volume(new KxVolume(dimensions, type));
     volume->setVoxelToPatient(transform(grid, dimensions));
     volume->setUnit("HU");

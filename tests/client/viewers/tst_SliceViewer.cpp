@@ -1,7 +1,7 @@
+#include "client/geometry/PlaneGeometry.h"
 #include "client/viewers/SliceReslicer.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
-#include "client/geometry/PlaneGeometry.h"
 #include "platform/render/KxEngine.h"
 #include "tests/client/support/PhantomSeries.h"
 
@@ -83,7 +83,8 @@ void tst_SliceViewer::ballIsWhereItBelongs_data()
         {"coronal", Grid::Coronal}, {"tilted", Grid::Tilted}, {"oblique", Grid::Oblique}};
     for (const auto &[name, grid] : grids) {
         // The ball is 30 mm to the left, 20 mm to the front and 24 mm to the head of the middle.
-        QTest::addRow("%s images, axial view", name) << grid << PlaneKind::Axial << QPointF(30, -20);
+        QTest::addRow("%s images, axial view", name)
+            << grid << PlaneKind::Axial << QPointF(30, -20);
         QTest::addRow("%s images, sagittal view", name)
             << grid << PlaneKind::Sagittal << QPointF(-20, -24);
         QTest::addRow("%s images, coronal view", name)
@@ -156,8 +157,7 @@ void tst_SliceViewer::greys()
 
 void tst_SliceViewer::colors()
 {
-    const McHandle<KxVolume> volume(
-        new KxVolume({2, 2, 1}, KxVolume::ScalarType::UInt8, 3));
+    const McHandle<KxVolume> volume(new KxVolume({2, 2, 1}, KxVolume::ScalarType::UInt8, 3));
     const std::array<std::uint8_t, 12> pixels{255, 0, 0, 0, 255, 0, 0, 0, 255, 9, 8, 7};
     std::memcpy(volume->slice(0), pixels.data(), pixels.size());
     SliceReslicer reslicer;
