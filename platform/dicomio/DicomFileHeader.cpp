@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string_view>
@@ -134,21 +135,34 @@ std::string bValue(const FrameLookUp &look)
     return text.empty() ? bValueOfSequenceName(look.text(DC::SequenceName)) : text;
 }
 
+/// A number in its shortest form, since devices write 500, 500.0 and 5e2 side by side.
+std::string shortened(const std::string &text)
+{
+    char *end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0') {
+        return text;
+    }
+    std::array<char, 32> result{};
+    std::snprintf(result.data(), result.size(), "%.10g", value);
+    return result.data();
+}
+
 void readPhaseTexts(const FrameLookUp &look, DicomFrame &frame)
 {
-    const auto set = [&frame](PhaseAttribute attribute, std::string text) {
-        frame.phaseTexts[static_cast<std::size_t>(attribute)] = std::move(text);
+    const auto set = [&frame](PhaseAttribute attribute, const std::string &text) {
+        frame.phaseTexts[static_cast<std::size_t>(attribute)] = text;
     };
-    set(PhaseAttribute::BValue, bValue(look));
+    set(PhaseAttribute::BValue, shortened(bValue(look)));
     set(PhaseAttribute::TemporalPosition,
-        look.firstText({DC::TemporalPositionIndex, DC::TemporalPositionIdentifier}));
-    set(PhaseAttribute::EchoTime, look.firstText({DC::EffectiveEchoTime, DC::EchoTime}));
+        shortened(look.firstText({DC::TemporalPositionIndex, DC::TemporalPositionIdentifier})));
+    set(PhaseAttribute::EchoTime, shortened(look.firstText({DC::EffectiveEchoTime, DC::EchoTime})));
     set(PhaseAttribute::TriggerTime,
-        look.firstText({DC::NominalCardiacTriggerDelayTime, DC::TriggerTime}));
-    set(PhaseAttribute::CardiacPhase, look.text(DC::NominalPercentageOfCardiacPhase));
-    set(PhaseAttribute::InversionTime, look.text(DC::InversionTime));
+        shortened(look.firstText({DC::NominalCardiacTriggerDelayTime, DC::TriggerTime})));
+    set(PhaseAttribute::CardiacPhase, shortened(look.text(DC::NominalPercentageOfCardiacPhase)));
+    set(PhaseAttribute::InversionTime, shortened(look.text(DC::InversionTime)));
     set(PhaseAttribute::ImageType, look.firstText({DC::ComplexImageComponent, DC::ImageType}));
-    set(PhaseAttribute::AcquisitionNumber, look.text(DC::AcquisitionNumber));
+    set(PhaseAttribute::AcquisitionNumber, shortened(look.text(DC::AcquisitionNumber)));
     set(PhaseAttribute::AcquisitionTime,
         look.firstText({DC::FrameAcquisitionDateTime, DC::AcquisitionDateTime, DC::AcquisitionTime,
             DC::ContentTime}));
