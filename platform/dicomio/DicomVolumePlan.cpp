@@ -328,8 +328,10 @@ void placeGrid(
     }
     plan.voxelToPatient = McTransform3d(right, down, step, first.position);
     if (!hasSpacing) {
+        plan.placement = KxVolume::Placement::Pixels;
         plan.remarks.push_back("The size of the pixels is unknown; lengths are in pixels.");
     } else if (!first.hasPosition) {
+        plan.placement = KxVolume::Placement::Millimetres;
         plan.remarks.push_back("The place of the images in the patient is unknown.");
     }
 }

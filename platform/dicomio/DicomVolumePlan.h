@@ -35,6 +35,7 @@ struct DicomVolumePlan
     std::string uid; ///< SOP instance UID of the first image
     std::array<int, 3> dimensions{};
     McTransform3d voxelToPatient;
+    KxVolume::Placement placement = KxVolume::Placement::Patient;
     KxVolume::ScalarType scalarType = KxVolume::ScalarType::Int16;
     int components = 1;
     std::string unit;

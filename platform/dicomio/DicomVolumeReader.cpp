@@ -224,6 +224,7 @@ McHandle<KxVolume> DicomVolumeReader::Private::makeVolume(const DicomVolumePlan:
     McHandle<KxVolume> volume(
         new KxVolume(volumePlan.dimensions, volumePlan.scalarType, volumePlan.components));
     volume->setVoxelToPatient(volumePlan.voxelToPatient);
+    volume->setPlacement(volumePlan.placement);
     volume->setUnit(volumePlan.unit);
     volume->setDefaultWindow(phase.window);
     if (volumePlan.background != 0) {

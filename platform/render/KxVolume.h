@@ -20,6 +20,13 @@ class MOVARA_PLATFORM_EXPORT KxVolume : public KxObject, public virtual McHandab
 public:
     enum class ScalarType { UInt8, Int16, Float32 };
 
+    /// What is known of where the grid lies.
+    enum class Placement {
+        Patient, ///< in patient coordinates, in mm
+        Millimetres, ///< only lengths: position and axes are made up
+        Pixels ///< nothing: lengths are in pixels too
+    };
+
     struct Window
     {
         double center = 0;
@@ -44,6 +51,10 @@ public:
     /// (gantry tilt).
     [[nodiscard]] const McTransform3d &voxelToPatient() const { return m_voxelToPatient; }
     void setVoxelToPatient(const McTransform3d &transform) { m_voxelToPatient = transform; }
+    /// Whether voxelToPatient() really leads into the patient; where it does not, sides of the
+    /// patient and, as the case may be, lengths must not be shown. Placement::Patient at first.
+    [[nodiscard]] Placement placement() const { return m_placement; }
+    void setPlacement(Placement placement) { m_placement = placement; }
     /// Lengths of the grid's steps in mm.
     [[nodiscard]] std::array<double, 3> spacing() const;
     /// The point in the middle of the grid, in patient coordinates.
@@ -68,6 +79,7 @@ private:
     int m_components;
     std::vector<std::byte> m_voxels;
     McTransform3d m_voxelToPatient;
+    Placement m_placement = Placement::Patient;
     std::string m_unit;
     Window m_defaultWindow;
     McHandle<HxParamBundle> m_attributes;
