@@ -39,26 +39,26 @@ enum class Body { Trunk, HeadT1, HeadT2 };
 
 struct Series
 {
-    int patient;
-    int number;
-    const char *folder;
-    const char *description;
-    Body body;
+    int patient = 0;
+    int number = 0;
+    const char *folder = "";
+    const char *description = "";
+    Body body = Body::Trunk;
     McVec3d right; ///< along the rows
     McVec3d down; ///< along the columns
     McVec3d center; ///< of the whole stack
-    int columns;
-    int rows;
-    int slices;
-    double pixel; ///< mm
-    double step; ///< mm between slices
-    double thickness;
-    double blur; ///< mm, of edges: the reconstruction's sharpness
-    double noise;
-    int numTimes;
-    double windowCenter;
-    double windowWidth;
-    const char *kernel;
+    int columns = 0;
+    int rows = 0;
+    int slices = 0;
+    double pixel = 0; ///< mm
+    double step = 0; ///< mm between slices
+    double thickness = 0;
+    double blur = 0; ///< mm, of edges: the reconstruction's sharpness
+    double noise = 0;
+    int numTimes = 0;
+    double windowCenter = 0;
+    double windowWidth = 0;
+    const char *kernel = "";
 };
 
 constexpr std::array series{
@@ -175,7 +175,7 @@ std::vector<std::uint16_t> render(
     const SamplePhantom around = whole.near(corner, normalOf(s), s.blur);
     const double offset = isCt(s) ? hounsfieldOffset : 0;
     std::vector<std::uint16_t> pixels;
-    pixels.reserve(static_cast<std::size_t>(s.columns * s.rows));
+    pixels.reserve(static_cast<std::size_t>(s.columns) * static_cast<std::size_t>(s.rows));
     for (int row = 0; row < s.rows; ++row) {
         const McVec3d start = corner + s.down * (s.pixel * row);
         const SamplePhantom phantom = around.near(start, s.down, s.blur);

@@ -11,7 +11,7 @@ class ExNotifiable;
 class MOVARA_FRAMEWORK_EXPORT ExNotification
 {
 public:
-#define MOVARA_ENUMERATOR(name, number) name = number,
+#define MOVARA_ENUMERATOR(name, number) name = (number),
     /// What happened. UNSPECIFIC is the wildcard to subscribe to everything; NONE ends a list of
     /// types.
     enum Type : int { MOVARA_NOTIFICATION_TYPES(MOVARA_ENUMERATOR) };

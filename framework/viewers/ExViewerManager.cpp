@@ -250,7 +250,7 @@ void ExViewerManager::deleteUnusedViewers()
 McHandle<ExBaseViewer> ExViewerManager::unusedViewer(Ex::ViewerType type)
 {
     for (int i = 0; i < d->unused.size(); ++i) {
-        const McHandle<ExBaseViewer> viewer = d->unused[i];
+        McHandle<ExBaseViewer> viewer = d->unused[i];
         if (viewer->viewerType() == type && !viewer->isOffScreen()) {
             d->unused.remove(i);
             viewer->clearCachedImages();

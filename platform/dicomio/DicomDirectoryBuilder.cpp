@@ -89,7 +89,7 @@ constexpr std::array otherObjects{
 
 std::string otherObjectRemark(const std::string &modality)
 {
-    const auto known = std::find_if(otherObjects.begin(), otherObjects.end(),
+    const auto *const known = std::find_if(otherObjects.begin(), otherObjects.end(),
         [&modality](const OtherObject &object) { return modality == object.modality; });
     return known != otherObjects.end() ? known->remark : "This series holds no images.";
 }

@@ -177,7 +177,7 @@ std::string DicomFrameDecoder::decode(const DicomFileHeader &file, int frame,
     KxVolume::ScalarType type, std::vector<std::byte> &voxels)
 {
     if (!d->image || d->file != file.file) {
-        const std::string error = d->read(file);
+        std::string error = d->read(file);
         if (!error.empty()) {
             return error;
         }

@@ -54,7 +54,7 @@ public:
         m_stream.next_in = reinterpret_cast<Bytef *>(deflated.data());
         m_stream.avail_in = static_cast<uInt>(deflated.size());
         QByteArray result;
-        std::array<char, 65536> buffer;
+        std::array<char, 65536> buffer{};
         int state = m_isReady ? Z_OK : Z_STREAM_ERROR;
         while (state == Z_OK && result.size() < largestDataSet) {
             m_stream.next_out = reinterpret_cast<Bytef *>(buffer.data());

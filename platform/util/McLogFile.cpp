@@ -18,7 +18,7 @@ constexpr std::size_t numberOfFiles = 3;
 
 QString logFolder()
 {
-    const QString named = qEnvironmentVariable("MOVARA_LOG_DIR");
+    QString named = qEnvironmentVariable("MOVARA_LOG_DIR");
     if (!named.isEmpty()) {
         return named;
     }
@@ -27,7 +27,7 @@ QString logFolder()
 }
 
 /// The text of a printf call without trailing line feeds.
-std::string formatted(const char *format, va_list arguments)
+__attribute__((format(printf, 1, 0))) std::string formatted(const char *format, va_list arguments)
 {
     va_list again;
     va_copy(again, arguments);

@@ -23,7 +23,7 @@ QString text(const std::string &value)
 
 void describe(const DicomDirectoryEntry &entry, int depth, QStringList &lines)
 {
-    QString line(depth * 2, u' ');
+    QString line(qsizetype(2) * depth, u' ');
     switch (entry.level()) {
     case DicomDirectoryEntry::Patient:
         line += u"patient " % text(entry.patientName()) % u'/' % text(entry.patientId());
