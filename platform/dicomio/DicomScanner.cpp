@@ -2,6 +2,7 @@
 
 #include "platform/dicomio/DicomDirectoryBuilder.h"
 #include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/DicomMailbox.h"
 #include "platform/dicomio/DicomParsing.h"
 
 #include <vtkDICOMDictionary.h>
@@ -242,10 +243,11 @@ std::vector<DicomFileHeader> usable(
 class DicomScanner::Private
 {
 public:
-    std::jthread thread;
+    DicomMailbox mailbox;
     Result result;
     bool isRunning = false;
     int generation = 0; ///< tells the running scan from those before it
+    std::jthread thread; // last, so that it has ended when the others go
 };
 
 DicomScanner::Result DicomScanner::scanNow(
@@ -278,12 +280,11 @@ void DicomScanner::start(const McDArray<McFilename> &paths)
     const int generation = ++d->generation;
     d->isRunning = true;
     const auto report = [this, generation](auto action) {
-        const auto current = [this, generation, action] {
+        d->mailbox.post([this, generation, action] {
             if (generation == d->generation) {
                 action();
             }
-        };
-        QMetaObject::invokeMethod(this, current, Qt::QueuedConnection);
+        });
     };
     // Assigning cancels and awaits the scan before.
     d->thread = std::jthread([this, paths, report](const std::stop_token &stop) {

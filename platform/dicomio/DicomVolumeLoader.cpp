@@ -1,5 +1,6 @@
 #include "platform/dicomio/DicomVolumeLoader.h"
 
+#include "platform/dicomio/DicomMailbox.h"
 #include "platform/dicomio/DicomVolumeReader.h"
 
 #include <algorithm>
@@ -76,18 +77,18 @@ public:
     McDArray<std::string> remarks;
     int done = 0;
     int total = 0;
-    std::jthread thread;
+    DicomMailbox mailbox;
+    std::jthread thread; // last, so that it has ended when the others go
 };
 
 template <typename Action>
 void DicomVolumeLoader::Private::post(const std::shared_ptr<Load> &running, Action action)
 {
-    const auto current = [this, running, action] {
+    mailbox.post([this, running, action] {
         if (running == load) {
             action();
         }
-    };
-    QMetaObject::invokeMethod(&q, current, Qt::QueuedConnection);
+    });
 }
 
 void DicomVolumeLoader::Private::work(const std::shared_ptr<Load> &running,

@@ -379,14 +379,15 @@ void tst_DicomScanner::signalsComeInTheScannersThread()
     }
     DicomScanner scanner;
     QStringList log;
-    QObject::connect(&scanner, &DicomScanner::progressChanged, this, [&log](int done, int total) {
-        log << QStringLiteral("%1 of %2").arg(done).arg(total);
-        QVERIFY(QThread::currentThread() == qApp->thread());
-    });
+    QObject::connect(
+        &scanner, &DicomScanner::progressChanged, this, [this, &log](int done, int total) {
+            log << QStringLiteral("%1 of %2").arg(done).arg(total);
+            QVERIFY(QThread::currentThread() == thread());
+        });
     QObject::connect(&scanner, &DicomScanner::finished, this, [&] {
         log << (scanner.isRunning() ? QStringLiteral("finished, running")
                                     : QStringLiteral("finished, idle"));
-        QVERIFY(QThread::currentThread() == qApp->thread());
+        QVERIFY(QThread::currentThread() == thread());
     });
     scanner.start({files.folder()});
     QVERIFY(scanner.isRunning());
