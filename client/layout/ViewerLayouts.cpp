@@ -81,6 +81,10 @@ void ViewerLayouts::apply(const ViewerLayout &layout)
     for (ExBaseViewer *left : present) {
         m_manager.dropViewer(*left);
     }
+    // Groups of viewers come in the order of the layout.
+    m_manager.sortViewers([](const McHandle<ExBaseViewer> &a, const McHandle<ExBaseViewer> &b) {
+        return a->displaySetID() < b->displaySetID();
+    });
     m_current = layout.name;
     m_screen.setReconfigureEnabled(true);
     m_screen.reconfigure();

@@ -4,6 +4,9 @@
 #include "platform/render/KxEngine.h"
 #include "platform/util/McLogFile.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 namespace {
 
 constexpr int changeMilliseconds = 100;
@@ -57,6 +60,7 @@ void SeriesLoad::sliceLoaded()
         Q_EMIT changed();
         // The first image is to be seen at once, however fast the next slices come.
         KxEngine::instance().renderQueue().flush();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
     } else if (!m_changeTimer.isActive()) {
         m_changeTimer.start();
     }

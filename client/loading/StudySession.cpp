@@ -31,6 +31,17 @@ void walk(const McHandle<Zel::DicomDirectoryEntry> &entry, const Visit &visit)
     }
 }
 
+/// Voxels of the largest volume of a series, one phase of it.
+double largestVolume(const Zel::DicomDirectoryEntry &series)
+{
+    double largest = 0;
+    for (const auto &volume : series.children()) {
+        const auto &size = volume->dimensions();
+        largest = std::max(largest, 1.0 * size[0] * size[1] * size[2]);
+    }
+    return largest;
+}
+
 } // namespace
 
 StudySession::StudySession(QObject *parent)
@@ -108,10 +119,12 @@ McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const
 McHandle<StudySession::Entry> StudySession::largestSeries() const
 {
     McHandle<Entry> largest;
+    double most = 0;
     for (const McHandle<Entry> &patient : m_scanner.result().patients) {
         walk(patient, [&](const McHandle<Entry> &each) {
-            const int best = largest ? largest->numImages() : 0;
-            if (each->isSeries() && each->numImages() > best) {
+            const double voxels = each->isSeries() && each->isImage() ? largestVolume(*each) : 0;
+            if (voxels > most) {
+                most = voxels;
                 largest = each;
             }
         });

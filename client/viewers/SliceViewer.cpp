@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -182,9 +183,14 @@ void SliceViewer::voxelsChanged()
 
 void SliceViewer::showWholeVolume()
 {
-    const KxSlice home = PlaneGeometry::plane(m_plane, *volume(0));
-    m_stack = SliceStack(home, *volume(0));
-    const McVec3d center = m_stack.moved(home.center(), m_stack.nearestIndex(home.center()));
+    const KxVolume &shown = *volume(0);
+    const KxSlice home = PlaneGeometry::plane(m_plane, shown);
+    m_stack = SliceStack(home, shown);
+    // Of an even number of slices the later one in the middle, which is read before all others.
+    const auto &size = shown.dimensions();
+    const McVec3d middle = shown.voxelToPatient().map(
+        {(size[0] - 1) / 2.0, (size[1] - 1) / 2.0, std::floor(size[2] / 2.0)});
+    const McVec3d center = m_stack.moved(home.center(), m_stack.nearestIndex(middle));
     m_slice = KxSlice(center, home.right(), home.down());
     m_isFitting = true;
     m_zoom = fittingZoom();

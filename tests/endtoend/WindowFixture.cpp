@@ -1,0 +1,97 @@
+#include "tests/endtoend/WindowFixture.h"
+
+#include "client/links/LinkType.h"
+#include "framework/viewers/ExViewerDB.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int wheelStep = 120;
+
+void sendMouse(QWidget &widget, QEvent::Type type, const QPointF &position, Qt::MouseButton button,
+    Qt::MouseButtons held, Qt::KeyboardModifiers modifiers)
+{
+    QMouseEvent event(type, position, widget.mapToGlobal(position), button, held, modifiers);
+    QApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+WindowFixture::WindowFixture()
+    : m_window(std::make_unique<MainWindow>())
+{
+    m_window->resize(1200, 900);
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window.get())) {
+        qFatal("the main window is not shown");
+    }
+}
+
+WindowFixture::~WindowFixture()
+{
+    m_window.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (!QApplication::topLevelWidgets().isEmpty() || ExViewerManager::instancePointer()) {
+        qFatal("the main window has left widgets or its viewer manager behind");
+    }
+    for (const LinkType &type : LinkType::all()) {
+        if (ExViewerDB::numGroups(type.group) != 0) {
+            qFatal("viewers are still linked after the main window has gone");
+        }
+        ExViewerDB::setGroupEnabled(type.group, true);
+    }
+}
+
+SliceViewer &WindowFixture::slice(int i)
+{
+    return *workstation().sliceViewers()[static_cast<std::size_t>(i)];
+}
+
+void WindowFixture::show(const McHandle<LoadedSeries> &series)
+{
+    for (WorkstationViewer *viewer : workstation().viewers()) {
+        viewer->setSeries(series);
+    }
+    settle();
+}
+
+void WindowFixture::settle()
+{
+    if (!QTest::qWaitFor([this] { return workstation().isSettled(); })) {
+        qFatal("the viewers do not settle");
+    }
+}
+
+void WindowFixture::wheel(WorkstationViewer &viewer, int steps, Qt::KeyboardModifiers modifiers)
+{
+    const QPointF middle = QRectF(viewer.widget()->rect()).center();
+    for (int i = 0; i < std::abs(steps); ++i) {
+        QWheelEvent event(middle, viewer.widget()->mapToGlobal(middle), QPoint(),
+            QPoint(0, steps > 0 ? wheelStep : -wheelStep), Qt::NoButton, modifiers,
+            Qt::NoScrollPhase, false);
+        QApplication::sendEvent(viewer.widget(), &event);
+    }
+}
+
+void WindowFixture::drag(WorkstationViewer &viewer, Qt::MouseButton button, const QPoint &by,
+    Qt::KeyboardModifiers modifiers)
+{
+    ViewerRenderWidget &widget = *viewer.widget();
+    const QPointF start = widget.rect().center();
+    sendMouse(widget, QEvent::MouseButtonPress, start, button, button, modifiers);
+    constexpr int parts = 3;
+    for (int i = 1; i <= parts; ++i) {
+        const QPointF position = start + QPointF(by) * i / parts;
+        sendMouse(widget, QEvent::MouseMove, position, Qt::NoButton, button, modifiers);
+    }
+    sendMouse(widget, QEvent::MouseButtonRelease, start + by, button, Qt::NoButton, modifiers);
+}
+
+void WindowFixture::clickBadge(WorkstationViewer &viewer)
+{
+    QTest::mouseClick(viewer.widget(), Qt::LeftButton, Qt::NoModifier,
+        OverlayPainter::badgeRect(viewer.widget()->size()).center());
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "client/app/MainWindow.h"
+#include "client/viewers/SliceViewer.h"
+#include "client/viewers/ViewerRenderWidget.h"
+#include "tests/client/support/PhantomSeries.h"
+
+#include <QStringList>
+
+/// The real main window on the screen, with input as a user gives it. Checks at its end that
+/// nothing of the window is left behind.
+class WindowFixture
+{
+public:
+    WindowFixture();
+    ~WindowFixture();
+
+    [[nodiscard]] MainWindow &window() { return *m_window; }
+    [[nodiscard]] Workstation &workstation() { return m_window->workstation(); }
+    /// The i-th slice viewer.
+    [[nodiscard]] SliceViewer &slice(int i);
+    /// Shows a series in all viewers and waits for the final images.
+    void show(const McHandle<LoadedSeries> &series);
+    void settle();
+
+    static void wheel(WorkstationViewer &viewer, int steps,
+        Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Presses in the middle of a viewer, moves in three steps, releases.
+    static void drag(WorkstationViewer &viewer, Qt::MouseButton button, const QPoint &by,
+        Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    static void clickBadge(WorkstationViewer &viewer);
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+};

@@ -1,0 +1,324 @@
+#include "client/app/NotificationWatch.h"
+#include "client/layout/ViewerArea.h"
+#include "client/panels/ProblemsButton.h"
+#include "client/panels/StudyTree.h"
+#include "tests/endtoend/WindowFixture.h"
+#include "tests/platform/dicomio/DicomFixture.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+#include <QTreeWidgetItemIterator>
+
+/// Opening folders: what is shown while it is read, when it is, and when it cannot be.
+class tst_OpenStudies : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void largestSeriesIsShown();
+    void otherSeriesByDoubleClick();
+    void seriesIsDroppedOnOneViewer();
+    void phasesOfOneSeries();
+    void firstImageComesBeforeTheLast();
+    void cancelKeepsWhatWasRead();
+    void closeWhileReading();
+    void openWhileReading();
+    void nothingToShow_data();
+    void nothingToShow();
+    void problemsAreListed();
+    void unreadableSlicesAreTold();
+
+private:
+    void open();
+    void openAndWait();
+    /// 64 x 64 pixels in a series of its own.
+    void addLargeSlices(int count);
+    [[nodiscard]] QStringList treeTexts();
+    [[nodiscard]] StudyTree &tree() { return *m_fixture->window().findChild<StudyTree *>(); }
+    [[nodiscard]] WorkstationViewer &viewer(std::size_t i)
+    {
+        return *m_fixture->workstation().viewers()[i];
+    }
+
+    std::unique_ptr<DicomFixture> m_files;
+    std::unique_ptr<WindowFixture> m_fixture;
+};
+
+namespace {
+
+constexpr int largeSide = 64;
+
+bool showsBright(const WorkstationViewer &viewer)
+{
+    const QImage &frame = viewer.widget()->frame();
+    return !frame.isNull() && qGray(frame.pixel(frame.rect().center())) == 255;
+}
+
+} // namespace
+
+void tst_OpenStudies::init()
+{
+    m_files = std::make_unique<DicomFixture>();
+    m_fixture = std::make_unique<WindowFixture>();
+}
+
+void tst_OpenStudies::cleanup()
+{
+    m_fixture.reset();
+    m_files.reset();
+}
+
+void tst_OpenStudies::open()
+{
+    m_fixture->window().open({QString::fromStdString(m_files->folder().string())});
+}
+
+void tst_OpenStudies::openAndWait()
+{
+    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+    open();
+    QTRY_COMPARE(opened.count(), 1);
+    QTRY_VERIFY(m_fixture->workstation().isSettled());
+}
+
+void tst_OpenStudies::addLargeSlices(int count)
+{
+    const std::vector<std::int16_t> pixels(largeSide * largeSide, 1000);
+    for (int i = 0; i < count; ++i) {
+        const auto attributes = DicomFixture::attributes(1000 + i,
+            {{"G0028-0010", std::to_string(largeSide)}, {"G0028-0011", std::to_string(largeSide)},
+                {"G0020-000E", "2.25.1.3"}, {"G0028-1050", "500"}, {"G0028-1051", "1000"},
+                {"G0020-0032", "0\\0\\" + std::to_string(2 * i)}});
+        m_files->add("large" + std::to_string(i) + ".dcm", *attributes, pixels);
+    }
+}
+
+QStringList tst_OpenStudies::treeTexts()
+{
+    QStringList texts;
+    for (QTreeWidgetItemIterator each(&tree()); *each != nullptr; ++each) {
+        texts += (*each)->text(0).replace(u'\n', u'|');
+    }
+    return texts;
+}
+
+void tst_OpenStudies::largestSeriesIsShown()
+{
+    m_files->addSlice(1, 0, {{"G0020-0011", "3"}});
+    m_files->addSlice(2, 5, {{"G0020-0011", "3"}});
+    for (int i = 10; i < 14; ++i) {
+        m_files->addSlice(i, 3 * i,
+            {{"G0020-000E", "2.25.1.2"}, {"G0020-0011", "7"}, {"G0008-103E", "second"}});
+    }
+    openAndWait();
+    QCOMPARE(treeTexts(),
+        (QStringList{QStringLiteral("Doe, Jane  ID1"), QStringLiteral("(study without date)"),
+            QStringLiteral("CT 3|2 image(s)"), QStringLiteral("CT 7: second|4 image(s)")}));
+    QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
+    QCOMPARE(m_fixture->slice(0).stack().count(), 4);
+    QCOMPARE(m_fixture->slice(0).stack().step(), 3.0);
+    const OverlayContent &overlay = viewer(0).widget()->overlay();
+    QCOMPARE(overlay.corners[OverlayContent::TopLeft],
+        (QStringList{QStringLiteral("Doe, Jane"), QStringLiteral("ID1"),
+            QStringLiteral("born 1970-01-02")}));
+    QCOMPARE(overlay.corners[OverlayContent::BottomLeft][0], QStringLiteral("Im 2/4"));
+    QCOMPARE(m_fixture->window().windowTitle(), QStringLiteral("Doe, Jane – Movara"));
+    QCOMPARE(overlay.progress, 1.0);
+}
+
+void tst_OpenStudies::otherSeriesByDoubleClick()
+{
+    largestSeriesIsShown();
+    tree().setCurrentItem(tree().topLevelItem(0)->child(0)->child(0));
+    Q_EMIT tree().itemActivated(tree().currentItem(), 0);
+    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        QCOMPARE(each->series()->uid(), std::string("2.25.1.1"));
+    }
+    QTRY_VERIFY(m_fixture->workstation().isSettled());
+    QCOMPARE(m_fixture->slice(0).stack().count(), 2);
+}
+
+void tst_OpenStudies::seriesIsDroppedOnOneViewer()
+{
+    largestSeriesIsShown();
+    QMimeData dragged;
+    dragged.setData(ViewerArea::seriesMimeType, "2.25.1.1");
+    ViewerArea &area = *m_fixture->window().findChild<ViewerArea *>();
+    const QPoint target = viewer(1).widget()->geometry().center();
+    QDragEnterEvent enter(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&area, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&area, &drop);
+    QCOMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
+    QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
+    QTRY_VERIFY(m_fixture->workstation().isSettled());
+}
+
+void tst_OpenStudies::phasesOfOneSeries()
+{
+    for (int phase = 1; phase <= 3; ++phase) {
+        for (int z = 0; z < 2; ++z) {
+            m_files->addSlice(10 * phase + z, 4 * z, {{"G0020-0012", std::to_string(phase)}});
+        }
+    }
+    openAndWait();
+    QCOMPARE(viewer(0).numPhases(), 3);
+    QCOMPARE(m_fixture->slice(0).stack().count(), 2);
+    QVERIFY(treeTexts().last().endsWith(QStringLiteral("6 image(s), 3 phases")));
+}
+
+void tst_OpenStudies::firstImageComesBeforeTheLast()
+{
+    addLargeSlices(60);
+    bool wasSeenEarly = false;
+    QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
+        wasSeenEarly = wasSeenEarly
+            || (showsBright(viewer(0)) && !viewer(0).series()->isComplete());
+    });
+    openAndWait();
+    QVERIFY(wasSeenEarly);
+    QVERIFY(viewer(0).series()->isComplete());
+    QVERIFY(viewer(0).series()->remark().isEmpty());
+}
+
+void tst_OpenStudies::cancelKeepsWhatWasRead()
+{
+    addLargeSlices(60);
+    auto *const button
+        = m_fixture->window().findChild<QPushButton *>(QStringLiteral("CancelButton"));
+    QVERIFY(!button->isVisible());
+    bool wasClicked = false;
+    QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
+        if (showsBright(viewer(0)) && !wasClicked) {
+            wasClicked = true;
+            QVERIFY(button->isVisible());
+            QTest::mouseClick(button, Qt::LeftButton);
+        }
+    });
+    openAndWait();
+    QVERIFY(wasClicked);
+    QVERIFY(!button->isVisible());
+    QVERIFY(viewer(0).series()->progress() < 1);
+    QVERIFY(viewer(0).series()->remark().contains(QStringLiteral("cancelled")));
+    QVERIFY(viewer(0).widget()->overlay().corners[OverlayContent::BottomRight].contains(
+        viewer(0).series()->remark()));
+    m_fixture->wheel(viewer(0), -1); // What was read can be worked with.
+}
+
+void tst_OpenStudies::closeWhileReading()
+{
+    addLargeSlices(60);
+    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+    open();
+    QTRY_COMPARE(opened.count(), 1);
+    m_fixture->workstation().session().close();
+    QVERIFY(!m_fixture->workstation().session().isBusy());
+    QCOMPARE(treeTexts(), QStringList());
+    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        QVERIFY(each->series() == nullptr);
+        QVERIFY(each->widget()->overlay().message.startsWith(QStringLiteral("No series.")));
+    }
+    m_fixture->settle();
+    QVERIFY(viewer(0).widget()->frame().isNull());
+}
+
+void tst_OpenStudies::openWhileReading()
+{
+    addLargeSlices(60);
+    open();
+    openAndWait();
+    QCOMPARE(treeTexts().size(), 3);
+    QVERIFY(viewer(0).series()->isComplete());
+}
+
+void tst_OpenStudies::nothingToShow_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no such folder") << QStringLiteral("missing")
+                                    << QStringLiteral("There are no files here");
+    QTest::newRow("empty folder") << QStringLiteral("empty")
+                                  << QStringLiteral("There are no files here");
+    QTest::newRow("no images") << QStringLiteral("report")
+                               << QStringLiteral("There are no images among 1 file");
+}
+
+void tst_OpenStudies::nothingToShow()
+{
+    QFETCH(QString, what);
+    QFETCH(QString, text);
+    QString path = QString::fromStdString(m_files->folder().string());
+    if (what == QLatin1String("missing")) {
+        path += QStringLiteral("/not-there");
+    } else if (what == QLatin1String("report")) {
+        const auto report = DicomFixture::attributes(1,
+            {{"G0008-0016", "1.2.840.10008.5.1.4.1.1.88.11"}, {"G0008-0060", "SR"},
+                {"G0028-0010", ""}, {"G0028-0011", ""}});
+        m_files->add("report.dcm", *report, {});
+    }
+    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+    m_fixture->window().open({path});
+    QTRY_COMPARE(opened.count(), 1);
+    QVERIFY2(m_fixture->window().openProblem().startsWith(text),
+        qPrintable(m_fixture->window().openProblem()));
+    QVERIFY(viewer(0).series() == nullptr);
+    if (what == QLatin1String("report")) {
+        QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
+        QVERIFY(item->text(0).startsWith(QStringLiteral("SR")));
+        QCOMPARE(item->foreground(0).color(),
+            tree().palette().color(QPalette::Disabled, QPalette::Text));
+        Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
+        QVERIFY(viewer(0).series() == nullptr);
+    }
+}
+
+void tst_OpenStudies::problemsAreListed()
+{
+    m_files->addSlice(1, 0);
+    m_files->addSlice(2, 5);
+    m_files->addText("notes.dcm", "no DICOM at all");
+    openAndWait();
+    auto *const button = m_fixture->window().findChild<ProblemsButton *>();
+    QVERIFY(button->isVisible());
+    QVERIFY(button->text().startsWith(QStringLiteral("1 file")));
+    QTest::mouseClick(button, Qt::LeftButton);
+    auto *const dialog
+        = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
+    QVERIFY(dialog != nullptr);
+    auto *const list = dialog->findChild<QTreeWidget *>();
+    QCOMPARE(list->topLevelItemCount(), 1);
+    QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("notes.dcm"));
+    QVERIFY(!list->topLevelItem(0)->text(1).isEmpty());
+    dialog->close();
+    m_fixture->workstation().session().close();
+    QVERIFY(!button->isVisible());
+}
+
+void tst_OpenStudies::unreadableSlicesAreTold()
+{
+    for (int i = 1; i <= 3; ++i) {
+        m_files->addSlice(i, 5 * i);
+    }
+    // The header is whole, the pixels are cut off.
+    const QByteArray whole = m_files->read("3.dcm");
+    m_files->addText("3.dcm", whole.left(whole.size() - 10));
+    openAndWait();
+    const QString remark = viewer(0).series() ? viewer(0).series()->remark() : QString();
+    const bool wasTold = remark.contains(QStringLiteral("could not be read"))
+        || m_fixture->window().findChild<ProblemsButton *>()->isVisible();
+    QVERIFY2(wasTold, qPrintable(remark));
+}
+
+QTEST_MAIN(tst_OpenStudies)
+#include "tst_OpenStudies.moc"
