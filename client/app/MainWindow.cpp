@@ -5,6 +5,7 @@
 #include "client/app/ViewerMenu.h"
 #include "client/layout/ViewerArea.h"
 #include "client/loading/SampleMaker.h"
+#include "client/loading/ThumbnailMaker.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/ProgressLine.h"
 #include "client/panels/StudyTree.h"
@@ -32,6 +33,7 @@ MainWindow::MainWindow()
     , m_progress(new ProgressLine)
     , m_problems(new ProblemsButton)
     , m_status(new QLabel)
+    , m_thumbnails(new ThumbnailMaker(this))
     , m_workstation(std::make_unique<Workstation>(
           *m_area, [this](WorkstationViewer &viewer, const QPoint &position) {
               makeViewerMenu(viewer, m_workstation->layouts())->popup(position);
@@ -86,6 +88,7 @@ void MainWindow::connectSession()
                 static_cast<WorkstationViewer &>(*widget->viewer()), uid.toStdString());
         }
     });
+    connect(m_thumbnails, &ThumbnailMaker::made, m_tree, &StudyTree::setThumbnail);
     connect(m_area, &ViewerArea::pathsDropped, this, &MainWindow::open);
 }
 
@@ -168,16 +171,18 @@ void MainWindow::showFound()
     m_tree->setPatients(found.patients);
     m_problems->setProblems(found.problems);
     const auto largest = m_workstation->session().largestSeries();
+    m_wantsThumbnails = true;
     if (largest) {
-        m_status->setText(tr("%n file(s) looked at", nullptr, found.numFiles));
+        m_status->setText(tr("Files looked at: %1").arg(found.numFiles));
         m_workstation->openInAll(largest->uid());
     } else {
         setProblem(found.wasCancelled ? tr("Opening was cancelled.")
                 : found.numFiles == 0
                 ? tr("There are no files here. Open another folder with File > Open folder.")
-                : tr("There are no images among %n file(s). Open another folder with File > Open "
-                     "folder.",
-                    nullptr, found.numFiles));
+                : tr("There are no images here (files looked at: %1). Open another folder with "
+                     "File > "
+                     "Open folder.")
+                      .arg(found.numFiles));
     }
     Q_EMIT opened();
 }
@@ -187,12 +192,30 @@ void MainWindow::showBusy(bool busy)
     m_progress->setVisible(busy);
     if (busy) {
         m_progress->setProgress(0, 0, tr("Opening"));
+    } else {
+        startThumbnails();
     }
+}
+
+void MainWindow::startThumbnails()
+{
+    // Only now, so that they do not hold up the images that the user waits for.
+    if (m_wantsThumbnails) {
+        m_wantsThumbnails = false;
+        m_thumbnails->start(m_workstation->session().imageSeries());
+    }
+}
+
+bool MainWindow::isSettled() const
+{
+    return m_sample == nullptr && !m_thumbnails->isRunning() && m_workstation->isSettled();
 }
 
 void MainWindow::clearFound()
 {
     m_openProblem.clear();
+    m_thumbnails->stop();
+    m_wantsThumbnails = false;
     m_tree->setPatients({});
     m_tree->setEmptyText(
         tr("No studies are open.\n\nOpen a folder with File > Open folder, or drop one here."));

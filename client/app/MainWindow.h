@@ -12,6 +12,7 @@ class ProgressLine;
 class QLabel;
 class SampleMaker;
 class StudyTree;
+class ThumbnailMaker;
 class ViewerArea;
 
 /// The workstation's main window: list of studies, viewers, menus, status line. GUI thread only.
@@ -28,6 +29,8 @@ public:
     void open(const QStringList &paths);
     /// Opens the sample study, which is made first when it is not there yet.
     void openSample();
+    /// Whether nothing is under way and everything is shown in its final state.
+    [[nodiscard]] bool isSettled() const;
     /// By the layout's name. @return false for an unknown one.
     bool setLayoutByName(const QString &name);
     /// What went wrong with the last open(), for the user; empty when nothing did.
@@ -43,6 +46,7 @@ private:
     void askForFolder();
     void showAbout();
     void showFound();
+    void startThumbnails();
     void showBusy(bool busy);
     void sampleFinished(const QString &problem);
     void cancel();
@@ -56,7 +60,9 @@ private:
     ProblemsButton *m_problems;
     QLabel *m_status;
     SampleMaker *m_sample = nullptr; ///< while it works
+    ThumbnailMaker *m_thumbnails;
     QString m_openProblem;
+    bool m_wantsThumbnails = false;
     std::unique_ptr<Workstation> m_workstation;
     McHandle<ExNotifiable> m_activeWatch;
 

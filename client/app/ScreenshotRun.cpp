@@ -29,7 +29,7 @@ void ScreenshotRun::check()
 {
     if (m_isOpened && !m_window.openProblem().isEmpty()) {
         fail(m_window.openProblem());
-    } else if (m_isOpened && m_window.workstation().isSettled()) {
+    } else if (m_isOpened && m_window.isSettled()) {
         finish();
     } else if (m_clock.elapsed() > mostMilliseconds) {
         fail(QStringLiteral("The studies were not loaded within %1 seconds.")

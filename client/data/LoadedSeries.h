@@ -31,7 +31,8 @@ public:
     /// Reading has ended, with all slices or, after an error or on the user's wish, with some.
     [[nodiscard]] bool isComplete() const { return m_isComplete; }
     void setComplete() { m_isComplete = true; }
-    /// What the user should know: the reading was cancelled, some slices could not be read.
+    /// What the user should know, in lines: what is odd about the images, that reading was
+    /// cancelled, that some slices could not be read.
     [[nodiscard]] const QString &remark() const { return m_remark; }
     void setRemark(const QString &remark) { m_remark = remark; }
 

@@ -50,6 +50,9 @@ void SeriesLoad::cancel()
 void SeriesLoad::prepared()
 {
     m_series->setImages(m_loader->series());
+    for (const std::string &remark : m_loader->remarks()) {
+        addRemark(QString::fromStdString(remark));
+    }
     Q_EMIT changed();
 }
 
@@ -75,18 +78,24 @@ void SeriesLoad::sliceFailed(const QString &reason)
 
 void SeriesLoad::failed(const QString &reason)
 {
-    m_series->setRemark(reason);
+    addRemark(reason);
     end();
 }
 
 void SeriesLoad::finished(bool complete)
 {
     if (!complete) {
-        m_series->setRemark(tr("incomplete: reading was cancelled"));
+        addRemark(tr("incomplete: reading was cancelled"));
     } else if (m_failedSlices > 0) {
-        m_series->setRemark(tr("%n slice(s) could not be read", nullptr, m_failedSlices));
+        addRemark(tr("slices that could not be read: %1").arg(m_failedSlices));
     }
     end();
+}
+
+void SeriesLoad::addRemark(const QString &remark)
+{
+    const QString &before = m_series->remark();
+    m_series->setRemark(before.isEmpty() ? remark : before % QLatin1Char('\n') % remark);
 }
 
 void SeriesLoad::end()

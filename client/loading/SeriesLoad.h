@@ -37,6 +37,7 @@ private:
     void sliceFailed(const QString &reason);
     void failed(const QString &reason);
     void finished(bool complete);
+    void addRemark(const QString &remark);
     void end();
 
     McHandle<LoadedSeries> m_series;

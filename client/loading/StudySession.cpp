@@ -7,7 +7,7 @@
 #include "framework/viewers/ExViewerManager.h"
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -31,13 +31,13 @@ void walk(const McHandle<Zel::DicomDirectoryEntry> &entry, const Visit &visit)
     }
 }
 
-/// Voxels of the largest volume of a series, one phase of it.
-double largestVolume(const Zel::DicomDirectoryEntry &series)
+/// Voxels of the largest volume of a series, one phase of it. Single images come after all stacks.
+std::pair<bool, double> largestVolume(const Zel::DicomDirectoryEntry &series)
 {
-    double largest = 0;
+    std::pair<bool, double> largest;
     for (const auto &volume : series.children()) {
         const auto &size = volume->dimensions();
-        largest = std::max(largest, 1.0 * size[0] * size[1] * size[2]);
+        largest = std::max(largest, {size[2] > 1, 1.0 * size[0] * size[1] * size[2]});
     }
     return largest;
 }
@@ -116,18 +116,26 @@ McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const
     return found;
 }
 
+std::vector<McHandle<StudySession::Entry>> StudySession::imageSeries() const
+{
+    std::vector<McHandle<Entry>> found;
+    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
+        walk(patient, [&found](const McHandle<Entry> &each) {
+            if (each->isSeries() && each->isImage()) {
+                found.push_back(each);
+            }
+        });
+    }
+    return found;
+}
+
 McHandle<StudySession::Entry> StudySession::largestSeries() const
 {
     McHandle<Entry> largest;
-    double most = 0;
-    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
-        walk(patient, [&](const McHandle<Entry> &each) {
-            const double voxels = each->isSeries() && each->isImage() ? largestVolume(*each) : 0;
-            if (voxels > most) {
-                most = voxels;
-                largest = each;
-            }
-        });
+    for (const McHandle<Entry> &each : imageSeries()) {
+        if (!largest || largestVolume(*each) > largestVolume(*largest)) {
+            largest = each;
+        }
     }
     return largest;
 }
@@ -196,8 +204,7 @@ void StudySession::tellProgress()
     constexpr int percent = 100;
     if (!m_loads.empty()) {
         Q_EMIT progressChanged(static_cast<int>(done * percent),
-            static_cast<int>(m_loads.size()) * percent,
-            tr("Reading %n series", nullptr, static_cast<int>(m_loads.size())));
+            static_cast<int>(m_loads.size()) * percent, tr("Reading series"));
     }
 }
 

@@ -43,7 +43,10 @@ public:
     [[nodiscard]] const DicomScanner::Result &found() const { return m_scanner.result(); }
     /// The series, or the volume of one, with this identifier; null when it is unknown.
     [[nodiscard]] McHandle<Entry> entry(const std::string &uid) const;
-    /// The series with the largest volume, its phases not counted; null when there are no images.
+    /// All series with images, in the order of the directory.
+    [[nodiscard]] std::vector<McHandle<Entry>> imageSeries() const;
+    /// The series with the largest volume, its phases not counted, single images last; null when
+    /// there are no images.
     [[nodiscard]] McHandle<Entry> largestSeries() const;
 
     /// Shows a series, or one of its volumes, in a viewer; reading starts when it has not yet.

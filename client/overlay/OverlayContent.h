@@ -37,8 +37,8 @@ struct OverlayContent
     Link link = Link::None;
     /// The part of the data that has been read, 0 to 1; 1 hides the bar.
     double progress = 1;
-    /// A quick picture is shown, the final one is still to come.
-    bool isPreview = false;
+    /// What is wrong or not final yet; above the texts at the bottom right, conspicuous.
+    QStringList warnings;
     /// Text in the middle, when there is no image: why, and what to do.
     QString message;
 

@@ -86,20 +86,19 @@ void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
     const int inset = isBesideBadge ? 2 * border + badgeSize : border + 2;
     const Qt::Alignment alignment
         = (isTop ? Qt::AlignTop : Qt::AlignBottom) | (isLeft ? Qt::AlignLeft : Qt::AlignRight);
-    const QStringList &lines = content.corners[corner];
-    const qsizetype shown = size.height() < lowViewer
-        ? std::min<qsizetype>(lines.size(), linesInLowViewer)
-        : lines.size();
+    QStringList lines = content.corners[corner];
+    if (size.height() < lowViewer && lines.size() > linesInLowViewer) {
+        lines.resize(linesInLowViewer);
+    }
+    const qsizetype numTexts = lines.size();
+    lines += corner == OverlayContent::BottomRight ? content.warnings : QStringList();
     const int height = HaloText::lineHeight(painter.font());
     const QFontMetrics metrics(painter.font());
-    const int room = size.width() / 2 - inset - border;
+    const int room = std::max(size.width() / 2 - inset - border, badgeSize);
     QPointF anchor(isLeft ? inset : size.width() - inset, isTop ? border : size.height() - border);
-    for (qsizetype i = 0; i < shown; ++i) {
-        const bool isPreviewMark
-            = content.isPreview && corner == OverlayContent::BottomRight && i == shown - 1;
-        m_text.draw(painter, anchor, alignment,
-            metrics.elidedText(lines[i], Qt::ElideRight, std::max(room, badgeSize)), painter.font(),
-            isPreviewMark ? OverlayColors::warning() : OverlayColors::text());
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        m_text.draw(painter, anchor, alignment, metrics.elidedText(lines[i], Qt::ElideRight, room),
+            painter.font(), i < numTexts ? OverlayColors::text() : OverlayColors::warning());
         anchor.ry() += isTop ? height : -height;
     }
 }

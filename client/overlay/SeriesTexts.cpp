@@ -56,6 +56,15 @@ QString phase(const WorkstationViewer &viewer)
         .trimmed();
 }
 
+QStringList warnings(const WorkstationViewer &viewer)
+{
+    QStringList lines = viewer.series()->remark().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (!viewer.isFinal()) {
+        lines += tr("preview");
+    }
+    return lines;
+}
+
 QString emptyState(const WorkstationViewer &viewer)
 {
     if (viewer.series() == nullptr) {

@@ -13,6 +13,8 @@ QStringList patient(const WorkstationViewer &viewer);
 QStringList study(const WorkstationViewer &viewer, const QString &view);
 /// The phase shown; empty when the series has only one.
 QString phase(const WorkstationViewer &viewer);
+/// What is odd about the images, and whether they are a quick picture only.
+QStringList warnings(const WorkstationViewer &viewer);
 /// What to say where there is no image; empty when there is one.
 QString emptyState(const WorkstationViewer &viewer);
 

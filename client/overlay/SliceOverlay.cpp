@@ -80,9 +80,6 @@ void addTexts(OverlayContent &content, const SliceViewer &viewer)
     if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
         values += phase;
     }
-    if (const QString remark = viewer.series()->remark(); !remark.isEmpty()) {
-        values += remark;
-    }
 }
 
 void addLetters(OverlayContent &content, const KxSlice &slice)
@@ -139,14 +136,11 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
         return content;
     }
     content.progress = viewer.series()->isComplete() ? 1 : viewer.series()->progress();
-    content.isPreview = !viewer.isFinal();
+    content.warnings = SeriesTexts::warnings(viewer);
     content.mmPerPixel = 1 / viewer.zoom();
     addLetters(content, viewer.shownSlice());
     if (OverlaySettings::cornerTexts()) {
         addTexts(content, viewer);
-    }
-    if (content.isPreview) {
-        content.corners[OverlayContent::BottomRight] += tr("preview");
     }
     addReferenceLines(content, viewer);
     return content;

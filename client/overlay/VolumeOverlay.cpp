@@ -67,10 +67,7 @@ OverlayContent volumeOverlay(const VolumeViewer &viewer)
     if (content.message.isEmpty()) {
         content.mmPerPixel = 1 / viewer.zoom();
         addLetters(content, viewer);
-        content.isPreview = !viewer.isFinal();
-    }
-    if (content.isPreview) {
-        content.corners[OverlayContent::BottomRight] += tr("preview");
+        content.warnings = SeriesTexts::warnings(viewer);
     }
     return content;
 }

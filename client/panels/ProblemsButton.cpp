@@ -18,7 +18,7 @@ ProblemsButton::ProblemsButton(QWidget *parent)
 void ProblemsButton::setProblems(const McDArray<DicomScanner::Problem> &problems)
 {
     m_problems = problems;
-    setText(tr("%n file(s) could not be used: details…", nullptr, problems.size()));
+    setText(tr("Files that could not be used: %1…").arg(problems.size()));
     setVisible(!problems.isEmpty());
 }
 

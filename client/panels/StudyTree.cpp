@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int uidRole = Qt::UserRole;
+constexpr int thumbnailSize = 48;
 
 QString uidOf(const QTreeWidgetItem &item)
 {
@@ -28,9 +29,9 @@ QString secondLine(const Zel::DicomDirectoryEntry &entry)
         return entry.remarks().isEmpty() ? StudyTree::tr("no images")
                                          : QString::fromStdString(entry.remarks().first());
     }
-    const QString images = StudyTree::tr("%n image(s)", nullptr, entry.numImages());
+    const QString images = StudyTree::tr("images: %1").arg(entry.numImages());
     return entry.phases().size() > 1
-        ? StudyTree::tr("%1, %2 phases").arg(images).arg(entry.phases().size())
+        ? StudyTree::tr("%1, phases: %2").arg(images).arg(entry.phases().size())
         : images;
 }
 
@@ -44,6 +45,7 @@ StudyTree::StudyTree(QWidget *parent)
     setDragDropMode(QAbstractItemView::DragOnly);
     setWordWrap(true);
     setIndentation(12);
+    setIconSize({thumbnailSize, thumbnailSize});
     setUniformRowHeights(false);
     setTextElideMode(Qt::ElideRight);
     setAccessibleName(tr("Studies"));
@@ -93,6 +95,23 @@ void StudyTree::setEmptyText(const QString &text)
 {
     m_emptyText = text;
     viewport()->update();
+}
+
+void StudyTree::setThumbnail(const QString &uid, const QImage &picture)
+{
+    // All of one width, so that the texts beside them are in line.
+    const int side = qMax(picture.width(), picture.height());
+    QPixmap square(side, side);
+    square.fill(Qt::black);
+    QPainter(&square).drawImage(
+        (side - picture.width()) / 2, (side - picture.height()) / 2, picture);
+    for (QTreeWidgetItemIterator each(this); *each != nullptr; ++each) {
+        if (uidOf(**each) == uid) {
+            QIcon icon(square);
+            icon.addPixmap(square, QIcon::Selected); // Not tinted: it is an image.
+            (*each)->setIcon(0, icon);
+        }
+    }
 }
 
 void StudyTree::markShown(const QString &uid)

@@ -18,6 +18,8 @@ public:
     void setPatients(const McDArray<McHandle<Zel::DicomDirectoryEntry>> &patients);
     /// The text shown while the list is empty.
     void setEmptyText(const QString &text);
+    /// Shows a small picture beside a series; unknown identifiers are ignored.
+    void setThumbnail(const QString &uid, const QImage &picture);
     /// Marks the series that is shown in the active viewer; an empty or unknown identifier for
     /// none.
     void markShown(const QString &uid);

@@ -247,12 +247,12 @@ bool isImageModality(const std::string &modality)
 
 std::string readUnit(vtkDICOMMetaData *data, const std::string &modality)
 {
+    const std::string type = data->Get(0, 0, DC::RescaleType).AsUTF8String();
+    if (type == "US") { // "unspecified", of a CT too: some keep stored values without an offset
+        return {};
+    }
     if (modality == "CT") {
         return "HU";
-    }
-    const std::string type = data->Get(0, 0, DC::RescaleType).AsUTF8String();
-    if (type == "US") { // "unspecified"
-        return {};
     }
     return type.empty() ? data->Get(0, DC::Units).AsUTF8String() : type;
 }

@@ -23,8 +23,8 @@ public:
     void show(const McHandle<LoadedSeries> &series);
     void settle();
 
-    static void wheel(WorkstationViewer &viewer, int steps,
-        Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    static void wheel(
+        WorkstationViewer &viewer, int steps, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Presses in the middle of a viewer, moves in three steps, releases.
     static void drag(WorkstationViewer &viewer, Qt::MouseButton button, const QPoint &by,
         Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -65,8 +65,7 @@ ViewerLayout fourSlices()
 QString planeName(const ExBaseViewer *viewer)
 {
     const auto *const slice = dynamic_cast<const SliceViewer *>(viewer);
-    return slice == nullptr ? QStringLiteral("3D")
-                            : PlaneGeometry::name(slice->plane());
+    return slice == nullptr ? QStringLiteral("3D") : PlaneGeometry::name(slice->plane());
 }
 
 bool isNear(double a, double b)

@@ -92,8 +92,8 @@ void tst_Program::withoutDisplay_data()
     QTest::newRow("not set") << QString() << QString() << QStringLiteral("DISPLAY is not set");
     QTest::newRow("does not answer") << QStringLiteral(":98765") << QString()
                                      << QStringLiteral("display :98765 cannot be opened");
-    QTest::newRow("platform chosen") << QString() << QStringLiteral("xcb")
-                                     << QStringLiteral("DISPLAY is not set");
+    QTest::newRow("platform chosen")
+        << QString() << QStringLiteral("xcb") << QStringLiteral("DISPLAY is not set");
 }
 
 void tst_Program::withoutDisplay()
