@@ -65,16 +65,23 @@ void ViewerRenderWidget::resizeEvent(QResizeEvent *event)
     }
 }
 
+QString ViewerRenderWidget::toolTipAt(const QPoint &position) const
+{
+    const bool isOverBadge = m_overlay.link != OverlayContent::Link::None
+        && OverlayPainter::badgeRect(size()).contains(position);
+    if (isOverBadge) {
+        return tr("Attach this viewer to its linked viewers, or detach it (L)");
+    }
+    // The warnings are in this corner, cut off where they are long.
+    const bool isInCorner = position.x() > width() / 2 && position.y() > height() * 2 / 3;
+    return isInCorner ? m_overlay.warnings.join(QLatin1Char('\n')) : QString();
+}
+
 bool ViewerRenderWidget::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto &help = static_cast<const QHelpEvent &>(*event);
-        const bool isOverBadge = m_overlay.link != OverlayContent::Link::None
-            && OverlayPainter::badgeRect(size()).contains(help.pos());
-        QToolTip::showText(help.globalPos(),
-            isOverBadge ? tr("Attach this viewer to its linked viewers, or detach it (L)")
-                        : QString(),
-            this);
+        QToolTip::showText(help.globalPos(), toolTipAt(help.pos()), this);
         return true;
     }
     return ExBaseViewerRenderWidget::event(event);

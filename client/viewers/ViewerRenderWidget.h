@@ -41,6 +41,8 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    [[nodiscard]] QString toolTipAt(const QPoint &position) const;
+
     WorkstationViewer *m_viewer;
     QImage m_frame;
     OverlayContent m_overlay;

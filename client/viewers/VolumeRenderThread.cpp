@@ -2,6 +2,8 @@
 
 #include "client/viewers/VolumePicture.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 VolumeRenderThread::VolumeRenderThread()
@@ -11,13 +13,29 @@ VolumeRenderThread::VolumeRenderThread()
 
 VolumeRenderThread::~VolumeRenderThread()
 {
+    end();
+    wait();
+}
+
+void VolumeRenderThread::end()
+{
     {
         const std::lock_guard lock(m_mutex);
         m_isEnding = true;
         m_interrupted = true;
     }
     m_wake.notify_one();
-    wait();
+}
+
+void VolumeRenderThread::retire(std::unique_ptr<VolumeRenderThread> thread)
+{
+    if (!thread || !thread->isRunning()) {
+        return;
+    }
+    VolumeRenderThread *const retired = thread.release();
+    retired->setParent(QCoreApplication::instance());
+    connect(retired, &QThread::finished, retired, &QObject::deleteLater);
+    retired->end();
 }
 
 void VolumeRenderThread::draw(const VolumeScene &scene)

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -20,6 +21,10 @@ public:
     VolumeRenderThread();
     /// Gives up what is being drawn and waits for the thread.
     ~VolumeRenderThread() override;
+
+    /// Has a thread end by itself, without waiting for what it is drawing; at the latest the end of
+    /// the application waits for it. Null is ignored. GUI thread.
+    static void retire(std::unique_ptr<VolumeRenderThread> thread);
 
     /// Asks for a picture; drawn() follows unless another wish comes first. GUI thread.
     void draw(const VolumeScene &scene);
@@ -35,6 +40,7 @@ protected:
 private:
     /// Waits for a wish; nothing when the thread is to end.
     std::optional<VolumeScene> take();
+    void end();
 
     std::mutex m_mutex;
     std::condition_variable m_wake;

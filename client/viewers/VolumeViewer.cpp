@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -41,7 +42,10 @@ VolumeViewer::VolumeViewer(QWidget *parent)
     updateOverlay();
 }
 
-VolumeViewer::~VolumeViewer() = default;
+VolumeViewer::~VolumeViewer()
+{
+    VolumeRenderThread::retire(std::move(m_thread));
+}
 
 QString VolumeViewer::obstacle() const
 {
@@ -244,7 +248,7 @@ void VolumeViewer::terminateRendering()
 
 void VolumeViewer::cleanUpNodes()
 {
-    m_thread.reset();
+    VolumeRenderThread::retire(std::move(m_thread));
     m_isWaiting = false;
     m_needsPicture = true;
 }

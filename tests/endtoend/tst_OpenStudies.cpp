@@ -36,6 +36,8 @@ private Q_SLOTS:
     void nothingToShow_data();
     void nothingToShow();
     void problemsAreListed();
+    void refusedSeriesSaysWhy();
+    void missingSlicesAreTold();
     void unreadableSlicesAreTold();
 
 private:
@@ -306,6 +308,34 @@ void tst_OpenStudies::problemsAreListed()
     dialog->close();
     m_fixture->workstation().session().close();
     QVERIFY(!button->isVisible());
+}
+
+void tst_OpenStudies::refusedSeriesSaysWhy()
+{
+    for (int i = 0; i < 25; ++i) { // 1 mm and 16 mm apart by turns
+        m_files->addSlice(i + 1, i / 2 * 17 + i % 2);
+    }
+    openAndWait();
+    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        QVERIFY(each->volume(0) == nullptr);
+        QCOMPARE(each->widget()->overlay().message,
+            QStringLiteral("The images are spaced too unevenly to make a volume."));
+    }
+    m_fixture->wheel(viewer(0), 1); // There is nothing to scroll, and no harm.
+    m_fixture->drag(viewer(0), Qt::LeftButton, {30, 30});
+}
+
+void tst_OpenStudies::missingSlicesAreTold()
+{
+    for (const int z : {0, 5, 10, 25, 30}) {
+        m_files->addSlice(z + 1, z);
+    }
+    openAndWait();
+    // The gap keeps its size: what is not there is empty, nothing moves together.
+    QCOMPARE(m_fixture->slice(0).stack().count(), 7);
+    QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
+    QVERIFY(viewer(0).widget()->overlay().warnings.first().startsWith(
+        QStringLiteral("Images are missing")));
 }
 
 void tst_OpenStudies::unreadableSlicesAreTold()
