@@ -1,0 +1,3 @@
+#include "framework/application/ExUIRegistry.h"
+
+ExUIRegistry::~ExUIRegistry() = default;
