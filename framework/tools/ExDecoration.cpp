@@ -1,0 +1,3 @@
+#include "framework/tools/ExDecoration.h"
+
+ExDecoration::~ExDecoration() = default;

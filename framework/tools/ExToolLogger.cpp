@@ -1,0 +1,102 @@
+#include "framework/tools/ExToolLogger.h"
+
+#include "framework/tools/ExTool.h"
+#include "platform/backend/KxBackendPeer.h"
+#include "platform/backend/KxServerPeer.h"
+#include "platform/properties/KxPropertyPool.h"
+#include "platform/util/McLogFile.h"
+
+#include <map>
+#include <string>
+
+namespace {
+
+class LetNo final : public TypedEnumValue<LogEnableType>
+{
+public:
+    LetNo()
+        : TypedEnumValue(LogEnableType::LET_NO, "LET_NO", nullptr)
+    { }
+};
+
+class LetOncePerStudy final : public TypedEnumValue<LogEnableType>
+{
+public:
+    LetOncePerStudy()
+        : TypedEnumValue(LogEnableType::LET_ONCE_PER_STUDY, "LET_ONCE_PER_STUDY", nullptr)
+    { }
+};
+
+class LetAlways final : public TypedEnumValue<LogEnableType>
+{
+public:
+    LetAlways()
+        : TypedEnumValue(LogEnableType::LET_ALWAYS, "LET_ALWAYS", nullptr)
+    { }
+};
+
+const RegEnumValue<LetNo> regLetNo;
+const RegEnumValue<LetOncePerStudy> regLetOncePerStudy;
+const RegEnumValue<LetAlways> regLetAlways;
+
+constexpr int toolUsedEvent = 1063;
+
+/// Tools that were logged in the current study.
+std::map<std::string, bool> &reportedTools()
+{
+    static auto *const reported = new std::map<std::string, bool>;
+    return *reported;
+}
+
+int logSetting()
+{
+    KxPropertyPool &pool = KxPropertyPool::instance();
+    return pool
+        .property("Hidden.ToolLog", LogEnableType(LogEnableType::LET_ONCE_PER_STUDY),
+            pool.defaultSerializer())
+        .value()
+        .value();
+}
+
+void writeLine(const std::string &line)
+{
+    if (KxServerPeer *const server = KxServerPeer::instance()) {
+        server->printSessionLog("[ToolLog] ", line);
+    } else {
+        theLogInstance().print("ToolLog", line);
+    }
+}
+
+void logUse(const ExTool *tool, const char *use)
+{
+    const std::string key = tool == nullptr ? std::string() : tool->decorationKey();
+    if (key.empty()) {
+        return;
+    }
+    const int setting = logSetting();
+    if (setting == LogEnableType::LET_NO || reportedTools().contains(key)) {
+        return;
+    }
+    if (setting == LogEnableType::LET_ONCE_PER_STUDY) {
+        reportedTools()[key] = true;
+    }
+    writeLine(key + use);
+    KxBackendPeer::instance()->logEvent(toolUsedEvent, key, 0, -1, 1, QString());
+}
+
+} // namespace
+
+void ExToolLogger::logTrigger(const ExTool *tool)
+{
+    logUse(tool, " triggered");
+}
+
+void ExToolLogger::logToggle(const ExTool *tool, bool on)
+{
+    logUse(tool, on ? " toggled" : " untoggled");
+}
+
+void ExToolLogger::clearReportedTools()
+{
+    reportedTools().clear();
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "framework/MovaraFrameworkExport.h"
+#include "platform/properties/KxEnum.h"
+
+class ExTool;
+
+/// What of the use of tools is logged: the values 20 to 22, registered by these names.
+class MOVARA_FRAMEWORK_EXPORT LogEnableType final : public KxTypedEnum<LogEnableType>
+{
+public:
+    using KxTypedEnum::KxTypedEnum;
+    static const char *context() { return "Enumeration.LogEnableType"; }
+
+    /// Nothing.
+    static constexpr int LET_NO = 20;
+    /// A tool's first use, until ExToolLogger::clearReportedTools().
+    static constexpr int LET_ONCE_PER_STUDY = 21;
+    /// Every use.
+    static constexpr int LET_ALWAYS = 22;
+};
+
+/// Records which tools the user uses: a line in the log and an event to the back end for each use,
+/// as far as the setting "Hidden.ToolLog" has it (once per study by default). Null tools and tools
+/// without a name are never logged. GUI thread only.
+class MOVARA_FRAMEWORK_EXPORT ExToolLogger
+{
+public:
+    ExToolLogger() = delete;
+
+    /// The tool's command was run.
+    static void logTrigger(const ExTool *tool);
+    /// The tool was switched on or off.
+    static void logToggle(const ExTool *tool, bool on);
+    /// Starts again what is logged once per study; the host calls it when a new study is loaded.
+    static void clearReportedTools();
+};

@@ -1,0 +1,57 @@
+#include "framework/tools/ExToolUI.h"
+
+#include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ExTool.h"
+#include "framework/viewers/ExViewerManager.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array relevantTypes{ExNotification::VIEWER_GROUP_DISABLED,
+    ExNotification::PROTOCOL_LOADED, ExNotification::VIEWER_TYPE_CHANGED};
+
+} // namespace
+
+ExToolUI::ExToolUI() = default;
+
+ExToolUI::~ExToolUI()
+{
+    if (m_tool) {
+        m_tool->removeUI(this);
+    }
+}
+
+void ExToolUI::addNotifications()
+{
+    for (const ExNotification::Type type : relevantTypes) {
+        ExNotifiables::getInstance().addNotification(this, type);
+    }
+}
+
+void ExToolUI::notified(const ExNotification &notification)
+{
+    const ExViewerManager *const manager = ExViewerManager::instancePointer();
+    const ExBaseViewer *const active = manager == nullptr ? nullptr : manager->activeViewer();
+    const bool isRelevant
+        = std::find(relevantTypes.begin(), relevantTypes.end(), notification.type())
+        != relevantTypes.end();
+    if (isRelevant && m_tool && notification.viewer() == active) {
+        update(notification.viewer());
+    }
+}
+
+void ExToolUI::setTool(ExTool *tool)
+{
+    if (tool == m_tool.get()) {
+        return;
+    }
+    if (m_tool) {
+        m_tool->removeUI(this);
+    }
+    m_tool = tool;
+    if (m_tool) {
+        m_tool->appendUI(this);
+    }
+}
