@@ -1,0 +1,103 @@
+#include "framework/dialogs/ExMessageBox.h"
+
+#include "framework/application/ExApplication.h"
+#include "framework/dialogs/ExPasswordInputWidget.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+
+namespace {
+
+QWidget *parentFor(QWidget *parent)
+{
+    const bool useMainWidget = parent == nullptr && ExApplication::hasInstance();
+    return useMainWidget ? ExApplication::instance().dialogParent() : parent;
+}
+
+QString titleFor(const QString &title)
+{
+    return title.isEmpty() ? QCoreApplication::applicationName() : title;
+}
+
+} // namespace
+
+ExMessageBox::ExMessageBox(Icon icon, const QString &text, StandardButtons buttons,
+    StandardButton defaultButton, QWidget *parent, const QString &title)
+    : QMessageBox(icon, titleFor(title), text, buttons, parentFor(parent))
+{
+    setModal(true);
+    if (defaultButton != NoButton) {
+        setDefaultButton(defaultButton);
+    }
+}
+
+const QString &ExMessageBox::nullString()
+{
+    static const QString null;
+    return null;
+}
+
+QMessageBox::StandardButton ExMessageBox::run()
+{
+    const McHandle<ExTempCursorHandle> arrow = ExApplication::tempNotBusy();
+    return static_cast<StandardButton>(exec());
+}
+
+QMessageBox::StandardButton ExMessageBox::error(const QString &text, StandardButtons buttons,
+    StandardButton defaultButton, QWidget *parent, const QString &title)
+{
+    return ExMessageBox(Critical, text, buttons, defaultButton, parent, title).run();
+}
+
+QMessageBox::StandardButton ExMessageBox::warning(const QString &text, StandardButtons buttons,
+    StandardButton defaultButton, QWidget *parent, const QString &title)
+{
+    return ExMessageBox(Warning, text, buttons, defaultButton, parent, title).run();
+}
+
+QMessageBox::StandardButton ExMessageBox::information(const QString &text, StandardButtons buttons,
+    StandardButton defaultButton, QWidget *parent, const QString &title)
+{
+    return ExMessageBox(Information, text, buttons, defaultButton, parent, title).run();
+}
+
+QMessageBox::StandardButton ExMessageBox::question(const QString &text, StandardButtons buttons,
+    StandardButton defaultButton, QWidget *parent, const QString &title)
+{
+    return ExMessageBox(Question, text, buttons, defaultButton, parent, title).run();
+}
+
+void ExMessageBox::info(const QString &text, QWidget *parent)
+{
+    information(text, Ok, NoButton, parent);
+}
+
+bool ExMessageBox::confirm(const QString &text, const QString &okText, QWidget *parent)
+{
+    ExMessageBox box(Information, text, Ok | Cancel, Cancel, parent, nullString());
+    box.button(Ok)->setText(okText);
+    return box.run() == Ok;
+}
+
+bool ExMessageBox::overwriteConfirmation(const QString &fileName, QWidget *parent)
+{
+    return confirm(QCoreApplication::translate("HxMessage", "%1 already exists.").arg(fileName),
+        QCoreApplication::translate("ExMessageBox", "Overwrite"), parent);
+}
+
+bool ExMessageBox::deleteConfirmation(const QString &text, QWidget *parent)
+{
+    return confirm(text, QCoreApplication::translate("ExMessageBox", "Delete"), parent);
+}
+
+QString ExMessageBox::password(
+    const QString &text, QWidget *parent, const QString &title, bool generate)
+{
+    ExPasswordInputWidget dialog(text, parentFor(parent));
+    dialog.setWindowTitle(titleFor(title));
+    if (generate) {
+        dialog.slotGenerateClicked();
+    }
+    const McHandle<ExTempCursorHandle> arrow = ExApplication::tempNotBusy();
+    return dialog.exec() == QDialog::Accepted ? dialog.password() : QString();
+}
