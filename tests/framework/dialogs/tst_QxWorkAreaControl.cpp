@@ -1,0 +1,97 @@
+#include "framework/dialogs/QxTimedWorkAreaControl.h"
+#include "framework/dialogs/QxWorkAreaControl.h"
+#include "tests/support/FakeApplication.h"
+#include "tests/support/PrivateSettings.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <utility>
+
+namespace {
+
+/// Progress display that keeps what it is told.
+class FakeDisplay : public McProgressInterface
+{
+public:
+    void startWorking(const char *text) override { log.append(u"start " % str(text)); }
+    void startWorkingNoStop(const char *text) override { log.append(u"no stop " % str(text)); }
+    void stopWorking() override { log.append(str("stop")); }
+    int wasInterrupted() override { return 2; }
+    void setProgressValue(float value) override { log.append(QString::number(value)); }
+    void setProgressInfo(const char *text) override { log.append(u"info " % str(text)); }
+
+    static QString str(const char *text) { return QString::fromLocal8Bit(text); }
+    QString take() { return std::exchange(log, {}).join(u','); }
+
+    QStringList log;
+};
+
+} // namespace
+
+class tst_QxWorkAreaControl : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_app.setProgressInterface(&m_display); }
+    void relaysEverything();
+    void noDelayShowsAtOnce();
+    void shownOnceItPromisesToTakeLong();
+
+private:
+    PrivateSettings m_settings;
+    FakeDisplay m_display;
+    FakeApplication m_app;
+};
+
+void tst_QxWorkAreaControl::relaysEverything()
+{
+    QxWorkAreaControl control(nullptr);
+    control.startWorking("Load");
+    control.startWorkingNoStop("Save");
+    control.reportProgress(0.5F);
+    control.setProgressInfo("Slice 3");
+    QCOMPARE(control.wasInterrupted(), 2);
+    control.stopWorking();
+    QCOMPARE(m_display.take(), QStringLiteral("start Load,no stop Save,0.5,info Slice 3,stop"));
+}
+
+void tst_QxWorkAreaControl::noDelayShowsAtOnce()
+{
+    QxTimedWorkAreaControl control(0, nullptr);
+    control.startWorkingNoStop("Load");
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    control.reportProgress(0);
+    QCOMPARE(control.wasInterrupted(), 2);
+    control.stopWorking();
+    QCOMPARE(m_display.take(), QStringLiteral("no stop Load,0,stop"));
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+}
+
+void tst_QxWorkAreaControl::shownOnceItPromisesToTakeLong()
+{
+    constexpr float veryLong = 1000;
+    QxTimedWorkAreaControl projected(veryLong, nullptr);
+    QxTimedWorkAreaControl unknown(veryLong, nullptr);
+    projected.startWorkingNoStop("Projected");
+    unknown.startWorkingNoStop("Unknown");
+    projected.reportProgress(1e-6F); // Very long, but within the first second.
+    unknown.reportText(QStringLiteral("Later"));
+    QCOMPARE(m_display.take(), QStringLiteral("1e-06,info Later"));
+    // Nothing done: shown when the first second is over.
+    QTRY_VERIFY(
+        (unknown.reportProgress(0), m_display.log.contains(QStringLiteral("no stop Later"))));
+    m_display.take();
+    projected.reportProgress(0.9F); // A second and a bit, all in all.
+    projected.stopWorking();
+    QCOMPARE(m_display.take(), QStringLiteral("0.9"));
+    projected.reportProgress(1e-6F);
+    projected.reportProgress(1e-6F);
+    unknown.stopWorking();
+    QCOMPARE(m_display.take(), QStringLiteral("1e-06,no stop Projected,1e-06,stop"));
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+}
+
+QTEST_MAIN(tst_QxWorkAreaControl)
+#include "tst_QxWorkAreaControl.moc"

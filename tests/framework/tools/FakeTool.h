@@ -1,0 +1,76 @@
+#pragma once
+
+#include "framework/tools/ExHotKeyEvent.h"
+#include "framework/tools/ExTool.h"
+#include "framework/tools/ExToolUI.h"
+#include "tests/support/FakeViewer.h"
+
+#include <utility>
+
+/// What happened to the fakes since the last call.
+inline QStringList fakeLog;
+inline QString takeLog()
+{
+    return std::exchange(fakeLog, {}).join(u',');
+}
+
+/// Tool whose answers the test sets.
+class FakeTool : public ExTool
+{
+public:
+    using ExTool::ExTool;
+    ~FakeTool() override { note("gone"); }
+
+    [[nodiscard]] bool isStandard() const override { return standard; }
+    [[nodiscard]] bool isEnabled(const ExBaseViewer *viewer) const override
+    {
+        return enabled || ExTool::isEnabled(viewer);
+    }
+    [[nodiscard]] bool isActivatable() const override { return activatable; }
+    [[nodiscard]] bool isHotKeyGlobal() const override { return global; }
+    bool setActive(bool on) override
+    {
+        note(on ? "on" : "off");
+        return ExTool::setActive(on);
+    }
+    bool onHotKey(const ExHotKeyEvent &event) override
+    {
+        note("hot key");
+        return takesHotKey && ExTool::onHotKey(event);
+    }
+    void note(const char *event) const
+    {
+        fakeLog.append(QLatin1String(decorationKey()) + u' ' + QLatin1String(event));
+    }
+
+    bool standard = false;
+    bool enabled = false;
+    bool activatable = true;
+    bool global = true;
+    bool takesHotKey = true;
+};
+
+class FakeUI : public ExToolUI
+{
+public:
+    [[nodiscard]] bool isActive() const override { return false; }
+    [[nodiscard]] QAction *action() const override { return nullptr; }
+    void update(ExBaseViewer *viewer) override
+    {
+        fakeLog.append(QLatin1String(viewer == nullptr ? "update" : "update viewer"));
+    }
+    void setTool(ExTool *tool) override
+    {
+        ExToolUI::setTool(tool);
+        fakeLog.append(u"shows " % QLatin1String(tool->decorationKey()));
+    }
+};
+
+/// A viewer that shows a series of one volume, so that tools support it.
+inline McHandle<FakeViewer> viewerWithVolume()
+{
+    const McHandle<FakeViewer> viewer = new FakeViewer;
+    viewer->imageSets[0] = new KxImageSeries("1.2.3");
+    viewer->imageSets[0]->appendVolume(new KxVolume({1, 1, 1}, KxVolume::ScalarType::UInt8), {});
+    return viewer;
+}

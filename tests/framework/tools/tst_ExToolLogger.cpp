@@ -1,0 +1,78 @@
+#include "framework/tools/ExToolLogger.h"
+#include "platform/backend/KxBackendPeer.h"
+#include "platform/backend/KxServerPeer.h"
+#include "platform/properties/KxPropertyPool.h"
+#include "tests/framework/tools/FakeTool.h"
+#include "tests/support/PrivateSettings.h"
+
+#include <QTest>
+
+namespace {
+
+class Peers : public KxBackendPeer, public KxServerPeer
+{
+public:
+    Peers()
+    {
+        KxBackendPeer::install(this);
+        KxServerPeer::install(this);
+    }
+    void logEvent(int code, const std::string &key, int first, int second, int third,
+        const QString &text) override
+    {
+        log += QStringLiteral(" (%1 %2 %3 %4 %5 '%6')")
+                   .arg(QString::number(code), QString::fromStdString(key))
+                   .arg(first)
+                   .arg(second)
+                   .arg(third)
+                   .arg(text);
+    }
+    void printSessionLog(const std::string &prefix, const std::string &text) override
+    {
+        log += QString::fromStdString(prefix + text);
+    }
+    QString log;
+};
+
+} // namespace
+
+class tst_ExToolLogger : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void amountOfLogging();
+
+private:
+    PrivateSettings m_settings;
+};
+
+void tst_ExToolLogger::amountOfLogging()
+{
+    Peers peers;
+    const FakeTool a("a");
+    const FakeTool nameless(nullptr);
+    const auto useTools = [&] {
+        ExToolLogger::clearReportedTools();
+        ExToolLogger::logTrigger(&nameless);
+        ExToolLogger::logToggle(nullptr, true);
+        ExToolLogger::logToggle(&a, true);
+        ExToolLogger::logToggle(&a, false);
+        ExToolLogger::clearReportedTools();
+        ExToolLogger::logTrigger(&a);
+        return std::exchange(peers.log, {});
+    };
+    const QString event = QStringLiteral(" (1063 a 0 -1 1 '')");
+    const QString twice = u"[ToolLog] a toggled" % event % u"[ToolLog] a triggered" % event;
+    QCOMPARE(useTools(), twice);
+    auto *const setting = KxPropertyPool::instance().find<LogEnableType>("Hidden.ToolLog");
+    QCOMPARE(setting->toString(), QStringLiteral("LET_ONCE_PER_STUDY"));
+    setting->fromString(QStringLiteral("LET_ALWAYS"));
+    QCOMPARE(useTools(),
+        QString(twice).insert(twice.indexOf(u')') + 1, QString(u"[ToolLog] a untoggled" % event)));
+    setting->fromString(QStringLiteral("LET_NO"));
+    QCOMPARE(useTools(), QString());
+}
+
+QTEST_MAIN(tst_ExToolLogger)
+#include "tst_ExToolLogger.moc"
