@@ -36,6 +36,8 @@ public:
     [[nodiscard]] const QString &remark() const { return m_remark; }
     void setRemark(const QString &remark) { m_remark = remark; }
 
+    /// What is known of where the images lie; of a series without volumes nothing.
+    [[nodiscard]] KxVolume::Placement placement() const;
     /// Whether positions in the two series can be compared.
     [[nodiscard]] bool sharesFrame(const LoadedSeries &other) const;
 

@@ -66,15 +66,35 @@ QString windowText(const SliceViewer &viewer)
         .trimmed();
 }
 
+/// Directions have names only where the images are known to lie in the patient.
+QString viewName(const SliceViewer &viewer)
+{
+    if (viewer.series()->placement() == KxVolume::Placement::Patient) {
+        return PlaneGeometry::name(viewer.plane());
+    }
+    const bool isImagePlane
+        = viewer.plane() == PlaneKind::Axial || viewer.plane() == PlaneKind::Original;
+    return isImagePlane ? tr("image") : tr("across the images");
+}
+
+QStringList placeTexts(const SliceViewer &viewer)
+{
+    const KxVolume::Placement placement = viewer.series()->placement();
+    QStringList lines{tr("Im %1/%2").arg(viewer.sliceIndex() + 1).arg(viewer.stack().count())};
+    if (placement == KxVolume::Placement::Patient) {
+        lines += positionText(viewer);
+    }
+    if (placement != KxVolume::Placement::Pixels) {
+        lines += thicknessText(viewer);
+    }
+    return lines << zoomText(viewer);
+}
+
 void addTexts(OverlayContent &content, const SliceViewer &viewer)
 {
     content.corners[OverlayContent::TopLeft] = SeriesTexts::patient(viewer);
-    content.corners[OverlayContent::TopRight]
-        = SeriesTexts::study(viewer, PlaneGeometry::name(viewer.plane()));
-    const int index = viewer.sliceIndex() + 1;
-    content.corners[OverlayContent::BottomLeft]
-        = {tr("Im %1/%2").arg(index).arg(viewer.stack().count()), positionText(viewer),
-            thicknessText(viewer), zoomText(viewer)};
+    content.corners[OverlayContent::TopRight] = SeriesTexts::study(viewer, viewName(viewer));
+    content.corners[OverlayContent::BottomLeft] = placeTexts(viewer);
     QStringList &values = content.corners[OverlayContent::BottomRight];
     values = {windowText(viewer)};
     if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
@@ -137,8 +157,11 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
     }
     content.progress = viewer.series()->isComplete() ? 1 : viewer.series()->progress();
     content.warnings = SeriesTexts::warnings(viewer);
-    content.mmPerPixel = 1 / viewer.zoom();
-    addLetters(content, viewer.shownSlice());
+    const KxVolume::Placement placement = viewer.series()->placement();
+    content.mmPerPixel = placement == KxVolume::Placement::Pixels ? 0 : 1 / viewer.zoom();
+    if (placement == KxVolume::Placement::Patient) {
+        addLetters(content, viewer.shownSlice());
+    }
     if (OverlaySettings::cornerTexts()) {
         addTexts(content, viewer);
     }

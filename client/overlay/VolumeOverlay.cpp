@@ -65,8 +65,11 @@ OverlayContent volumeOverlay(const VolumeViewer &viewer)
         addTexts(content, viewer);
     }
     if (content.message.isEmpty()) {
-        content.mmPerPixel = 1 / viewer.zoom();
-        addLetters(content, viewer);
+        const KxVolume::Placement placement = viewer.series()->placement();
+        content.mmPerPixel = placement == KxVolume::Placement::Pixels ? 0 : 1 / viewer.zoom();
+        if (placement == KxVolume::Placement::Patient) {
+            addLetters(content, viewer);
+        }
         content.warnings = SeriesTexts::warnings(viewer);
     }
     return content;

@@ -36,6 +36,8 @@ private Q_SLOTS:
     void nothingToShow_data();
     void nothingToShow();
     void problemsAreListed();
+    void sidesAreToldOnlyWhenKnown_data();
+    void sidesAreToldOnlyWhenKnown();
     void refusedSeriesSaysWhy();
     void missingSlicesAreTold();
     void unreadableSlicesAreTold();
@@ -308,6 +310,34 @@ void tst_OpenStudies::problemsAreListed()
     dialog->close();
     m_fixture->workstation().session().close();
     QVERIFY(!button->isVisible());
+}
+
+void tst_OpenStudies::sidesAreToldOnlyWhenKnown_data()
+{
+    QTest::addColumn<bool>("hasPosition");
+    QTest::addColumn<bool>("hasSpacing");
+    QTest::addColumn<QString>("letter");
+    QTest::addColumn<int>("lines");
+    QTest::newRow("in the patient") << true << true << QStringLiteral("L") << 4;
+    QTest::newRow("lengths only") << false << true << QString() << 3;
+    QTest::newRow("pixels only") << false << false << QString() << 2;
+}
+
+void tst_OpenStudies::sidesAreToldOnlyWhenKnown()
+{
+    QFETCH(bool, hasPosition);
+    QFETCH(bool, hasSpacing);
+    for (int i = 1; i <= 2; ++i) {
+        m_files->addSlice(i, 5 * i,
+            {{"G0020-0032", hasPosition ? "0\\0\\" + std::to_string(5 * i) : std::string()},
+                {"G0020-0037", hasPosition ? "1\\0\\0\\0\\1\\0" : ""},
+                {"G0028-0030", hasSpacing ? "0.5\\0.25" : ""}});
+    }
+    openAndWait();
+    const OverlayContent &overlay = viewer(0).widget()->overlay();
+    QTEST(overlay.letters[OverlayContent::Right], "letter");
+    QCOMPARE(overlay.mmPerPixel > 0, hasSpacing);
+    QTEST(int(overlay.corners[OverlayContent::BottomLeft].size()), "lines");
 }
 
 void tst_OpenStudies::refusedSeriesSaysWhy()
