@@ -4,6 +4,7 @@
 #include "platform/properties/KxSiteSettings.h"
 #include "platform/util/McLogFile.h"
 
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -124,10 +125,8 @@ bool KxFileSerializer::remove(const QString &key)
 
 void KxFileSerializer::refresh() const
 {
-    const QFileInfo info(m_fileName);
-    const QDateTime time = info.lastModified();
-    const qint64 size = info.exists() ? info.size() : -1;
-    if (time == m_seenTime && size == m_seenSize) {
+    const FileStamp stamp = FileStamp::of(m_fileName);
+    if (stamp == m_seen) {
         return;
     }
     const KxIniFile file = KxIniFile::read(m_fileName);
@@ -136,15 +135,15 @@ void KxFileSerializer::refresh() const
     } else if (file.state == KxIniFile::State::Unreadable) {
         complain("cannot be read");
     }
-    remember(file.values);
+    // The stamp from before reading: what is written while it is read is read again next time.
+    remember(
+        file.values, file.state == KxIniFile::State::Damaged ? FileStamp::of(m_fileName) : stamp);
 }
 
-void KxFileSerializer::remember(const QHash<QString, QString> &values) const
+void KxFileSerializer::remember(const QHash<QString, QString> &values, const FileStamp &stamp) const
 {
-    const QFileInfo info(m_fileName);
     m_values = values;
-    m_seenTime = info.lastModified();
-    m_seenSize = info.exists() ? info.size() : -1;
+    m_seen = stamp;
 }
 
 bool KxFileSerializer::change(const QString &key, const std::optional<QString> &text)
@@ -189,7 +188,7 @@ bool KxFileSerializer::changeLocked(const QString &key, const std::optional<QStr
         QFile::remove(copy);
         return false;
     }
-    remember(content.values);
+    remember(content.values, FileStamp::of(m_fileName));
     return true;
 }
 

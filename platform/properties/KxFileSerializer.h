@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/MovaraPlatformExport.h"
+#include "platform/properties/FileStamp.h"
 #include "platform/properties/KxPropertySerializer.h"
 
-#include <QDateTime>
 #include <QHash>
 
 class KxSiteSettings;
@@ -40,12 +40,11 @@ private:
     void setAsideWithLock() const;
     [[nodiscard]] QString lockName() const;
     void complain(const char *what) const;
-    void remember(const QHash<QString, QString> &values) const;
+    void remember(const QHash<QString, QString> &values, const FileStamp &stamp) const;
 
     QString m_fileName;
     const KxSiteSettings *m_site;
     mutable QHash<QString, QString> m_values;
-    mutable QDateTime m_seenTime;
-    mutable qint64 m_seenSize = -1;
+    mutable FileStamp m_seen;
     mutable bool m_complained = false;
 };

@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QStringDecoder>
 #include <QStringList>
+#include <QTemporaryFile>
 
 #include <algorithm>
 
@@ -66,8 +67,17 @@ KxIniFile KxIniFile::read(const QString &name)
         file.state = State::Unreadable;
         return file;
     }
-    const QSettings settings(name, QSettings::IniFormat);
-    if (!isIni(source.readAll()) || settings.status() != QSettings::NoError) {
+    // Read through a copy of a fresh name: QSettings keeps files that it has read, by name, and
+    // takes one of the same size and time of change in milliseconds for unchanged.
+    const QByteArray content = source.readAll();
+    QTemporaryFile copy;
+    if (source.error() != QFileDevice::NoError || !copy.open()
+        || copy.write(content) != content.size() || !copy.flush()) {
+        file.state = State::Unreadable;
+        return file;
+    }
+    const QSettings settings(copy.fileName(), QSettings::IniFormat);
+    if (!isIni(content) || settings.status() != QSettings::NoError) {
         file.state = State::Damaged;
         return file;
     }
