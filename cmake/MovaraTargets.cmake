@@ -74,6 +74,17 @@ function(movara_add_sources target)
         PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS})
 endfunction()
 
+# How the sanitizers run in tests: what libraries that are not instrumented bring is suppressed, each with its reason.
+set(MOVARA_SANITIZER_OPTIONS "")
+if(MOVARA_SANITIZE)
+    set(movara_suppressions "${PROJECT_SOURCE_DIR}/tests/support")
+    set(MOVARA_SANITIZER_OPTIONS
+        "ASAN_OPTIONS=suppressions=${movara_suppressions}/asan.supp:detect_stack_use_after_return=1:check_initialization_order=1"
+        "LSAN_OPTIONS=suppressions=${movara_suppressions}/lsan.supp:print_suppressions=0"
+        "UBSAN_OPTIONS=suppressions=${movara_suppressions}/ubsan.supp:print_stacktrace=1"
+        "TSAN_OPTIONS=suppressions=${movara_suppressions}/tsan.supp:halt_on_error=1:second_deadlock_stack=1")
+endif()
+
 # movara_add_test(NAME SOURCES ... LIBRARIES ... [LABELS ...] [ENVIRONMENT ...])
 # A Qt Test program run by ctest on the offscreen platform. NAME is the file and test name, e.g. tst_McHandle.
 function(movara_add_test name)
@@ -89,5 +100,5 @@ function(movara_add_test name)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 120
         LABELS "${arg_LABELS}"
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;${arg_ENVIRONMENT}")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;${MOVARA_SANITIZER_OPTIONS};${arg_ENVIRONMENT}")
 endfunction()

@@ -40,7 +40,11 @@ void ExEventHandler::connect(QObject *object)
     object->installEventFilter(this);
     QObject::disconnect(object, &QObject::destroyed, this, nullptr);
     // Another object may come to stand at the same address: nothing of this one must be left then.
-    QObject::connect(object, &QObject::destroyed, this, [this](QObject *gone) { d->forget(gone); });
+    // A widget gets events even after it has told that it goes.
+    QObject::connect(object, &QObject::destroyed, this, [this](QObject *gone) {
+        gone->removeEventFilter(this);
+        d->forget(gone);
+    });
 }
 
 void ExEventHandler::disconnect(QObject *object)
@@ -93,8 +97,8 @@ bool ExEventHandler::eventFilter(QObject *object, QEvent *toolkitEvent)
         if (d->dispatch(event) || watched.isNull()) {
             return true;
         }
-        if (self.isNull()) {
-            return false;
+        if (self.isNull() || !d->remembers(object)) {
+            return false; // An action has destroyed this handler, or disconnected the object.
         }
         const auto last = d->lastEvents.find(object);
         if (last != d->lastEvents.end() && last->second.isActivating()) {

@@ -86,3 +86,8 @@ void ExEventHandlerPrivate::forget(const QObject *object)
     motionEvents.erase(object);
     pressEvents.erase(object);
 }
+
+bool ExEventHandlerPrivate::remembers(const QObject *object) const
+{
+    return motionEvents.find(object) != motionEvents.end();
+}

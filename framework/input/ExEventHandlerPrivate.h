@@ -16,6 +16,8 @@ public:
     /// Keeps the event as the object's last one.
     void store(const ExEvent &event);
     void forget(const QObject *object);
+    /// Whether an input event of the object was seen since it was last forgotten.
+    [[nodiscard]] bool remembers(const QObject *object) const;
 
     int clickTolerance = 5;
     /// What event() gives.

@@ -42,6 +42,14 @@ public:
         Walk::s_state = Walk::State::Outside;
     }
 
+    /// What has been done since the last call is not to be counted to the next one.
+    static void skip()
+    {
+        if (Walk::s_state == Walk::State::Following) {
+            Walk::s_state = Walk::State::FirstOfWalk;
+        }
+    }
+
     /// Ends timing. @return the ticks of McTickClock that the call took.
     std::int64_t stop()
     {

@@ -71,6 +71,7 @@ bool ExNotifiable::notified_(const ExNotification &notification)
     const std::int64_t ticks = clock.stop();
     if (PerfMon::isActive()) [[unlikely]] {
         report(type, ticks);
+        DeliveryClock::skip();
     }
     return false;
 }

@@ -116,12 +116,9 @@ void ExNotifiablesPrivate::remove(ExNotifiable &subscriber)
     const int pending = m_pending.lastIndexOf(&subscriber);
     if (pending >= 0) {
         m_pending.remove(pending);
-        if (pending >= m_nextToAsk) {
-            return; // Was never asked; what it may have subscribed to by itself is cleared with its
-                    // identity.
-        }
-        --m_nextToAsk;
+        m_nextToAsk -= pending < m_nextToAsk ? 1 : 0;
     }
+    // Also of one that was never asked: it may have subscribed by itself.
     m_subscriptions->removeReceiver(subscriber);
 }
 

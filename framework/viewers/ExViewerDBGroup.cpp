@@ -77,7 +77,9 @@ void ExViewerDBGroup::setViewerAttribute(
 
 void ExViewerDBGroup::removeViewer(const ExBaseViewer *viewer)
 {
-    m_viewers.subtract(viewer);
+    while (m_viewers.contains(viewer)) {
+        m_viewers.subtract(viewer);
+    }
     for (auto &[name, values] : m_data->attributes) {
         values.erase(viewer);
     }

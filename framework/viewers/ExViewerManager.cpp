@@ -209,33 +209,35 @@ void ExViewerManager::setActiveViewer(ExBaseViewer *viewer)
 void ExViewerManager::cleanupViewers()
 {
     KxRenderQueue &queue = KxEngine::instance().renderQueue();
-    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+    const McDArray<McHandle<ExBaseViewer>> viewers = d->viewers; // Hooks may change the list.
+    for (const McHandle<ExBaseViewer> &viewer : viewers) {
         queue.removeRequests(viewer);
     }
-    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+    for (const McHandle<ExBaseViewer> &viewer : viewers) {
         viewer->terminateRendering();
     }
-    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
+    for (const McHandle<ExBaseViewer> &viewer : viewers) {
         viewer->cleanUpNodes();
     }
 }
 
 void ExViewerManager::clearCachedImages()
 {
-    for (int i = d->viewers.size(); i-- > 0;) {
-        d->viewers[i]->clearCachedImages();
+    const McDArray<McHandle<ExBaseViewer>> viewers = d->viewers; // Hooks may change the lists.
+    const McDArray<McHandle<ExBaseViewer>> unused = d->unused;
+    for (int i = viewers.size(); i-- > 0;) {
+        viewers[i]->clearCachedImages();
     }
-    for (int i = d->unused.size(); i-- > 0;) {
-        d->unused[i]->clearCachedImages();
+    for (int i = unused.size(); i-- > 0;) {
+        unused[i]->clearCachedImages();
     }
 }
 
 void ExViewerManager::reattachViewers()
 {
-    for (const McHandle<ExBaseViewer> &viewer : d->viewers) {
-        viewer->reattach();
-    }
-    for (const McHandle<ExBaseViewer> &viewer : d->unused) {
+    McDArray<McHandle<ExBaseViewer>> viewers = d->viewers; // Hooks may change the lists.
+    viewers.append(d->unused);
+    for (const McHandle<ExBaseViewer> &viewer : viewers) {
         viewer->reattach();
     }
 }

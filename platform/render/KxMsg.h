@@ -25,6 +25,8 @@ public:
     KxMsg &operator<<(float value);
     /// Length in bytes, then the bytes.
     KxMsg &operator<<(const std::string &value);
+    /// A pointer, e.g. a text literal, would be written as a bool.
+    KxMsg &operator<<(const void *) = delete;
 
     KxMsg &operator>>(std::int32_t &value);
     KxMsg &operator>>(bool &value);

@@ -1,7 +1,5 @@
 #include "tests/support/FakeViewer.h"
 
-#include "tests/support/FakeRenderWidget.h"
-
 FakeViewer::FakeViewer(const QString &name, QStringList *log)
     : m_name(name)
     , m_log(log)
@@ -13,9 +11,9 @@ FakeViewer::~FakeViewer()
     delete m_widget;
 }
 
-QWidget &FakeViewer::makeWidget(QWidget *parent)
+QWidget &FakeViewer::makeWidget()
 {
-    m_widget = new FakeRenderWidget(this, parent);
+    m_widget = new FakeRenderWidget(this);
     return *m_widget;
 }
 
@@ -39,18 +37,12 @@ KxSlice *FakeViewer::slice(bool /*preview*/) const
     return plane ? const_cast<KxSlice *>(&*plane) : nullptr;
 }
 
-void FakeViewer::terminateRendering()
-{
-    note("terminateRendering");
-    ExBaseViewer::terminateRendering();
-}
-
 void FakeViewer::note(const char *hook)
 {
     if (m_log != nullptr) {
         m_log->append(m_name + u' ' + QLatin1String(hook));
     }
     if (onHook) {
-        onHook(QLatin1String(hook));
+        onHook();
     }
 }

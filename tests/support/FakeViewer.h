@@ -1,14 +1,12 @@
 #pragma once
 
 #include "framework/viewers/ExBaseViewer.h"
+#include "framework/viewers/ExBaseViewerRenderWidget.h"
 #include "platform/render/KxImageSeries.h"
 #include "platform/render/KxSlice.h"
-#include "platform/util/McHandle.h"
 
 #include <QPointer>
-#include <QString>
 #include <QStringList>
-#include <QWidget>
 
 #include <array>
 #include <functional>
@@ -26,7 +24,7 @@ public:
     ~FakeViewer() override;
 
     /// Gives the viewer a FakeRenderWidget of its own, and returns it.
-    QWidget &makeWidget(QWidget *parent = nullptr);
+    QWidget &makeWidget();
 
     [[nodiscard]] Ex::ViewerType viewerType() const override { return type; }
     [[nodiscard]] std::string displaySetID() const override { return displaySet; }
@@ -40,7 +38,7 @@ public:
     void renderFrame() override { note("frame"); }
     [[nodiscard]] bool isFinal() const override { return final; }
     [[nodiscard]] bool isOffScreen() const override { return offScreen; }
-    void terminateRendering() override;
+    void terminateRendering() override { note("terminateRendering"); }
     void cleanUpNodes() override { note("cleanUpNodes"); }
     void activated() override { note("activated"); }
     [[nodiscard]] bool isReusable() const override { return reusable; }
@@ -63,7 +61,7 @@ public:
     bool reusable = false;
     bool preferred = false;
     bool keepsItsPlace = false;
-    std::function<void(const QString &hook)> onHook;
+    std::function<void()> onHook; ///< called after a hook was noted
 
 private:
     void note(const char *hook);
@@ -71,4 +69,20 @@ private:
     QString m_name;
     QStringList *m_log;
     QPointer<QWidget> m_widget;
+};
+
+/// Render widget that shows nothing and belongs to the viewer it is given.
+class FakeRenderWidget : public ExBaseViewerRenderWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FakeRenderWidget(ExBaseViewer *viewer = nullptr)
+        : ExBaseViewerRenderWidget(nullptr)
+        , m_viewer(viewer)
+    { }
+    [[nodiscard]] ExBaseViewer *viewer() override { return m_viewer; }
+
+private:
+    ExBaseViewer *m_viewer;
 };

@@ -15,7 +15,6 @@ Recorder::Recorder(const QString &name, QStringList &log, std::vector<ExNotifica
 void Recorder::notified(const ExNotification &notification)
 {
     m_log.append(m_name + u':' % QLatin1String(ExNotification::Type2String(notification.type())));
-    // A copy: the reaction may destroy this object.
     if (const Reaction reaction = m_reaction) {
         reaction(notification);
     }
@@ -25,5 +24,8 @@ void Recorder::addNotifications()
 {
     for (const ExNotification::Type type : m_types) {
         ExNotifiables::getInstance().addNotification(this, type);
+    }
+    if (const auto act = whenAsked) {
+        act();
     }
 }

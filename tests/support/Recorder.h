@@ -8,7 +8,7 @@
 #include <vector>
 
 /// Subscriber that writes "name:TYPE" to a log for everything it receives, and then does what the
-/// test wants.
+/// test wants; it may destroy itself there.
 class Recorder : public ExNotifiable
 {
 public:
@@ -20,6 +20,9 @@ public:
 
     void notified(const ExNotification &notification) override;
     void addNotifications() override;
+
+    /// Called after it has subscribed.
+    std::function<void()> whenAsked;
 
 private:
     QString m_name;

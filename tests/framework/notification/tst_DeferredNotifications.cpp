@@ -2,60 +2,42 @@
 #include "tests/support/Recorder.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QTest>
-#include <QThread>
 
 #include <array>
 #include <atomic>
 #include <memory>
-#include <numeric>
 #include <thread>
-#include <vector>
 
 namespace {
 
-using Type = ExNotification::Type;
-constexpr Type ZOOM = ExNotification::ZOOM_CHANGED;
-constexpr Type SLICE = ExNotification::SLICE_CHANGED;
+constexpr ExNotification::Type CLEANUP = ExNotification::CLEANUP;
+constexpr ExNotification::Type RIS_ERROR = ExNotification::RIS_ERROR;
+constexpr int numThreads = 4;
+constexpr int numPerThread = 2000;
+
+/// Addresses that stand for viewers and payloads.
+std::array<char, std::size_t{numThreads} * numPerThread> addresses;
+
+ExBaseViewer *viewer(int i)
+{
+    return reinterpret_cast<ExBaseViewer *>(&addresses.at(static_cast<std::size_t>(i)));
+}
+
+ExNotification note(int data, ExBaseViewer *concerned = nullptr)
+{
+    return {CLEANUP, concerned, nullptr, &addresses.at(static_cast<std::size_t>(data))};
+}
+
+int dataOf(const ExNotification &notification)
+{
+    return static_cast<int>(static_cast<char *>(notification.data()) - addresses.data());
+}
 
 ExNotifiables &bus()
 {
     return ExNotifiables::getInstance();
 }
-
-/// Counts the events of deferred notifications that reach the application.
-class EventCounter : public QObject
-{
-public:
-    EventCounter() { QCoreApplication::instance()->installEventFilter(this); }
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        count += event->type() == 1001 ? 1 : 0;
-        return false;
-    }
-    int count = 0;
-};
-
-/// Bytes whose addresses stand for viewers and payloads.
-struct Addresses
-{
-    [[nodiscard]] void *data(int i) { return &bytes.at(static_cast<std::size_t>(i)); }
-    [[nodiscard]] ExBaseViewer *viewer(int i)
-    {
-        return reinterpret_cast<ExBaseViewer *>(&bytes.at(static_cast<std::size_t>(i)));
-    }
-    [[nodiscard]] int indexOf(const void *address) const
-    {
-        return static_cast<int>(static_cast<const char *>(address) - bytes.data());
-    }
-    std::array<char, 100000> bytes{};
-};
-
-Addresses addresses;
-
-constexpr int numThreads = 4;
-constexpr int numPerThread = 2000;
 
 } // namespace
 
@@ -64,226 +46,148 @@ class tst_DeferredNotifications : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void mergedAtTheEarlierPlaceWithAnEventEach();
-    void manyAreMergedAndKeepTheirOrder();
-    void removedByViewer();
-    void lostWhileBlocked();
-    void publishedInsideTheDeferredDelivery();
-    void deleteAllToolsInsideTheDeferredDelivery();
-    void everythingFromManyThreadsOnceAndInOrder();
-    void manyThreadsWhileTheBusIsReset();
+    void init()
+    {
+        bus().deleteAllTools();
+        QCoreApplication::sendPostedEvents();
+        m_seen.clear();
+        m_events = 0;
+        m_recorder = std::make_unique<Recorder>(QString(), m_log, std::vector{CLEANUP},
+            [this](const ExNotification &notification) { m_seen.append(dataOf(notification)); });
+    }
+    void initTestCase() { QCoreApplication::instance()->installEventFilter(this); }
+
+    void mergedAtTheEarlierPlaceWithAnEventEach()
+    {
+        for (const ExNotification &notification :
+            {note(1), note(2), note(1), note(3, viewer(1)), note(3), note(3, viewer(1))}) {
+            bus().notifyDelayed(notification);
+        }
+        bus().notifyDelayed(RIS_ERROR);
+        QCOMPARE(m_seen, QList<int>());
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({1, 2, 3, 3}));
+        QCOMPARE(m_events, 7);
+        bus().notifyDelayed(note(1)); // New again.
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({1, 2, 3, 3, 1}));
+    }
+
+    void manyKeepTheirOrderWhenAViewersAreRemoved()
+    {
+        QList<int> expected;
+        for (const int parity : {0, 1}) {
+            for (int i = parity; i < 3000; i += 2) {
+                expected.append(i);
+            }
+        }
+        for (int round = 0; round < 3; ++round) {
+            for (int i = 0; i < 3000; ++i) {
+                bus().notifyDelayed(note(i, viewer(i % 2)));
+            }
+            if (round == 1) {
+                bus().removeDelayedNotifications(viewer(1)); // They come back at the end.
+                bus().removeDelayedNotifications(viewer(2));
+                bus().removeDelayedNotifications(nullptr);
+            }
+        }
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, expected);
+    }
+
+    void removedWithoutViewerAndLostWhileBlocked()
+    {
+        bus().notifyDelayed(note(1));
+        bus().notifyDelayed(note(2, viewer(2)));
+        bus().removeDelayedNotifications(nullptr);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({2}));
+        bus().blockNotifications(true);
+        bus().notifyDelayed(note(3));
+        QCoreApplication::sendPostedEvents();
+        bus().notifyDelayed(note(4));
+        bus().blockNotifications(false);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({2, 4}));
+        QCOMPARE(m_events, 4);
+    }
+
+    void publishingAndResettingInsideTheDeferredDelivery()
+    {
+        const Recorder publisher(QString(), m_log, {CLEANUP}, [](const ExNotification &n) {
+            if (dataOf(n) == 1) {
+                bus().notifyDelayed(note(2)); // Comes after all that waited, though one equals it.
+                bus().notify(note(5));
+            } else if (dataOf(n) == 3) {
+                bus().deleteAllTools();
+            }
+        });
+        bus().notifyDelayed(note(1));
+        bus().notifyDelayed(note(2));
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({1, 5, 2, 2}));
+        bus().notifyDelayed(note(3));
+        bus().notifyDelayed(note(4));
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen, QList<int>({1, 5, 2, 2, 3}));
+    }
+
+    void fromManyThreads_data()
+    {
+        QTest::addColumn<bool>("resets");
+        QTest::newRow("everything arrives once and in order") << false;
+        QTest::newRow("resets and removals lose some, never the order") << true;
+    }
+
+    void fromManyThreads()
+    {
+        QFETCH(const bool, resets);
+        std::atomic<int> running = numThreads;
+        std::vector<std::thread> threads;
+        for (int thread = 0; thread < numThreads; ++thread) {
+            threads.emplace_back([thread, resets, &running] {
+                for (int i = 0; i < numPerThread; ++i) {
+                    bus().notifyDelayed(note(thread * numPerThread + i, viewer(thread)));
+                    bus().removeDelayedNotifications(viewer(resets ? thread : numThreads));
+                }
+                --running;
+            });
+        }
+        while (running > 0) {
+            QCoreApplication::processEvents();
+            if (resets) {
+                bus().deleteAllTools();
+                bus().addNotification(m_recorder.get(), CLEANUP);
+            }
+        }
+        for (std::thread &thread : threads) {
+            thread.join();
+        }
+        bus().notifyDelayed(note(0));
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(m_seen.takeLast(), 0);
+        QVERIFY(resets || m_seen.size() == numThreads * numPerThread);
+        std::array<int, numThreads> last;
+        last.fill(-1);
+        for (const int data : m_seen) {
+            int &previous = last.at(static_cast<std::size_t>(data / numPerThread));
+            QVERIFY(data > previous);
+            previous = data;
+        }
+    }
 
 private:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        m_events += event->type() == 1001 ? 1 : 0;
+        return false;
+    }
+
     QStringList m_log;
-    QList<int> m_data;
-    Recorder::Reaction m_noteData
-        = [this](const ExNotification &n) { m_data.append(addresses.indexOf(n.data())); };
+    QList<int> m_seen;
+    int m_events = 0;
+    std::unique_ptr<Recorder> m_recorder;
 };
-
-void tst_DeferredNotifications::init()
-{
-    bus().deleteAllTools();
-    QCoreApplication::sendPostedEvents();
-    m_log.clear();
-    m_data.clear();
-}
-
-void tst_DeferredNotifications::mergedAtTheEarlierPlaceWithAnEventEach()
-{
-    EventCounter events;
-    const Recorder a(QStringLiteral("a"), m_log, {ExNotification::UNSPECIFIC}, m_noteData);
-    const ExNotification first(ZOOM, nullptr, nullptr, addresses.data(1));
-    bus().notifyDelayed(first);
-    bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(2)));
-    bus().notifyDelayed(first);
-    bus().notifyDelayed(ExNotification(SLICE, nullptr, nullptr, addresses.data(1)));
-    bus().notifyDelayed(ExNotification(ZOOM, addresses.viewer(3), nullptr, addresses.data(1)));
-    bus().notifyDelayed(first);
-    QCOMPARE(m_log, QStringList());
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_log,
-        QStringList({QStringLiteral("a:ZOOM_CHANGED"), QStringLiteral("a:ZOOM_CHANGED"),
-            QStringLiteral("a:SLICE_CHANGED"), QStringLiteral("a:ZOOM_CHANGED")}));
-    QCOMPARE(m_data, QList<int>({1, 2, 1, 1}));
-    QCOMPARE(events.count, 6);
-    bus().notifyDelayed(first); // Was delivered: it is new again.
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_data.size(), 5);
-}
-
-void tst_DeferredNotifications::manyAreMergedAndKeepTheirOrder()
-{
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM}, m_noteData);
-    QList<int> expected;
-    for (int round = 0; round < 3; ++round) {
-        for (int i = 0; i < 3000; ++i) {
-            bus().notifyDelayed(
-                ExNotification(ZOOM, addresses.viewer(i % 2), nullptr, addresses.data(i)));
-        }
-        // In the midst of it those of one viewer go, and come back at the end.
-        if (round == 1) {
-            bus().removeDelayedNotifications(addresses.viewer(1));
-        }
-    }
-    for (const int remainder : {0, 1}) {
-        for (int i = remainder; i < 3000; i += 2) {
-            expected.append(i);
-        }
-    }
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_data, expected);
-}
-
-void tst_DeferredNotifications::removedByViewer()
-{
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM}, m_noteData);
-    const auto queue = [] {
-        for (const int i : {1, 2, 1, 3}) {
-            bus().notifyDelayed(ExNotification(
-                ZOOM, i == 3 ? nullptr : addresses.viewer(i), nullptr, addresses.data(i)));
-        }
-    };
-    queue();
-    bus().removeDelayedNotifications(addresses.viewer(1));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_data, QList<int>({2, 3}));
-    queue();
-    bus().removeDelayedNotifications(nullptr);
-    bus().removeDelayedNotifications(addresses.viewer(9));
-    bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(4)));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_data, QList<int>({2, 3, 1, 2, 4}));
-}
-
-void tst_DeferredNotifications::lostWhileBlocked()
-{
-    EventCounter events;
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM, SLICE});
-    bus().blockNotifications(true);
-    bus().notifyDelayed(ZOOM);
-    QCoreApplication::sendPostedEvents();
-    bus().notifyDelayed(SLICE);
-    bus().blockNotifications(false);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_log, QStringList(QStringLiteral("a:SLICE_CHANGED")));
-    QCOMPARE(events.count, 2);
-}
-
-void tst_DeferredNotifications::publishedInsideTheDeferredDelivery()
-{
-    // What is deferred from a delivery comes after everything that waited, also when it equals it.
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM}, [this](const ExNotification &n) {
-        m_noteData(n);
-        if (n.data() == addresses.data(1) && m_data.size() < 3) {
-            bus().notifyDelayed(n);
-            bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(2)));
-            bus().notify(ExNotification(ZOOM, nullptr, nullptr, addresses.data(5)));
-        }
-    });
-    bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(1)));
-    bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(3)));
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_data, QList<int>({1, 5, 3, 1, 2}));
-}
-
-void tst_DeferredNotifications::deleteAllToolsInsideTheDeferredDelivery()
-{
-    std::unique_ptr<Recorder> fresh;
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM, SLICE}, [&](const ExNotification &) {
-        bus().notifyDelayed(ExNotification::CLEANUP);
-        bus().deleteAllTools();
-        fresh = std::make_unique<Recorder>(
-            QStringLiteral("new"), m_log, std::vector{ExNotification::UNSPECIFIC});
-    });
-    bus().notifyDelayed(ZOOM);
-    bus().notifyDelayed(SLICE);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_log, QStringList(QStringLiteral("a:ZOOM_CHANGED")));
-    bus().notifyDelayed(SLICE);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(m_log,
-        QStringList({QStringLiteral("a:ZOOM_CHANGED"), QStringLiteral("new:SLICE_CHANGED")}));
-}
-
-void tst_DeferredNotifications::everythingFromManyThreadsOnceAndInOrder()
-{
-    std::vector<QList<int>> perThread(numThreads);
-    const Recorder a(QStringLiteral("a"), m_log, {ZOOM}, [&](const ExNotification &n) {
-        QVERIFY(QThread::currentThread() == QCoreApplication::instance()->thread());
-        const int index = addresses.indexOf(n.data());
-        perThread[static_cast<std::size_t>(index / numPerThread)].append(index % numPerThread);
-        bus().notifyDelayed(SLICE); // No lock is held here.
-    });
-    std::atomic<int> running = numThreads;
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < numThreads; ++thread) {
-        threads.emplace_back([thread, &running] {
-            for (int i = 0; i < numPerThread; ++i) {
-                bus().notifyDelayed(ExNotification(ZOOM, addresses.viewer(thread), nullptr,
-                    addresses.data(thread * numPerThread + i)));
-                bus().removeDelayedNotifications(addresses.viewer(numThreads));
-            }
-            --running;
-        });
-    }
-    while (running > 0) {
-        QCoreApplication::processEvents();
-    }
-    for (std::thread &thread : threads) {
-        thread.join();
-    }
-    QCoreApplication::sendPostedEvents();
-    QList<int> all(numPerThread);
-    std::iota(all.begin(), all.end(), 0);
-    QCOMPARE(perThread, std::vector<QList<int>>(numThreads, all));
-}
-
-void tst_DeferredNotifications::manyThreadsWhileTheBusIsReset()
-{
-    QList<int> lastOf(numThreads, -1);
-    bool inOrder = true;
-    std::unique_ptr<Recorder> subscriber;
-    const auto reset = [&] {
-        bus().deleteAllTools();
-        subscriber = std::make_unique<Recorder>(
-            QStringLiteral("a"), m_log, std::vector{ZOOM}, [&](const ExNotification &n) {
-                const int index = addresses.indexOf(n.data());
-                int &last = lastOf[index / numPerThread];
-                inOrder = inOrder && index % numPerThread > last;
-                last = index % numPerThread;
-            });
-    };
-    std::atomic<int> running = numThreads;
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < numThreads; ++thread) {
-        threads.emplace_back([thread, &running] {
-            for (int i = 0; i < numPerThread; ++i) {
-                bus().notifyDelayed(ExNotification(ZOOM, addresses.viewer(thread), nullptr,
-                    addresses.data(thread * numPerThread + i)));
-                if (i % 16 == 0) {
-                    bus().removeDelayedNotifications(addresses.viewer(thread));
-                }
-            }
-            --running;
-        });
-    }
-    while (running > 0) {
-        reset();
-        QCoreApplication::processEvents();
-        bus().removeDelayedNotifications(addresses.viewer(0));
-    }
-    for (std::thread &thread : threads) {
-        thread.join();
-    }
-    QVERIFY(inOrder);
-    reset();
-    bus().notifyDelayed(ExNotification(ZOOM, nullptr, nullptr, addresses.data(0)));
-    lastOf[0] = -1;
-    QCoreApplication::sendPostedEvents();
-    QVERIFY(inOrder);
-    QCOMPARE(lastOf[0], 0);
-}
 
 QTEST_GUILESS_MAIN(tst_DeferredNotifications)
 #include "tst_DeferredNotifications.moc"

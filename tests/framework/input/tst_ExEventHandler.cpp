@@ -1,0 +1,347 @@
+#include "framework/dispatch/ExActionHandler.h"
+#include "framework/input/ExEventHandler.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// "letter of the type, code @ position < previous position", "?" when a click may follow, "!" when
+/// it activates.
+QString text(const ExEvent &event)
+{
+    return u"%1%2@%3,%4<%5,%6"_s.arg(QLatin1Char("PRCDMW-"[event.type]))
+               .arg(event.buttonOrKey)
+               .arg(event.x)
+               .arg(event.y)
+               .arg(event.pressX)
+               .arg(event.pressY)
+        + (event.isExpectingClick() ? u"?" : u"") + (event.isActivating() ? u"!" : u"");
+}
+
+/// Receiver that does, and answers, what the test wants; it may be destroyed by that.
+class Receiver : public ExActionHandler
+{
+public:
+    using Reaction = std::function<bool(const ExEvent &)>;
+
+    explicit Receiver(Reaction reaction)
+        : m_reaction(std::move(reaction))
+    { }
+    bool react(const ExEvent &event)
+    {
+        const Reaction reaction = m_reaction;
+        return reaction(event);
+    }
+    [[nodiscard]] ExEventHandler::Action action(
+        ExSignal::Type type, int code, int state = 0, int mask = 0, int orderKey = 0)
+    {
+        ExSignal signal(type, code, state, mask);
+        signal.orderKey = orderKey;
+        return {signal, this, &Receiver::react};
+    }
+
+private:
+    Reaction m_reaction;
+};
+
+void sendWheel(QObject &object, const QPoint &position, const QPoint &angleDelta)
+{
+    QWheelEvent event(position, position, {}, angleDelta, Qt::NoButton, Qt::ShiftModifier,
+        Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&object, &event);
+}
+
+void sendKey(QObject &object, QEvent::Type type)
+{
+    QKeyEvent event(type, Qt::Key_A, Qt::NoModifier);
+    QCoreApplication::sendEvent(&object, &event);
+}
+
+/// Sends steps such as "P1@10,12": press, release, double click or move ("M0") of a button, wheel
+/// ("W0"); or "K", "k" for pressing and releasing a key. Gives whether the last was consumed.
+bool send(QObject &object, const QString &steps, Qt::KeyboardModifiers modifiers = {})
+{
+    bool consumed = false;
+    for (const QString &step : steps.split(u' ')) {
+        const QPoint position(
+            step.section(u'@', 1).section(u',', 0, 0).toInt(), step.section(u',', 1).toInt());
+        const auto button = static_cast<Qt::MouseButton>(step.section(u'@', 0, 0).mid(1).toInt());
+        if (step == u"K" || step == u"k") {
+            sendKey(object, step == u"K" ? QEvent::KeyPress : QEvent::KeyRelease);
+        } else if (step.front() == u'W') {
+            sendWheel(object, position, QPoint(0, 120));
+        } else {
+            const QHash<QChar, QEvent::Type> types{{u'P', QEvent::MouseButtonPress},
+                {u'R', QEvent::MouseButtonRelease}, {u'D', QEvent::MouseButtonDblClick},
+                {u'M', QEvent::MouseMove}};
+            QMouseEvent event(types[step.front()], position, position, button, {}, modifiers);
+            consumed = QCoreApplication::sendEvent(&object, &event);
+        }
+    }
+    return consumed;
+}
+
+} // namespace
+
+class tst_ExEventHandler : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_handler = std::make_unique<ExEventHandler>();
+        m_widget = std::make_unique<QWidget>();
+        m_widget->setMouseTracking(true);
+        m_handler->connect(m_widget.get());
+        m_log.clear();
+    }
+
+    void gestures_data()
+    {
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("events");
+        const auto row = [](const char *name, const QString &steps, const QString &events) {
+            QTest::newRow(name) << steps << events;
+        };
+        row("5 pixels", u"P1@10,10 R1@15,5"_s, u"P1@10,10<-1,-1? C1@10,10<-1,-1"_s);
+        row("6 in x", u"P1@10,10 R1@16,10"_s, u"P1@10,10<-1,-1? R1@16,10<10,10"_s);
+        row("6 in y", u"P1@10,10 R1@10,4"_s, u"P1@10,10<-1,-1? R1@10,4<10,10"_s);
+        row("moved a little, then on", u"M0@3,4 P2@10,10 M0@12,12 R2@12,12 M0@20,20"_s,
+            u"M0@3,4<-1,-1 P2@10,10<3,4? M0@12,12<10,10? C2@10,10<3,4 M0@20,20<10,10"_s);
+        row("moved away and back", u"P1@10,10 M0@16,10 M0@10,10 R1@10,10"_s,
+            u"P1@10,10<-1,-1? M0@16,10<10,10 M0@10,10<16,10 R1@10,10<10,10"_s);
+        row("another button released", u"P1@10,10 R2@10,10 R1@10,10"_s,
+            u"P1@10,10<-1,-1? R2@10,10<10,10 R1@10,10<10,10"_s);
+        row("another button pressed", u"P1@10,10 P2@11,11 R2@11,11 R1@10,10"_s,
+            u"P1@10,10<-1,-1? P2@11,11<10,10? C2@11,11<10,10 R1@10,10<11,11"_s);
+        row("double click and wheel between", u"P1@10,10 D1@30,30 W0@40,40 R1@10,10"_s,
+            u"P1@10,10<-1,-1? D1@30,30<10,10 W0@40,40<30,30 C1@10,10<-1,-1"_s);
+        row("double click alone", u"D1@10,10 R1@10,10"_s, u"D1@10,10<-1,-1 R1@10,10<10,10"_s);
+        row("keys between, at the pointer", u"P1@10,10 K k R1@10,10"_s,
+            u"P1@10,10<-1,-1? P65@77,33<10,10 R65@77,33<77,33 C1@10,10<-1,-1"_s);
+        row("sixth button, with a key's value", u"P32@1,1 P16@2,2 R32@9,9 R16@2,2"_s,
+            u"P16@2,2<-1,-1? C16@2,2<-1,-1"_s);
+    }
+
+    void gestures()
+    {
+        QFETCH(const QString, steps);
+        QCursor::setPos(m_widget->mapToGlobal(QPoint(77, 33)));
+        addToAll(m_logger);
+        send(*m_widget, steps);
+        QTEST(m_log.join(u' '), "events");
+    }
+
+    void clicksOfTheToolkit()
+    {
+        unsigned state = 0;
+        Receiver receiver([&state](const ExEvent &event) {
+            state = event.kxButtonState();
+            return false;
+        });
+        addToAll(m_logger);
+        m_handler->addAction(receiver.action(ExSignal::PRESS, Qt::RightButton));
+        QTest::mouseClick(m_widget.get(), Qt::RightButton, Qt::ShiftModifier, QPoint(20, 30));
+        QCOMPARE(state, 4U + 8U);
+        QCOMPARE(m_handler->clickTolerance(), 5);
+        m_handler->setClickTolerance(0);
+        send(*m_widget, u"P1@1,1 R1@2,1"_s);
+        QCOMPARE(m_log.join(u' '), u"P2@20,30<-1,-1? C2@20,30<-1,-1 P1@1,1<20,30? R1@2,1<1,1"_s);
+    }
+
+    void wheelAndObjectsWithoutPosition()
+    {
+        QList<int> deltas;
+        Receiver wheel([&deltas](const ExEvent &event) {
+            deltas.append(event.delta);
+            return event.state == Qt::ShiftModifier;
+        });
+        m_handler->addAction(wheel.action(ExSignal::WHEEL, 0));
+        for (const QPoint &delta : {QPoint(0, -120), QPoint(240, 0), QPoint(30, 120)}) {
+            sendWheel(*m_widget, QPoint(), delta);
+        }
+        QCOMPARE(deltas, QList<int>({-120, 240, 120}));
+        QObject noWidget;
+        m_handler->connect(&noWidget);
+        sendKey(noWidget, QEvent::KeyPress);
+        QCOMPARE(text(m_handler->event(&noWidget)), u"P65@-1,-1<-1,-1"_s);
+    }
+
+    void orderStateAndRemoval()
+    {
+        const auto logging = [this](int number) {
+            return Receiver([this, number](const ExEvent &) {
+                m_log.append(QString::number(number));
+                return number == -1;
+            });
+        };
+        std::array receivers{logging(7), logging(-2), logging(-1), logging(0), logging(1)};
+        const std::array orderKeys{7, -2, -1, 0, 0};
+        for (std::size_t i = 0; i < receivers.size(); ++i) {
+            m_handler->addAction(receivers.at(i).action(ExSignal::PRESS, 1, 0, 0, orderKeys.at(i)));
+        }
+        const auto action = m_logger.action(ExSignal::PRESS, 1, 0, Qt::ControlModifier);
+        m_handler->addAction(action); // The filter's events have no mask: it is called always,
+        m_handler->addAction(
+            m_logger.action(ExSignal::PRESS, 1, Qt::ControlModifier)); // this never.
+        QVERIFY(send(*m_widget, u"P1@0,0"_s, Qt::ControlModifier));
+        QCOMPARE(std::exchange(m_log, {}).join(u' '), u"7 P1@0,0<-1,-1? 1 0 -1"_s);
+
+        m_handler->addAction(action);
+        m_handler->removeAction(m_logger.action(ExSignal::PRESS, 1));
+        m_handler->removeAction(m_logger.action(ExSignal::PRESS, 1, 0, Qt::ControlModifier, 9));
+        m_handler->removeAction(receivers[0].action(ExSignal::PRESS, 1));
+        send(*m_widget, u"P1@0,0"_s);
+        QCOMPARE(m_log.join(u' '), u"P1@0,0<0,0? 1 0 -1"_s);
+    }
+
+    void movesAreSwallowedWhileBusy()
+    {
+        QWidget second;
+        second.setMouseTracking(true);
+        ExEventHandler secondHandler;
+        secondHandler.connect(&second);
+        Receiver sending([&](const ExEvent &) {
+            m_log.append(u"("_s);
+            send(second, u"M0@1,1"_s); // Swallowed, whoever watches.
+            m_log.append(text(secondHandler.event(&second)));
+            send(*m_widget, u"M0@2,2"_s);
+            send(second, u"P1@3,3"_s); // Handled, and nobody counts as busy afterwards.
+            send(*m_widget, u"M0@4,4"_s);
+            m_log.append(u")"_s);
+            return false;
+        });
+        m_handler->addAction(sending.action(ExSignal::PRESS, 1));
+        m_handler->addAction(m_logger.action(ExSignal::MOVE, 0));
+        send(*m_widget, u"P1@0,0 M0@5,5"_s);
+        QCOMPARE(m_log.join(u' '), u"( -0@-1,-1<-1,-1 M0@4,4<0,0? ) M0@5,5<4,4?"_s);
+        QCOMPARE(text(secondHandler.event(&second)), u"P1@3,3<-1,-1?"_s);
+    }
+
+    void lastEvent()
+    {
+        Receiver activating([](const ExEvent &event) {
+            event.setActivating(event.type == ExSignal::PRESS);
+            return event.type == ExSignal::CLICK;
+        });
+        addToAll(activating);
+        QStringList last{text(m_handler->event(m_widget.get()))};
+        for (const auto &step : {u"M0@1,1"_s, u"P1@2,2"_s, u"M0@3,3"_s, u"R1@4,4"_s}) {
+            send(*m_widget, step);
+            last.append(text(m_handler->event(m_widget.get())));
+        }
+        QEvent noInput(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(m_widget.get(), &noInput);
+        last.append(text(m_handler->event(m_widget.get())));
+        send(*m_widget, u"M0@5,5"_s);
+        last.append(text(m_handler->event(m_widget.get())));
+        // Activating until something else happens; what was consumed is not kept.
+        QCOMPARE(last.join(u' '),
+            u"-0@-1,-1<-1,-1 M0@1,1<-1,-1 P1@2,2<1,1?! M0@3,3<2,2?! M0@3,3<2,2?! "
+            "-0@-1,-1<-1,-1 M0@5,5<2,2"_s);
+    }
+
+    void everyObjectByItselfUntilItIsForgotten()
+    {
+        QWidget second;
+        m_handler->connect(&second);
+        m_handler->connect(nullptr);
+        m_handler->disconnect(nullptr);
+        addToAll(m_logger);
+        send(*m_widget, u"P1@1,1"_s);
+        send(second, u"R1@1,1"_s);
+        m_handler->disconnect(m_widget.get());
+        send(*m_widget, u"R1@1,1"_s);
+        QVERIFY(!m_handler->event(m_widget.get()).object);
+        m_handler->connect(m_widget.get());
+        send(*m_widget, u"R1@2,2"_s);
+        // Widgets at the same address.
+        alignas(QWidget) std::array<std::byte, sizeof(QWidget)> place{};
+        for (int i = 0; i < 2; ++i) {
+            auto *const widget = new (place.data()) QWidget;
+            QVERIFY(!m_handler->event(widget).object);
+            m_handler->connect(widget);
+            send(*widget, u"P1@7,7"_s);
+            widget->~QWidget();
+        }
+        QCOMPARE(m_log.join(u' '),
+            u"P1@1,1<-1,-1? R1@1,1<-1,-1 R1@2,2<-1,-1 P1@7,7<-1,-1? P1@7,7<-1,-1?"_s);
+    }
+
+    void destroyedByAnAction_data()
+    {
+        QTest::addColumn<bool>("consumes");
+        QTest::addColumn<QString>("log");
+        const QString both = u"deed P1@1,1<-1,-1?"_s;
+        for (const bool consumes : {false, true}) {
+            const auto row = [consumes](const char *victim, const QString &log) {
+                QTest::addRow("%s%s", victim, consumes ? ", consumed" : "")
+                    << consumes << (consumes ? u"deed"_s : log);
+            };
+            row("widget", both);
+            row("handler", u"deed"_s);
+            row("receiver", both);
+            row("connection", both);
+        }
+    }
+
+    void destroyedByAnAction()
+    {
+        QFETCH(const bool, consumes);
+        const QLatin1String victim(QTest::currentDataTag());
+        std::unique_ptr<Receiver> destroyer;
+        destroyer = std::make_unique<Receiver>([&, consumes](const ExEvent &) {
+            m_log.append(u"deed"_s);
+            if (victim.startsWith("widget"_L1)) {
+                m_widget.reset();
+            } else if (victim.startsWith("handler"_L1)) {
+                m_handler.reset();
+            } else if (victim.startsWith("receiver"_L1)) {
+                destroyer.reset();
+            } else {
+                m_handler->disconnect(m_widget.get());
+            }
+            return consumes;
+        });
+        m_handler->addAction(m_logger.action(ExSignal::PRESS, 1));
+        m_handler->addAction(destroyer->action(ExSignal::PRESS, 1));
+        send(*m_widget, u"P1@1,1"_s);
+        QTEST(m_log.join(u' '), "log");
+        if (victim.startsWith("connection"_L1)) {
+            QVERIFY(!m_handler->event(m_widget.get()).object);
+        }
+    }
+
+private:
+    /// Binds the receiver to all gestures that the tests send.
+    void addToAll(Receiver &receiver)
+    {
+        for (int type = ExSignal::PRESS; type <= ExSignal::NO_SIGNAL; ++type) {
+            for (const int code : {0, 1, 2, 16, 32, int{Qt::Key_A}}) {
+                m_handler->addAction(receiver.action(static_cast<ExSignal::Type>(type), code));
+            }
+        }
+    }
+
+    std::unique_ptr<ExEventHandler> m_handler;
+    std::unique_ptr<QWidget> m_widget;
+    QStringList m_log;
+    Receiver m_logger{[this](const ExEvent &event) {
+        m_log.append(text(event));
+        return false;
+    }};
+};
+
+QTEST_MAIN(tst_ExEventHandler)
+#include "tst_ExEventHandler.moc"
