@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -51,11 +52,31 @@ void printRow(const QString &name, std::vector<double> milliseconds, const QSize
 
 } // namespace
 
-ScrollBenchmark::ScrollBenchmark(MainWindow &window)
+ScrollBenchmark::ScrollBenchmark(MainWindow &window, const QStringList &folders)
     : m_window(window)
-    , m_series(makeBenchmarkSeries())
 {
-    QTimer::singleShot(0, this, &ScrollBenchmark::run);
+    if (folders.isEmpty()) {
+        m_series = makeBenchmarkSeries();
+        QTimer::singleShot(0, this, &ScrollBenchmark::run);
+    } else {
+        connect(
+            &window, &MainWindow::opened, this, &ScrollBenchmark::runOpened, Qt::QueuedConnection);
+        window.open(folders);
+    }
+}
+
+void ScrollBenchmark::runOpened()
+{
+    waitUntilSettled();
+    const auto viewers = m_window.workstation().sliceViewers();
+    m_series = viewers.empty() ? nullptr : viewers.front()->series();
+    if (m_series && m_series->images() != nullptr && m_window.openProblem().isEmpty()) {
+        run();
+    } else {
+        std::fprintf(stderr, "movara-workstation: There is nothing to scroll. %s\n",
+            qUtf8Printable(m_window.openProblem()));
+        QCoreApplication::exit(1);
+    }
 }
 
 std::vector<ScrollBenchmark::Scenario> ScrollBenchmark::scenarios()
@@ -73,9 +94,11 @@ std::vector<ScrollBenchmark::Scenario> ScrollBenchmark::scenarios()
 
 void ScrollBenchmark::run()
 {
-    std::printf("Wheel step to finished paint of all slice viewers, 512x512x150 of 16 bit, %d "
-                "steps, in ms\n%-44s %9s %8s %8s %8s %8s\n",
-        measuredSteps, "scenario", "viewer", "median", "95 %", "99 %", "max");
+    const std::array<int, 3> &size = m_series->images()->volume(0)->dimensions();
+    std::printf("Wheel step to finished paint of all slice viewers, %dx%dx%d voxels, %d steps, in "
+                "ms\n%-44s %9s %8s %8s %8s %8s\n",
+        size[0], size[1], size[2], measuredSteps, "scenario", "viewer", "median", "95 %", "99 %",
+        "max");
     for (const Scenario &scenario : scenarios()) {
         runScenario(scenario);
     }
@@ -84,7 +107,7 @@ void ScrollBenchmark::run()
 
 void ScrollBenchmark::waitUntilSettled()
 {
-    while (!m_window.workstation().isSettled()) {
+    while (!m_window.isSettled()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
     }
 }

@@ -5,6 +5,7 @@
 #include "platform/util/McHandle.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <vector>
 
@@ -13,13 +14,15 @@ class SliceViewer;
 
 /// Sends wheel events to a viewer of the main window, one after the other, and measures each from
 /// its sending until all slice viewers have been painted: those that follow with their new slice,
-/// the others with their moved reference lines. Prints a table and ends the event loop.
+/// the others with their moved reference lines. Prints a table and ends the event loop; without
+/// anything to scroll it says so and ends it with 1.
 class ScrollBenchmark final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit ScrollBenchmark(MainWindow &window);
+    /// @param folders what to open and scroll; empty for made-up voxels.
+    ScrollBenchmark(MainWindow &window, const QStringList &folders);
 
 private:
     struct Scenario
@@ -30,6 +33,7 @@ private:
     };
 
     static std::vector<Scenario> scenarios();
+    void runOpened();
     void run();
     void runScenario(const Scenario &scenario);
     void waitUntilSettled();

@@ -35,7 +35,7 @@ int runWindow(const CommandLine &command)
     window.show();
     std::unique_ptr<QObject> run;
     if (!command.benchmark.isEmpty()) {
-        run = std::make_unique<ScrollBenchmark>(window);
+        run = std::make_unique<ScrollBenchmark>(window, command.paths);
     } else {
         command.paths.isEmpty() ? window.openSample() : window.open(command.paths);
         if (!command.screenshot.isEmpty()) {

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] KxImageSeries *images() const { return m_images; }
     void setImages(const McHandle<KxImageSeries> &images) { m_images = images; }
 
-    /// The part of the slices that has been read, 0 to 1.
+    /// How much of the slices has been read, 0 to 1.
     [[nodiscard]] double progress() const { return m_progress; }
     void setProgress(double progress) { m_progress = progress; }
     /// Reading has ended, with all slices or, after an error or on the user's wish, with some.

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// The part of a window in which the viewers are: parent of their render widgets. Series can be
+/// The area of a window in which the viewers are: parent of their render widgets. Series can be
 /// dropped on it. GUI thread only.
 class ViewerArea final : public QWidget
 {

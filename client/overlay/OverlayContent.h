@@ -35,7 +35,7 @@ struct OverlayContent
     double mmPerPixel = 0;
     bool isActive = false;
     Link link = Link::None;
-    /// The part of the data that has been read, 0 to 1; 1 hides the bar.
+    /// How much of the data has been read, 0 to 1; 1 hides the bar.
     double progress = 1;
     /// What is wrong or not final yet; above the texts at the bottom right, conspicuous.
     QStringList warnings;

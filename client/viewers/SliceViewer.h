@@ -46,7 +46,7 @@ public:
     [[nodiscard]] bool isFitting() const { return m_isFitting; }
     /// Shows the whole volume, in the middle. Notifies ZOOM_CHANGED and SLICE_CHANGED.
     void fit();
-    /// Moves the middle of the picture by the part of a shift (mm) that lies in the plane. Notifies
+    /// Moves the middle of the picture by as much of a shift (mm) as lies in the plane. Notifies
     /// SLICE_CHANGED.
     void pan(const McVec3d &shift);
 

@@ -56,7 +56,7 @@ QString workingCopy(const QString &fileName)
 {
     QFile source(fileName);
     const bool exists = source.exists();
-    QTemporaryFile copy(fileName + QLatin1String(".XXXXXX"));
+    QTemporaryFile copy(fileName);
     if ((exists && !source.open(QIODevice::ReadOnly)) || !copy.open()) {
         return {};
     }
