@@ -77,12 +77,10 @@ endfunction()
 # How the sanitizers run in tests: what libraries that are not instrumented bring is suppressed, each with its reason.
 set(MOVARA_SANITIZER_OPTIONS "")
 if(MOVARA_SANITIZE)
-    set(movara_suppressions "${PROJECT_SOURCE_DIR}/tests/support")
     set(MOVARA_SANITIZER_OPTIONS
-        "ASAN_OPTIONS=suppressions=${movara_suppressions}/asan.supp:detect_stack_use_after_return=1:check_initialization_order=1"
-        "LSAN_OPTIONS=suppressions=${movara_suppressions}/lsan.supp:print_suppressions=0"
-        "UBSAN_OPTIONS=suppressions=${movara_suppressions}/ubsan.supp:print_stacktrace=1"
-        "TSAN_OPTIONS=suppressions=${movara_suppressions}/tsan.supp:halt_on_error=1:second_deadlock_stack=1")
+        "ASAN_OPTIONS=detect_stack_use_after_return=1:check_initialization_order=1"
+        "UBSAN_OPTIONS=print_stacktrace=1"
+        "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp:history_size=7:halt_on_error=1:second_deadlock_stack=1")
 endif()
 
 # movara_add_test(NAME SOURCES ... LIBRARIES ... [LABELS ...] [ENVIRONMENT ...])
