@@ -21,6 +21,6 @@ public:
     /// Whether the renderer draws without a window on the screen.
     [[nodiscard]] virtual bool isOffScreen() const = 0;
 
-    /// Asks the engine's render queue for a frame; requests before the next frame are one.
+    /// Asks the engine's render queue for a frame; requests that wait together are one.
     void requestRender();
 };
