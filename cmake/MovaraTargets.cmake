@@ -80,7 +80,7 @@ if(MOVARA_SANITIZE)
     set(MOVARA_SANITIZER_OPTIONS
         "ASAN_OPTIONS=detect_stack_use_after_return=1:check_initialization_order=1"
         "UBSAN_OPTIONS=print_stacktrace=1"
-        "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp:history_size=7:halt_on_error=1:second_deadlock_stack=1")
+        "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp:history_size=7:halt_on_error=1:second_deadlock_stack=1:die_after_fork=0")
 endif()
 
 # movara_add_test(NAME SOURCES ... LIBRARIES ... [LABELS ...] [ENVIRONMENT ...])
