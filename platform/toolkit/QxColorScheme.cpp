@@ -97,14 +97,8 @@ QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 )";
 
-struct SheetName
-{
-    const char *name;
-    Role role;
-};
-
 /// Longer names come before those that they begin with.
-constexpr SheetName sheetNames[] = {
+constexpr QxNamedColorRole sheetNames[] = {
     {"@window", Role::Window},
     {"@panel", Role::Panel},
     {"@raised", Role::Raised},
@@ -132,7 +126,7 @@ QPalette paletteOf(const QxColorScheme &scheme)
 QString styleSheetOf(const QxColorScheme &scheme)
 {
     QString sheet = QString::fromLatin1(styleSheetTemplate);
-    for (const SheetName &entry : sheetNames) {
+    for (const QxNamedColorRole &entry : sheetNames) {
         sheet.replace(QLatin1String(entry.name), colorOf(scheme, entry.role).name());
     }
     return sheet;

@@ -14,6 +14,13 @@ inline const QColor &colorOf(const QxColorScheme &scheme, QxStyleFactory::ColorR
     return scheme[static_cast<std::size_t>(role)];
 }
 
+/// What a role is called, in a style sheet or by those who ask for a colour.
+struct QxNamedColorRole
+{
+    const char *name;
+    QxStyleFactory::ColorRole role;
+};
+
 /// The palette made of a scheme.
 QPalette paletteOf(const QxColorScheme &scheme);
 /// The application's style sheet made of a scheme.

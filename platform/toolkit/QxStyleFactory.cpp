@@ -75,13 +75,7 @@ const QxColorScheme *schemeNamed(const QString &name)
     return nullptr;
 }
 
-struct NamedColor
-{
-    const char *key;
-    Role role;
-};
-
-constexpr NamedColor namedColors[] = {
+constexpr QxNamedColorRole namedColors[] = {
     {"KORVATE_ExToolBarBackground", Role::Panel},
     {"HALDO_ViewerControlArrow", Role::SecondaryText},
     {"HALDO_BackViolet", Role::Raised},
@@ -249,7 +243,7 @@ bool QxStyleFactory::userDefinedColor(const std::string &key, QColor &color) con
         return true;
     }
     const auto *const found = std::find_if(std::begin(namedColors), std::end(namedColors),
-        [&](const NamedColor &named) { return key == named.key; });
+        [&](const QxNamedColorRole &named) { return key == named.name; });
     const QxColorScheme *const scheme = schemeNamed(d->current);
     if (!scheme || found == std::end(namedColors)) {
         return false;
