@@ -47,7 +47,7 @@ McHandle<LoadedSeries> makeBenchmarkSeries()
     info.seriesDescription = QStringLiteral("512 x 512 x 150, 16 bit");
     info.modality = QStringLiteral("CT");
     info.frameOfReference = "benchmark";
-    const McHandle<LoadedSeries> series(new LoadedSeries("benchmark", info));
+    McHandle<LoadedSeries> series(new LoadedSeries("benchmark", info));
     series->setImages(images);
     series->setProgress(1);
     series->setComplete();

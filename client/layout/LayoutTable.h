@@ -14,8 +14,8 @@ struct ViewerLayout
     struct Place
     {
         McBox2f box;
-        bool isVolume; ///< a 3D viewer
-        PlaneKind plane; ///< of a slice viewer
+        bool isVolume = false; ///< a 3D viewer
+        PlaneKind plane = PlaneKind::Axial; ///< of a slice viewer
     };
 
     QString name; ///< on the command line and in the menu

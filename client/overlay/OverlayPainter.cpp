@@ -113,7 +113,7 @@ void OverlayPainter::paintLetters(
     const qreal aboveScaleBar = size.height() - border - 2.0 * HaloText::lineHeight(font);
     struct Place
     {
-        OverlayContent::Edge edge;
+        OverlayContent::Edge edge = OverlayContent::Left;
         QPointF anchor;
         Qt::Alignment alignment;
     };

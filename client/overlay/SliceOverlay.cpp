@@ -40,7 +40,7 @@ QString thicknessText(const SliceViewer &viewer)
 {
     const auto &attributes = viewer.volume(0)->attributes();
     const auto thickness = attributes ? attributes->find("G0018-0050") : std::nullopt;
-    const QString step = tr("step %1").arg(millimetres(viewer.stack().step()));
+    QString step = tr("step %1").arg(millimetres(viewer.stack().step()));
     if (!thickness || viewer.plane() == PlaneKind::Oblique) {
         return step;
     }

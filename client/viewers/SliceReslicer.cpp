@@ -35,7 +35,7 @@ double outsideValue(KxVolume::ScalarType type)
     case KxVolume::ScalarType::Float32:
         break;
     }
-    return -HUGE_VALF;
+    return -HUGE_VAL;
 }
 
 /// Rounding must not keep a plane along the grid from VTK's quick path for such planes.

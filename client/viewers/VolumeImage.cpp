@@ -42,7 +42,7 @@ vtkSmartPointer<vtkDataArray> voxels(KxVolume &volume)
 
 vtkSmartPointer<vtkImageData> volumeImage(KxVolume &volume, bool spacing)
 {
-    const auto image = vtkSmartPointer<vtkImageData>::New();
+    auto image = vtkSmartPointer<vtkImageData>::New();
     image->SetDimensions(volume.dimensions().data());
     if (spacing) {
         image->SetSpacing(volume.spacing().data());

@@ -76,8 +76,8 @@ int numThreads()
 /// VTK's rows go upwards.
 QImage toImage(vtkUnsignedCharArray &pixels, const QSize &size)
 {
-    const QImage view(pixels.GetPointer(0), size.width(), size.height(), 4 * size.width(),
-        QImage::Format_RGBX8888);
+    const QImage view(pixels.GetPointer(0), size.width(), size.height(),
+        qsizetype(4) * size.width(), QImage::Format_RGBX8888);
     return view.mirrored().convertToFormat(QImage::Format_RGB32);
 }
 
@@ -89,28 +89,28 @@ public:
     explicit Pipeline(Interrupted interrupted)
         : m_interrupted(std::move(interrupted))
     {
-        window->SetOffScreenRendering(1);
-        window->SetMultiSamples(0);
-        window->AddRenderer(renderer);
-        renderer->SetBackground(0, 0, 0);
-        renderer->GetActiveCamera()->ParallelProjectionOn();
-        mapper->SetNumberOfThreads(numThreads());
-        mapper->SetAutoAdjustSampleDistances(0);
-        mapper->SetLockSampleDistanceToInputSpacing(0);
-        volume->SetMapper(mapper);
-        volume->SetProperty(property);
-        volume->SetUserMatrix(matrix);
-        property->SetColor(colors);
-        property->SetScalarOpacity(opacities);
-        property->SetInterpolationTypeToLinear();
-        property->ShadeOn();
-        property->SetAmbient(0.25);
-        property->SetDiffuse(0.8);
-        property->SetSpecular(0.15);
-        renderer->AddVolume(volume);
-        check->SetClientData(this);
-        check->SetCallback(&Pipeline::checkAbort);
-        window->AddObserver(vtkCommand::AbortCheckEvent, check);
+        m_window->SetOffScreenRendering(1);
+        m_window->SetMultiSamples(0);
+        m_window->AddRenderer(m_renderer);
+        m_renderer->SetBackground(0, 0, 0);
+        m_renderer->GetActiveCamera()->ParallelProjectionOn();
+        m_mapper->SetNumberOfThreads(numThreads());
+        m_mapper->SetAutoAdjustSampleDistances(0);
+        m_mapper->SetLockSampleDistanceToInputSpacing(0);
+        m_volume->SetMapper(m_mapper);
+        m_volume->SetProperty(m_property);
+        m_volume->SetUserMatrix(m_matrix);
+        m_property->SetColor(m_colors);
+        m_property->SetScalarOpacity(m_opacities);
+        m_property->SetInterpolationTypeToLinear();
+        m_property->ShadeOn();
+        m_property->SetAmbient(0.25);
+        m_property->SetDiffuse(0.8);
+        m_property->SetSpecular(0.15);
+        m_renderer->AddVolume(m_volume);
+        m_check->SetClientData(this);
+        m_check->SetCallback(&Pipeline::checkAbort);
+        m_window->AddObserver(vtkCommand::AbortCheckEvent, m_check);
     }
 
     void setVolume(const McHandle<KxVolume> &newVolume)
@@ -121,24 +121,24 @@ public:
         m_shown = newVolume;
         const auto image = volumeImage(*newVolume, true);
         if (numVoxels(*newVolume) > mostVoxels) {
-            shrink->SetInputData(image);
-            shrink->SetShrinkFactors(2, 2, newVolume->dimensions()[2] > 256 ? 2 : 1);
-            shrink->AveragingOn();
-            mapper->SetInputConnection(shrink->GetOutputPort());
+            m_shrink->SetInputData(image);
+            m_shrink->SetShrinkFactors(2, 2, newVolume->dimensions()[2] > 256 ? 2 : 1);
+            m_shrink->AveragingOn();
+            m_mapper->SetInputConnection(m_shrink->GetOutputPort());
         } else {
-            mapper->SetInputData(image);
+            m_mapper->SetInputData(image);
         }
-        setGridMatrix(*matrix, *newVolume);
+        setGridMatrix(*m_matrix, *newVolume);
     }
 
     void setWindow(const KxVolume::Window &values)
     {
-        colors->RemoveAllPoints();
-        opacities->RemoveAllPoints();
+        m_colors->RemoveAllPoints();
+        m_opacities->RemoveAllPoints();
         for (const ColorPoint &point : colorRamp) {
             const double value = values.center + (point.fraction - 0.5) * values.width;
-            colors->AddRGBPoint(value, point.color[0], point.color[1], point.color[2]);
-            opacities->AddPoint(value, point.opacity);
+            m_colors->AddRGBPoint(value, point.color[0], point.color[1], point.color[2]);
+            m_opacities->AddPoint(value, point.opacity);
         }
     }
 
@@ -147,20 +147,20 @@ public:
         const McVec3d center = scene.volume->center();
         constexpr double distance = 5000; // Outside of any patient; a parallel projection.
         const McVec3d eye = center - scene.viewDirection * distance;
-        vtkCamera &camera = *renderer->GetActiveCamera();
+        vtkCamera &camera = *m_renderer->GetActiveCamera();
         camera.SetFocalPoint(center.x, center.y, center.z);
         camera.SetPosition(eye.x, eye.y, eye.z);
         camera.SetViewUp(scene.up.x, scene.up.y, scene.up.z);
         camera.SetParallelScale(scene.mmPerPixel * scene.pixels.height() / 2);
-        renderer->ResetCameraClippingRange();
+        m_renderer->ResetCameraClippingRange();
     }
 
     void setQuality(const KxVolume &shown, bool isQuick)
     {
         const auto spacing = shown.spacing();
         const double finest = *std::min_element(spacing.begin(), spacing.end());
-        mapper->SetImageSampleDistance(isQuick ? quickRayDistance : 1);
-        mapper->SetSampleDistance(static_cast<float>(finest * (isQuick ? quickStep : finalStep)));
+        m_mapper->SetImageSampleDistance(isQuick ? quickRayDistance : 1);
+        m_mapper->SetSampleDistance(static_cast<float>(finest * (isQuick ? quickStep : finalStep)));
     }
 
     QImage draw(const VolumeScene &scene)
@@ -168,15 +168,15 @@ public:
         setVolume(scene.volume);
         setWindow(scene.window);
         setQuality(*scene.volume, scene.isQuick);
-        window->SetSize(scene.pixels.width(), scene.pixels.height());
+        m_window->SetSize(scene.pixels.width(), scene.pixels.height());
         setCamera(scene);
-        window->Render();
+        m_window->Render();
         if (m_interrupted()) {
             return {};
         }
         constexpr int backBuffer = 0;
         vtkNew<vtkUnsignedCharArray> pixels;
-        window->GetRGBACharPixelData(
+        m_window->GetRGBACharPixelData(
             0, 0, scene.pixels.width() - 1, scene.pixels.height() - 1, backBuffer, pixels);
         return toImage(*pixels, scene.pixels);
     }
@@ -186,22 +186,22 @@ private:
     {
         auto &pipeline = *static_cast<Pipeline *>(self);
         if (pipeline.m_interrupted()) {
-            pipeline.window->SetAbortRender(1);
+            pipeline.m_window->SetAbortRender(1);
         }
     }
 
     Interrupted m_interrupted;
     McHandle<KxVolume> m_shown; ///< Keeps the voxels that VTK looks at.
-    vtkNew<vtkRenderWindow> window;
-    vtkNew<vtkRenderer> renderer;
-    vtkNew<vtkFixedPointVolumeRayCastMapper> mapper;
-    vtkNew<vtkImageShrink3D> shrink;
-    vtkNew<vtkVolume> volume;
-    vtkNew<vtkVolumeProperty> property;
-    vtkNew<vtkColorTransferFunction> colors;
-    vtkNew<vtkPiecewiseFunction> opacities;
-    vtkNew<vtkMatrix4x4> matrix;
-    vtkNew<vtkCallbackCommand> check;
+    vtkNew<vtkRenderWindow> m_window;
+    vtkNew<vtkRenderer> m_renderer;
+    vtkNew<vtkFixedPointVolumeRayCastMapper> m_mapper;
+    vtkNew<vtkImageShrink3D> m_shrink;
+    vtkNew<vtkVolume> m_volume;
+    vtkNew<vtkVolumeProperty> m_property;
+    vtkNew<vtkColorTransferFunction> m_colors;
+    vtkNew<vtkPiecewiseFunction> m_opacities;
+    vtkNew<vtkMatrix4x4> m_matrix;
+    vtkNew<vtkCallbackCommand> m_check;
 };
 
 VolumePicture::VolumePicture(Interrupted interrupted)

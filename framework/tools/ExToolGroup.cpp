@@ -52,6 +52,7 @@ ExToolGroup::ExToolGroup(const ExToolGroup &other)
     d->addresses.push_back(this);
 }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): copies share d, so does a group with itself
 ExToolGroup &ExToolGroup::operator=(const ExToolGroup &other)
 {
     if (d != other.d) {
