@@ -4,6 +4,7 @@
 #include "platform/util/McProgressInterface.h"
 #include "tests/support/FakeApplication.h"
 #include "tests/support/PrivateSettings.h"
+#include "tests/support/Rows.h"
 
 #include <QAction>
 #include <QApplication>
@@ -34,130 +35,122 @@ class tst_ExApplication : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void defaultStyle_data();
-    void defaultStyle();
-    void styles();
-    void helpActions();
-    void cursorsOfBusyPhases();
-    void progressDisplayAndWorkers();
+    void defaultStyle_data()
+    {
+        const Rows<QByteArray, QByteArray, QByteArray> row("policy", "stored", "style");
+        const QByteArray granted(R"({"grantedFunctions": [140]})");
+        const QByteArray dark("Movara Dark");
+        row("granted", granted, QByteArray(), QByteArray("Native Style"));
+        row("not granted", QByteArray("{}"), QByteArray(), QByteArray("Movara Medium"));
+        row("granted, stored", granted, dark, dark);
+    }
+
+    void defaultStyle()
+    {
+        QFETCH(QByteArray, policy);
+        QFETCH(QByteArray, stored);
+        m_settings.setPolicy(policy);
+        QFile file(m_settings.path("settings.ini"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(stored.isEmpty() ? stored : QByteArray("UI.ColorScheme=" + stored + '\n'));
+        file.close();
+        QProcess
+            client; // The setting lives as long as its process, so each row has one of its own.
+        client.start(QCoreApplication::applicationFilePath(), {u"--style"_qs});
+        QVERIFY(client.waitForFinished());
+        QTEST(client.readAllStandardOutput(), "style");
+        QVERIFY(file.remove());
+    }
+
+    void styles()
+    {
+        auto app = std::make_unique<FakeApplication>();
+        QVERIFY(&ExApplication::instance() == app.get());
+        KxProperty<QString> &setting = app->styleProperty();
+        QCOMPARE(setting.choices(), QxStyleFactory::instance().styleNames());
+        QCOMPARE(setting.label(), u"Color Scheme"_qs);
+        QCOMPARE(currentStyle(), u"Native Style"_qs); // Not applied yet.
+        const QSignalSpy changes(&setting, &KxVariant::propertyChanged);
+        app->setCurrentStyle(u"Movara Dark"_qs);
+        QCOMPARE(QString(setting.value() % u'|' % currentStyle()), u"Movara Dark|Movara Dark"_qs);
+        // The same again applies the style, but writes and tells nothing.
+        QxStyleFactory::instance().setCurrentStyle(u"Native Style"_qs);
+        QVERIFY(QFile::remove(m_settings.path("settings.ini")));
+        app->setCurrentStyle(u"Movara Dark"_qs);
+        QCOMPARE(currentStyle(), u"Movara Dark"_qs);
+        QVERIFY(changes.count() == 1 && !QFile::exists(m_settings.path("settings.ini")));
+
+        setting.change(u"Movara Light"_qs);
+        QCOMPARE(currentStyle(), u"Movara Light"_qs);
+        app.reset();
+        setting.change(u"Native Style"_qs);
+        QCOMPARE(currentStyle(), u"Movara Light"_qs);
+        QVERIFY(!ExApplication::hasInstance());
+    }
+
+    void helpActions()
+    {
+        FakeApplication app;
+        app.hasNoHelp = true;
+        QCOMPARE(app.createShowHelpAction(u"Zoom"_qs), nullptr);
+        app.hasNoHelp = false;
+        QCOMPARE(app.createShowHelpAction(u"Zoom"_qs)->text(), u"Help..."_qs);
+        Kx::DBG_MOVARA_DEBUG = true;
+        QAction *const action = app.createShowHelpAction(u"Zoom"_qs);
+        Kx::DBG_MOVARA_DEBUG = false;
+        QCOMPARE(action->text(), u"Help... (Zoom -> )"_qs);
+        action->trigger();
+        QMetaObject::invokeMethod(action->parent(), "slotShowHelp"); // No action has sent this.
+        QCOMPARE(app.log, QStringList(u"help Zoom"_qs));
+    }
+
+    void cursorsOfBusyPhases()
+    {
+        const QString wait = QString::number(Qt::WaitCursor);
+        {
+            const McHandle<ExTempCursorHandle> idle = ExApplication::tempNotBusy();
+            QCOMPARE(cursor(), u"none"_qs);
+        }
+        ExApplication::busy();
+        {
+            McHandle<ExTempCursorHandle> first = ExApplication::tempNotBusy();
+            const McHandle<ExTempCursorHandle> second = first;
+            first.reset();
+            QCOMPARE(cursor(), QString::number(Qt::ArrowCursor));
+        }
+        QCOMPARE(cursor(), wait);
+        ExApplication::notBusy();
+        QCOMPARE(cursor(), u"none"_qs);
+    }
+
+    void progressDisplayAndWorkers()
+    {
+        McProgressInterface &fallback = ExApplication::progress();
+        FakeApplication app;
+        McProgressInterface own;
+        app.setProgressInterface(&own);
+        QCOMPARE(&ExApplication::progress(), &own);
+        app.setProgressInterface(nullptr);
+        QCOMPARE(&ExApplication::progress(), &fallback);
+
+        ExApplication::ExWorker a;
+        ExApplication::ExWorker b;
+        for (ExApplication::ExWorker *worker : {&b, &a, &b}) {
+            app.addRunningProcess(worker);
+        }
+        std::list<ExApplication::ExWorker *> workers{nullptr};
+        app.runningProcesses(workers);
+        QCOMPARE(workers, (std::list<ExApplication::ExWorker *>{&b, &a}));
+        app.removeRunningProcess(&b);
+        app.removeRunningProcess(&b);
+        QVERIFY(app.runningProcessIsRegistered(&a) && !app.runningProcessIsRegistered(&b));
+        QCOMPARE(app.propertyBrowser({}, QRegularExpression(u"^UI"_qs), true), 7);
+        QCOMPARE(app.log, QStringList(u"browse [^UI] [] modal"_qs));
+    }
 
 private:
     PrivateSettings m_settings;
 };
-
-void tst_ExApplication::defaultStyle_data()
-{
-    QTest::addColumn<QByteArray>("policy");
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QByteArray>("style");
-    const QByteArray granted(R"({"grantedFunctions": [140]})");
-    const QByteArray dark("Movara Dark");
-    QTest::newRow("granted") << granted << QByteArray() << QByteArray("Native Style");
-    QTest::newRow("not granted") << QByteArray("{}") << QByteArray() << QByteArray("Movara Medium");
-    QTest::newRow("granted, stored") << granted << dark << dark;
-}
-
-void tst_ExApplication::defaultStyle()
-{
-    QFETCH(QByteArray, policy);
-    QFETCH(QByteArray, stored);
-    m_settings.setPolicy(policy);
-    QFile file(m_settings.path("settings.ini"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(stored.isEmpty() ? stored : QByteArray("UI.ColorScheme=" + stored + '\n'));
-    file.close();
-    QProcess client; // The setting lives as long as its process, so each row has one of its own.
-    client.start(QCoreApplication::applicationFilePath(), {u"--style"_qs});
-    QVERIFY(client.waitForFinished());
-    QTEST(client.readAllStandardOutput(), "style");
-    QVERIFY(file.remove());
-}
-
-void tst_ExApplication::styles()
-{
-    auto app = std::make_unique<FakeApplication>();
-    QVERIFY(&ExApplication::instance() == app.get());
-    KxProperty<QString> &setting = app->styleProperty();
-    QCOMPARE(setting.choices(), QxStyleFactory::instance().styleNames());
-    QCOMPARE(setting.label(), u"Color Scheme"_qs);
-    QCOMPARE(currentStyle(), u"Native Style"_qs); // Not applied yet.
-    const QSignalSpy changes(&setting, &KxVariant::propertyChanged);
-    app->setCurrentStyle(u"Movara Dark"_qs);
-    QCOMPARE(QString(setting.value() % u'|' % currentStyle()), u"Movara Dark|Movara Dark"_qs);
-    // The same again applies the style, but writes and tells nothing.
-    QxStyleFactory::instance().setCurrentStyle(u"Native Style"_qs);
-    QVERIFY(QFile::remove(m_settings.path("settings.ini")));
-    app->setCurrentStyle(u"Movara Dark"_qs);
-    QCOMPARE(currentStyle(), u"Movara Dark"_qs);
-    QVERIFY(changes.count() == 1 && !QFile::exists(m_settings.path("settings.ini")));
-
-    setting.change(u"Movara Light"_qs);
-    QCOMPARE(currentStyle(), u"Movara Light"_qs);
-    app.reset();
-    setting.change(u"Native Style"_qs);
-    QCOMPARE(currentStyle(), u"Movara Light"_qs);
-    QVERIFY(!ExApplication::hasInstance());
-}
-
-void tst_ExApplication::helpActions()
-{
-    FakeApplication app;
-    app.hasNoHelp = true;
-    QCOMPARE(app.createShowHelpAction(u"Zoom"_qs), nullptr);
-    app.hasNoHelp = false;
-    QCOMPARE(app.createShowHelpAction(u"Zoom"_qs)->text(), u"Help..."_qs);
-    Kx::DBG_MOVARA_DEBUG = true;
-    QAction *const action = app.createShowHelpAction(u"Zoom"_qs);
-    Kx::DBG_MOVARA_DEBUG = false;
-    QCOMPARE(action->text(), u"Help... (Zoom -> )"_qs);
-    action->trigger();
-    QMetaObject::invokeMethod(action->parent(), "slotShowHelp"); // No action has sent this.
-    QCOMPARE(app.log, QStringList(u"help Zoom"_qs));
-}
-
-void tst_ExApplication::cursorsOfBusyPhases()
-{
-    const QString wait = QString::number(Qt::WaitCursor);
-    {
-        const McHandle<ExTempCursorHandle> idle = ExApplication::tempNotBusy();
-        QCOMPARE(cursor(), u"none"_qs);
-    }
-    ExApplication::busy();
-    {
-        McHandle<ExTempCursorHandle> first = ExApplication::tempNotBusy();
-        const McHandle<ExTempCursorHandle> second = first;
-        first.reset();
-        QCOMPARE(cursor(), QString::number(Qt::ArrowCursor));
-    }
-    QCOMPARE(cursor(), wait);
-    ExApplication::notBusy();
-    QCOMPARE(cursor(), u"none"_qs);
-}
-
-void tst_ExApplication::progressDisplayAndWorkers()
-{
-    McProgressInterface &fallback = ExApplication::progress();
-    FakeApplication app;
-    McProgressInterface own;
-    app.setProgressInterface(&own);
-    QCOMPARE(&ExApplication::progress(), &own);
-    app.setProgressInterface(nullptr);
-    QCOMPARE(&ExApplication::progress(), &fallback);
-
-    ExApplication::ExWorker a;
-    ExApplication::ExWorker b;
-    for (ExApplication::ExWorker *worker : {&b, &a, &b}) {
-        app.addRunningProcess(worker);
-    }
-    std::list<ExApplication::ExWorker *> workers{nullptr};
-    app.runningProcesses(workers);
-    QCOMPARE(workers, (std::list<ExApplication::ExWorker *>{&b, &a}));
-    app.removeRunningProcess(&b);
-    app.removeRunningProcess(&b);
-    QVERIFY(app.runningProcessIsRegistered(&a) && !app.runningProcessIsRegistered(&b));
-    QCOMPARE(app.propertyBrowser({}, QRegularExpression(u"^UI"_qs), true), 7);
-    QCOMPARE(app.log, QStringList(u"browse [^UI] [] modal"_qs));
-}
 
 int main(int argc, char *argv[])
 {

@@ -8,6 +8,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Progress display that keeps what it is told.
@@ -35,63 +37,59 @@ class tst_QxWorkAreaControl : public QObject
 
 private Q_SLOTS:
     void init() { m_app.setProgressInterface(&m_display); }
-    void relaysEverything();
-    void noDelayShowsAtOnce();
-    void shownOnceItPromisesToTakeLong();
+
+    void relaysEverything()
+    {
+        QxWorkAreaControl control(nullptr);
+        control.startWorking("Load");
+        control.startWorkingNoStop("Save");
+        control.reportProgress(0.5F);
+        control.setProgressInfo("Slice 3");
+        QCOMPARE(control.wasInterrupted(), 2);
+        control.stopWorking();
+        QCOMPARE(m_display.take(), u"start Load,no stop Save,0.5,info Slice 3,stop"_s);
+    }
+
+    void noDelayShowsAtOnce()
+    {
+        QxTimedWorkAreaControl control(0, nullptr);
+        control.startWorkingNoStop("Load");
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        control.reportProgress(0);
+        QCOMPARE(control.wasInterrupted(), 2);
+        control.stopWorking();
+        QCOMPARE(m_display.take(), u"no stop Load,0,stop"_s);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    void shownOnceItPromisesToTakeLong()
+    {
+        constexpr float veryLong = 1000;
+        QxTimedWorkAreaControl projected(veryLong, nullptr);
+        QxTimedWorkAreaControl unknown(veryLong, nullptr);
+        projected.startWorkingNoStop("Projected");
+        unknown.startWorkingNoStop("Unknown");
+        projected.reportProgress(1e-6F); // Very long, but within the first second.
+        unknown.reportText(u"Later"_s);
+        QCOMPARE(m_display.take(), u"1e-06,info Later"_s);
+        // Nothing done: shown when the first second is over.
+        QTRY_VERIFY((unknown.reportProgress(0), m_display.log.contains(u"no stop Later"_s)));
+        m_display.take();
+        projected.reportProgress(0.9F); // A second and a bit, all in all.
+        projected.stopWorking();
+        QCOMPARE(m_display.take(), u"0.9"_s);
+        projected.reportProgress(1e-6F);
+        projected.reportProgress(1e-6F);
+        unknown.stopWorking();
+        QCOMPARE(m_display.take(), u"1e-06,no stop Projected,1e-06,stop"_s);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
 
 private:
     PrivateSettings m_settings;
     FakeDisplay m_display;
     FakeApplication m_app;
 };
-
-void tst_QxWorkAreaControl::relaysEverything()
-{
-    QxWorkAreaControl control(nullptr);
-    control.startWorking("Load");
-    control.startWorkingNoStop("Save");
-    control.reportProgress(0.5F);
-    control.setProgressInfo("Slice 3");
-    QCOMPARE(control.wasInterrupted(), 2);
-    control.stopWorking();
-    QCOMPARE(m_display.take(), QStringLiteral("start Load,no stop Save,0.5,info Slice 3,stop"));
-}
-
-void tst_QxWorkAreaControl::noDelayShowsAtOnce()
-{
-    QxTimedWorkAreaControl control(0, nullptr);
-    control.startWorkingNoStop("Load");
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    control.reportProgress(0);
-    QCOMPARE(control.wasInterrupted(), 2);
-    control.stopWorking();
-    QCOMPARE(m_display.take(), QStringLiteral("no stop Load,0,stop"));
-    QVERIFY(QApplication::overrideCursor() == nullptr);
-}
-
-void tst_QxWorkAreaControl::shownOnceItPromisesToTakeLong()
-{
-    constexpr float veryLong = 1000;
-    QxTimedWorkAreaControl projected(veryLong, nullptr);
-    QxTimedWorkAreaControl unknown(veryLong, nullptr);
-    projected.startWorkingNoStop("Projected");
-    unknown.startWorkingNoStop("Unknown");
-    projected.reportProgress(1e-6F); // Very long, but within the first second.
-    unknown.reportText(QStringLiteral("Later"));
-    QCOMPARE(m_display.take(), QStringLiteral("1e-06,info Later"));
-    // Nothing done: shown when the first second is over.
-    QTRY_VERIFY(
-        (unknown.reportProgress(0), m_display.log.contains(QStringLiteral("no stop Later"))));
-    m_display.take();
-    projected.reportProgress(0.9F); // A second and a bit, all in all.
-    projected.stopWorking();
-    QCOMPARE(m_display.take(), QStringLiteral("0.9"));
-    projected.reportProgress(1e-6F);
-    projected.reportProgress(1e-6F);
-    unknown.stopWorking();
-    QCOMPARE(m_display.take(), QStringLiteral("1e-06,no stop Projected,1e-06,stop"));
-    QVERIFY(QApplication::overrideCursor() == nullptr);
-}
 
 QTEST_MAIN(tst_QxWorkAreaControl)
 #include "tst_QxWorkAreaControl.moc"

@@ -23,8 +23,50 @@ class tst_ExLoadHelper : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void loadedList();
-    void patientLockAndBookkeeping();
+    void loadedList()
+    {
+        ExLoadHelper helper;
+        QVERIFY(!helper.addToLoadedList("", m_series) && !helper.addToLoadedList("u1", nullptr));
+        QVERIFY(
+            helper.addToLoadedList("u1", m_series) && !helper.addToLoadedList("u1", m_otherStudy));
+        QVERIFY(
+            helper.addToLoadedList("u2", m_volume) && helper.addToLoadedList("u3", m_otherStudy));
+        const Zel::LoadedList saved = helper.loadedList();
+        QCOMPARE(contents(saved), QByteArray("u1@series u2@volume u3@p2 2+1 of 2"));
+        ExLoadInfo item;
+        helper.removeFromLoadedList(item); // Neither volume nor series: nothing.
+        item.seriesUids = {"u1", "u1", "unknown", "u3"};
+        item.volumeUid = "u2";
+        helper.removeFromLoadedList(item);
+        QCOMPARE(contents(helper.loadedList()), QByteArray("u1@series u3@p2 1+1 of 2"));
+        item.volumeUid.clear();
+        helper.removeFromLoadedList(item);
+        QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
+        helper.setLoadedList(saved);
+        helper.clearLoadedList();
+        QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
+        QCOMPARE(contents(saved), QByteArray("u1@series u2@volume u3@p2 2+1 of 2"));
+    }
+
+    void patientLockAndBookkeeping()
+    {
+        ExLoadHelper helper;
+        std::string id = "left over";
+        QVERIFY(!helper.getPatientLock(id) && id.empty());
+        helper.setPatientLockId("P1");
+        QVERIFY(!helper.setPatientLock(true) && helper.setPatientLock(true));
+        QVERIFY(helper.getPatientLock(id) && id == "P1");
+        McDArray<McString> uids;
+        uids.append(McString("1.2"));
+        helper.setOtherStudyUIDs(uids);
+        QVERIFY(helper.takeOtherStudyUIDs().size() == 1 && helper.takeOtherStudyUIDs().size() == 0);
+        helper.setOtherStudyUIDs(uids);
+        helper.addToLoadedList("u1", m_series);
+        helper.reset();
+        QVERIFY(
+            !helper.getPatientLock(id) && id.empty() && helper.takeOtherStudyUIDs().size() == 0);
+        QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
+    }
 
 private:
     /// "uid@entry" of all items, and the number of items of either patient.
@@ -47,48 +89,6 @@ private:
     Entry m_other = childOf(nullptr, DicomDirectoryEntry::Patient, "p2");
     Entry m_otherStudy = childOf(m_other, DicomDirectoryEntry::Study, "study2");
 };
-
-void tst_ExLoadHelper::loadedList()
-{
-    ExLoadHelper helper;
-    QVERIFY(!helper.addToLoadedList("", m_series) && !helper.addToLoadedList("u1", nullptr));
-    QVERIFY(helper.addToLoadedList("u1", m_series) && !helper.addToLoadedList("u1", m_otherStudy));
-    QVERIFY(helper.addToLoadedList("u2", m_volume) && helper.addToLoadedList("u3", m_otherStudy));
-    const Zel::LoadedList saved = helper.loadedList();
-    QCOMPARE(contents(saved), QByteArray("u1@series u2@volume u3@p2 2+1 of 2"));
-    ExLoadInfo item;
-    helper.removeFromLoadedList(item); // Neither volume nor series: nothing.
-    item.seriesUids = {"u1", "u1", "unknown", "u3"};
-    item.volumeUid = "u2";
-    helper.removeFromLoadedList(item);
-    QCOMPARE(contents(helper.loadedList()), QByteArray("u1@series u3@p2 1+1 of 2"));
-    item.volumeUid.clear();
-    helper.removeFromLoadedList(item);
-    QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
-    helper.setLoadedList(saved);
-    helper.clearLoadedList();
-    QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
-    QCOMPARE(contents(saved), QByteArray("u1@series u2@volume u3@p2 2+1 of 2"));
-}
-
-void tst_ExLoadHelper::patientLockAndBookkeeping()
-{
-    ExLoadHelper helper;
-    std::string id = "left over";
-    QVERIFY(!helper.getPatientLock(id) && id.empty());
-    helper.setPatientLockId("P1");
-    QVERIFY(!helper.setPatientLock(true) && helper.setPatientLock(true));
-    QVERIFY(helper.getPatientLock(id) && id == "P1");
-    McDArray<McString> uids;
-    uids.append(McString("1.2"));
-    helper.setOtherStudyUIDs(uids);
-    QVERIFY(helper.takeOtherStudyUIDs().size() == 1 && helper.takeOtherStudyUIDs().size() == 0);
-    helper.setOtherStudyUIDs(uids);
-    helper.addToLoadedList("u1", m_series);
-    helper.reset();
-    QVERIFY(!helper.getPatientLock(id) && id.empty() && helper.takeOtherStudyUIDs().size() == 0);
-    QCOMPARE(contents(helper.loadedList()), QByteArray("0+0 of 0"));
-}
 
 QTEST_GUILESS_MAIN(tst_ExLoadHelper)
 #include "tst_ExLoadHelper.moc"

@@ -1,5 +1,6 @@
 #include "framework/notification/ExNotifiables.h"
 #include "tests/support/Recorder.h"
+#include "tests/support/Rows.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -134,9 +135,9 @@ private Q_SLOTS:
 
     void fromManyThreads_data()
     {
-        QTest::addColumn<bool>("resets");
-        QTest::newRow("everything arrives once and in order") << false;
-        QTest::newRow("resets and removals lose some, never the order") << true;
+        const Rows<bool> row("resets");
+        row("everything arrives once and in order", false);
+        row("resets and removals lose some, never the order", true);
     }
 
     void fromManyThreads()

@@ -1,5 +1,6 @@
 #include "framework/notification/ExNotifiables.h"
 #include "tests/support/Recorder.h"
+#include "tests/support/Rows.h"
 
 #include <QTest>
 
@@ -100,13 +101,12 @@ private Q_SLOTS:
 
     void destroyedWhileOthersAreAsked_data()
     {
-        QTest::addColumn<QList<int>>("victims");
-        QTest::addColumn<QString>("calls");
-        QTest::newRow("earlier") << QList<int>{0} << u"0? 1? 2? 3? 1 2 3"_s;
-        QTest::newRow("itself") << QList<int>{1} << u"0? 1? 2? 3? 0 2 3"_s;
-        QTest::newRow("next") << QList<int>{2} << u"0? 1? 3? 0 1 3"_s;
-        QTest::newRow("last") << QList<int>{3} << u"0? 1? 2? 0 1 2"_s;
-        QTest::newRow("all") << QList<int>{3, 0, 1, 2} << u"0? 1?"_s;
+        const Rows<QList<int>, QString> row("victims", "calls");
+        row("earlier", QList<int>{0}, u"0? 1? 2? 3? 1 2 3"_s);
+        row("itself", QList<int>{1}, u"0? 1? 2? 3? 0 2 3"_s);
+        row("next", QList<int>{2}, u"0? 1? 3? 0 1 3"_s);
+        row("last", QList<int>{3}, u"0? 1? 2? 0 1 2"_s);
+        row("all", QList<int>{3, 0, 1, 2}, u"0? 1?"_s);
     }
 
     void destroyedWhileOthersAreAsked()

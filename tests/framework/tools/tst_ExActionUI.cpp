@@ -8,6 +8,7 @@
 #include "tests/support/FakeApplication.h"
 #include "tests/support/FakeViewerManager.h"
 #include "tests/support/PrivateSettings.h"
+#include "tests/support/Rows.h"
 
 #include <QMenu>
 #include <QPushButton>
@@ -17,12 +18,9 @@
 
 #include <memory>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-QString str(const char *text)
-{
-    return QString::fromUtf8(text);
-}
+namespace {
 
 /// Sends the tool usage log to the log of the fakes.
 class UsageLog : public KxServerPeer
@@ -39,7 +37,7 @@ QString names(const QList<QAction *> &actions)
 {
     QStringList all;
     for (const QAction *action : actions) {
-        all.append(action->isSeparator() ? str("-") : action->objectName());
+        all.append(action->isSeparator() ? u"-"_s : action->objectName());
     }
     return all.join(u' ');
 }
@@ -58,24 +56,250 @@ class tst_ExActionUI : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-    void decorating();
-    void actionsAndMenusByKey();
-    void buttonsFollow();
-    void usersToggleAndTrigger();
-    void anotherTool();
-    void statesFollowTheActiveViewer();
-    void shortCuts_data();
-    void shortCuts();
-    void keyPressActsOnce_data();
-    void keyPressActsOnce();
-    void keyPressOfSeveralTools();
+    void init()
+    {
+        // Any warning, but for the one with which the offscreen platform greets each window.
+        QTest::failOnWarning(
+            QRegularExpression(u"^(?!This plugin does not support propagateSize)"_s));
+        KxPropertyPool &pool = KxPropertyPool::instance();
+        pool.property(
+            "Hidden.ToolLog", LogEnableType(LogEnableType::LET_ALWAYS), pool.defaultSerializer());
+        m_app = std::make_unique<FakeApplication>();
+        m_manager = std::make_unique<FakeViewerManager>();
+        takeLog();
+    }
+
+    void cleanup()
+    {
+        qDeleteAll(m_app->actions);
+        m_manager.reset();
+        m_app.reset();
+        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
+    }
+
+    void decorating()
+    {
+        m_app->decorations.entries[u"Zoom"_s]
+            = {u"Z"_s, u"Stop zooming"_s, u"Zoom"_s, u"Changes the zoom"_s, {}};
+        m_app->decorations.entries[u"Plain"_s] = {{}, u"Same"_s, u"Same"_s, {}, {}};
+        auto *const tool = new FakeTool("Zoom");
+        const ExActionUI *const action = ExActionUI::cloneAction(*tool);
+        QCOMPARE(m_app->decorations.log.join(u','),
+            u"known Zoom,shortCut Zoom,icon Zoom,onText Zoom,offText Zoom,toolTip Zoom"_s);
+        QCOMPARE(QStringList(
+                     {action->text(), action->iconText(), action->toolTip(), action->objectName()}),
+            QStringList({u"Zoom"_s, u"Zoom"_s, u"Changes the zoom"_s, u"Zoom"_s}));
+        tool->setActive(true);
+        QCOMPARE(action->text(), u"Stop zooming"_s);
+        auto *const plain = new FakeTool("Plain");
+        ExActionUI::createAction(*plain);
+        m_app->decorations.log.clear();
+        plain->setActive(true); // The text is the same in both states: it is not asked for again.
+        QCOMPARE(m_app->decorations.log, QStringList());
+    }
+
+    void actionsAndMenusByKey()
+    {
+        QWidget parent;
+        m_settings.setPolicy(R"({"deniedTools": ["Denied"]})");
+        const McHandle<FakeTool> denied = makeTool("Denied");
+        m_app->decorations.entries[u"Pan"_s] = {};
+        ExTool::registerTool(
+            "Pan", [](int) -> ExTool * { return new FakeTool("Pan"); }, 0, true);
+        const QStringList keys = u"SEPARATOR Pan Denied Separator Unheard Pan"_s.split(u' ');
+        const QList<QAction *> actions = ExActionUI::createActions(keys, &parent);
+        QCOMPARE(names(actions), u"- Pan - Pan"_s);
+        QVERIFY(actions.at(0)->parent() == &parent && actions.at(1) == actions.at(3));
+        const QMenu *const menu
+            = ExActionUI::createMenu(u"Tools"_s, {u"Pan"_s, u"separator"_s}, &parent);
+        QCOMPARE(QString(menu->title() % u": " % names(menu->actions())), u"Tools: Pan -"_s);
+        const auto before = parent.children();
+        QCOMPARE(ExActionUI::createMenu({}, {u"separator"_s, u"Unheard"_s}, &parent), nullptr);
+        QCOMPARE(parent.children(), before);
+        m_settings.setPolicy("{}");
+    }
+
+    void buttonsFollow()
+    {
+        FakeTool *const tool = makeTool("Zoom");
+        QWidget parent;
+        QToolButton byTool(&parent);
+        QToolButton byKey(&parent);
+        QToolButton unknown(&parent);
+        QPushButton push(&parent);
+        const ExActionUI *const action = ExActionUI::bind(&byTool, *tool);
+        QVERIFY(
+            ExActionUI::bind(&byKey, "Zoom") == action && ExActionUI::bind(&push, *tool) == action);
+        QVERIFY(ExActionUI::bind(&unknown, "Unheard") == nullptr && unknown.isHidden());
+        push.click();
+        QVERIFY(tool->isActive() && byTool.isChecked() && byKey.isChecked());
+        byKey.click();
+        QVERIFY(!tool->isActive() && !byTool.isChecked());
+        tool->enabled = false;
+        tool->updateUI(nullptr);
+        QVERIFY(!byTool.isEnabled() && !byKey.isEnabled());
+    }
+
+    void usersToggleAndTrigger()
+    {
+        FakeTool *const zoom = makeTool("Zoom");
+        FakeTool *const print = makeTool("Print");
+        print->activatable = false;
+        ExActionUI *const action = ExActionUI::createAction(*zoom);
+        action->trigger();
+        action->trigger();
+        QVERIFY(!action->isActive());
+        zoom->standard = true;
+        action->trigger();
+        action->trigger(); // Can only be left for another.
+        QVERIFY(action->isActive() && zoom->isActive());
+        ExActionUI::createAction(*print)->trigger();
+        QCOMPARE(takeLog(),
+            u"Zoom toggled,Zoom on,Zoom untoggled,Zoom off,Zoom toggled,Zoom on,Zoom untoggled,"
+            "Print triggered,Print on"_s);
+    }
+
+    void anotherTool()
+    {
+        const McHandle<FakeTool> zoom = makeTool("Zoom", "Z");
+        const McHandle<FakeTool> print = makeTool("Print", "P");
+        print->activatable = false;
+        ExActionUI *const action = ExActionUI::createAction(*zoom);
+        action->setTool(print);
+        action->trigger();
+        QCOMPARE(takeLog(), u"Print triggered,Print on"_s);
+        QVERIFY(zoom->getUI() == nullptr && print->getUIs().size() == 1 && !action->isCheckable());
+        QCOMPARE(action->shortcut(), QKeySequence(u"P"_s));
+        action->slot_editProperties();
+        print->addPropertyKey(QRegularExpression(u"^Print"_s));
+        action->slot_editProperties();
+        QCOMPARE(m_app->log.join(u'|'), u"browse [] []|edit ^Print"_s);
+        action->setTool(nullptr);
+        action->trigger();
+        action->update(nullptr);
+        QCOMPARE(takeLog(), QString());
+        FakeUI ui;
+        ui.setTool(print);
+        QCOMPARE(ExActionUI::createAction(*print), nullptr);
+    }
+
+    void statesFollowTheActiveViewer()
+    {
+        FakeTool *const tool = makeTool("Zoom");
+        tool->enabled = false;
+        const QAction *const action = ExActionUI::createAction(*tool);
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        const McHandle<FakeViewer> other = viewerWithVolume();
+        m_manager->add(viewer);
+        m_manager->setActiveViewer(viewer);
+        for (const ExNotification::Type type : {ExNotification::VIEWER_TYPE_CHANGED,
+                 ExNotification::PROTOCOL_LOADED, ExNotification::VIEWER_GROUP_DISABLED}) {
+            viewer->imageSets[0].reset();
+            tool->updateUI(nullptr);
+            viewer->imageSets[0] = other->imageSets[0];
+            ExNotifiable::notify(ExNotification(ExNotification::ZOOM_CHANGED, viewer));
+            ExNotifiable::notify(ExNotification(type, other));
+            QVERIFY(!action->isEnabled());
+            ExNotifiable::notify(ExNotification(type, viewer));
+            QVERIFY2(action->isEnabled(), ExNotification::Type2String(type));
+        }
+    }
+
+    void shortCuts_data()
+    {
+        const Rows<QByteArray, QString> row("text", "shown");
+        row("several", QByteArray("Ctrl+K, Ctrl+L"), u"Ctrl+K, Ctrl+L"_s);
+        row("pad", QByteArray("Ctrl+NUM+5, Ctrl+L"), u"Ctrl+5"_s);
+        row("pad without a key", QByteArray("NUM+"), QString());
+        row("none", QByteArray(), QString());
+    }
+
+    void shortCuts()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, shown);
+        FakeTool *const tool = makeTool("Zoom", "Z");
+        ExActionUI *const action = ExActionUI::createAction(*tool);
+        QCOMPARE(ExActionUI::createAction(*tool), action);
+        ExActionUI *const clone = ExActionUI::cloneAction(*tool);
+        QCOMPARE(clone->shortcut(), QKeySequence(u"Z"_s));
+        QCOMPARE(clone->shortcutContext(), Qt::WidgetShortcut);
+        action->setShortCut(text.constData());
+        QCOMPARE(action->shortcut().toString(), shown);
+        QCOMPARE(ExHotKeys::findHotKey(QKeySequence(u"Z"_s)), nullptr);
+        QCOMPARE(ExHotKeys::findHotKey(QKeySequence(shown)), shown.isEmpty() ? nullptr : tool);
+        clone->setShortCut("Ctrl+X"); // Stays with the clone.
+        QCOMPARE(action->shortcut().toString(), shown);
+        QCOMPARE(ExHotKeys::findHotKey(QKeySequence(u"Ctrl+X"_s)), nullptr);
+    }
+
+    void keyPressActsOnce_data()
+    {
+        QTest::addColumn<bool>("activatable");
+        QTest::addColumn<int>("clones");
+        QTest::addColumn<bool>("shortCutSetLater");
+        for (const bool activatable : {true, false}) {
+            const char *const kind = activatable ? "state" : "command";
+            QTest::addRow("%s, clone with its own context", kind) << activatable << 1 << false;
+            QTest::addRow("%s, clone in the window's context", kind) << activatable << 1 << true;
+            QTest::addRow("%s, two clones", kind) << activatable << 2 << true;
+        }
+    }
+
+    void keyPressActsOnce()
+    {
+        QFETCH(bool, activatable);
+        QFETCH(int, clones);
+        QFETCH(bool, shortCutSetLater);
+        FakeTool *const tool = makeTool("Zoom", "Ctrl+K");
+        tool->activatable = activatable;
+        QToolBar window;
+        window.addAction(ExActionUI::createAction(*tool));
+        for (int i = 0; i < clones; ++i) {
+            window.addAction(ExActionUI::cloneAction(*tool));
+        }
+        if (shortCutSetLater) {
+            ExHotKeys::setHotKey(tool, QKeySequence(u"Ctrl+K"_s));
+        }
+        showActive(window);
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(window.windowHandle(), Qt::Key_K, Qt::ControlModifier);
+            QCOMPARE(takeLog(),
+                !activatable     ? u"Zoom triggered,Zoom on"_s
+                    : i % 2 == 0 ? u"Zoom toggled,Zoom on"_s
+                                 : u"Zoom untoggled,Zoom off"_s);
+            for (const QAction *action : window.actions()) {
+                QCOMPARE(action->isChecked(), tool->isActive());
+            }
+        }
+    }
+
+    void keyPressOfSeveralTools()
+    {
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        m_manager->add(viewer);
+        m_manager->setActiveViewer(viewer);
+        QToolBar window;
+        FakeTool *const first = makeTool("First", "K");
+        for (FakeTool *tool : {first, makeTool("Second", "K")}) {
+            tool->global = tool->activatable = false;
+            window.addAction(ExActionUI::createAction(*tool));
+        }
+        showActive(window);
+        for (int i = 0; i < 2; ++i) {
+            QTest::keyClick(window.windowHandle(), Qt::Key_K);
+            QCOMPARE(takeLog(), u"First hot key,First triggered,First on"_s);
+        }
+        first->takesHotKey = false;
+        QTest::keyClick(window.windowHandle(), Qt::Key_K);
+        QCOMPARE(takeLog(), u"First hot key,Second hot key,Second triggered,Second on"_s);
+    }
 
 private:
     FakeTool *makeTool(const char *key, const char *shortCut = "")
     {
-        m_app->decorations.entries[str(key)].shortCut = str(shortCut);
+        m_app->decorations.entries[QLatin1String(key)].shortCut = QLatin1String(shortCut);
         auto *const tool = new FakeTool(key);
         tool->enabled = true;
         return tool;
@@ -86,246 +310,6 @@ private:
     std::unique_ptr<FakeApplication> m_app;
     std::unique_ptr<FakeViewerManager> m_manager;
 };
-
-void tst_ExActionUI::init()
-{
-    // Any warning, but for the one with which the offscreen platform greets each window.
-    QTest::failOnWarning(
-        QRegularExpression(str("^(?!This plugin does not support propagateSize)")));
-    KxPropertyPool &pool = KxPropertyPool::instance();
-    pool.property(
-        "Hidden.ToolLog", LogEnableType(LogEnableType::LET_ALWAYS), pool.defaultSerializer());
-    m_app = std::make_unique<FakeApplication>();
-    m_manager = std::make_unique<FakeViewerManager>();
-    takeLog();
-}
-
-void tst_ExActionUI::cleanup()
-{
-    qDeleteAll(m_app->actions);
-    m_manager.reset();
-    m_app.reset();
-    QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
-    QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
-}
-
-void tst_ExActionUI::decorating()
-{
-    m_app->decorations.entries[str("Zoom")]
-        = {str("Z"), str("Stop zooming"), str("Zoom"), str("Changes the zoom"), {}};
-    m_app->decorations.entries[str("Plain")] = {{}, str("Same"), str("Same"), {}, {}};
-    auto *const tool = new FakeTool("Zoom");
-    const ExActionUI *const action = ExActionUI::cloneAction(*tool);
-    QCOMPARE(m_app->decorations.log.join(u','),
-        str("known Zoom,shortCut Zoom,icon Zoom,onText Zoom,offText Zoom,toolTip Zoom"));
-    QCOMPARE(
-        QStringList({action->text(), action->iconText(), action->toolTip(), action->objectName()}),
-        QStringList({str("Zoom"), str("Zoom"), str("Changes the zoom"), str("Zoom")}));
-    tool->setActive(true);
-    QCOMPARE(action->text(), str("Stop zooming"));
-    auto *const plain = new FakeTool("Plain");
-    ExActionUI::createAction(*plain);
-    m_app->decorations.log.clear();
-    plain->setActive(true); // The text is the same in both states: it is not asked for again.
-    QCOMPARE(m_app->decorations.log, QStringList());
-}
-
-void tst_ExActionUI::actionsAndMenusByKey()
-{
-    QWidget parent;
-    m_settings.setPolicy(R"({"deniedTools": ["Denied"]})");
-    const McHandle<FakeTool> denied = makeTool("Denied");
-    m_app->decorations.entries[str("Pan")] = {};
-    ExTool::registerTool(
-        "Pan", [](int) -> ExTool * { return new FakeTool("Pan"); }, 0, true);
-    const QStringList keys = str("SEPARATOR Pan Denied Separator Unheard Pan").split(u' ');
-    const QList<QAction *> actions = ExActionUI::createActions(keys, &parent);
-    QCOMPARE(names(actions), str("- Pan - Pan"));
-    QVERIFY(actions.at(0)->parent() == &parent && actions.at(1) == actions.at(3));
-    const QMenu *const menu
-        = ExActionUI::createMenu(str("Tools"), {str("Pan"), str("separator")}, &parent);
-    QCOMPARE(QString(menu->title() % u": " % names(menu->actions())), str("Tools: Pan -"));
-    const auto before = parent.children();
-    QCOMPARE(ExActionUI::createMenu({}, {str("separator"), str("Unheard")}, &parent), nullptr);
-    QCOMPARE(parent.children(), before);
-    m_settings.setPolicy("{}");
-}
-
-void tst_ExActionUI::buttonsFollow()
-{
-    FakeTool *const tool = makeTool("Zoom");
-    QWidget parent;
-    QToolButton byTool(&parent);
-    QToolButton byKey(&parent);
-    QToolButton unknown(&parent);
-    QPushButton push(&parent);
-    const ExActionUI *const action = ExActionUI::bind(&byTool, *tool);
-    QVERIFY(ExActionUI::bind(&byKey, "Zoom") == action && ExActionUI::bind(&push, *tool) == action);
-    QVERIFY(ExActionUI::bind(&unknown, "Unheard") == nullptr && unknown.isHidden());
-    push.click();
-    QVERIFY(tool->isActive() && byTool.isChecked() && byKey.isChecked());
-    byKey.click();
-    QVERIFY(!tool->isActive() && !byTool.isChecked());
-    tool->enabled = false;
-    tool->updateUI(nullptr);
-    QVERIFY(!byTool.isEnabled() && !byKey.isEnabled());
-}
-
-void tst_ExActionUI::usersToggleAndTrigger()
-{
-    FakeTool *const zoom = makeTool("Zoom");
-    FakeTool *const print = makeTool("Print");
-    print->activatable = false;
-    ExActionUI *const action = ExActionUI::createAction(*zoom);
-    action->trigger();
-    action->trigger();
-    QVERIFY(!action->isActive());
-    zoom->standard = true;
-    action->trigger();
-    action->trigger(); // Can only be left for another.
-    QVERIFY(action->isActive() && zoom->isActive());
-    ExActionUI::createAction(*print)->trigger();
-    QCOMPARE(takeLog(),
-        str("Zoom toggled,Zoom on,Zoom untoggled,Zoom off,Zoom toggled,Zoom on,Zoom untoggled,"
-            "Print triggered,Print on"));
-}
-
-void tst_ExActionUI::anotherTool()
-{
-    const McHandle<FakeTool> zoom = makeTool("Zoom", "Z");
-    const McHandle<FakeTool> print = makeTool("Print", "P");
-    print->activatable = false;
-    ExActionUI *const action = ExActionUI::createAction(*zoom);
-    action->setTool(print);
-    action->trigger();
-    QCOMPARE(takeLog(), str("Print triggered,Print on"));
-    QVERIFY(zoom->getUI() == nullptr && print->getUIs().size() == 1 && !action->isCheckable());
-    QCOMPARE(action->shortcut(), QKeySequence(str("P")));
-    action->slot_editProperties();
-    print->addPropertyKey(QRegularExpression(str("^Print")));
-    action->slot_editProperties();
-    QCOMPARE(m_app->log.join(u'|'), str("browse [] []|edit ^Print"));
-    action->setTool(nullptr);
-    action->trigger();
-    action->update(nullptr);
-    QCOMPARE(takeLog(), QString());
-    FakeUI ui;
-    ui.setTool(print);
-    QCOMPARE(ExActionUI::createAction(*print), nullptr);
-}
-
-void tst_ExActionUI::statesFollowTheActiveViewer()
-{
-    FakeTool *const tool = makeTool("Zoom");
-    tool->enabled = false;
-    const QAction *const action = ExActionUI::createAction(*tool);
-    const McHandle<FakeViewer> viewer = viewerWithVolume();
-    const McHandle<FakeViewer> other = viewerWithVolume();
-    m_manager->add(viewer);
-    m_manager->setActiveViewer(viewer);
-    for (const ExNotification::Type type : {ExNotification::VIEWER_TYPE_CHANGED,
-             ExNotification::PROTOCOL_LOADED, ExNotification::VIEWER_GROUP_DISABLED}) {
-        viewer->imageSets[0].reset();
-        tool->updateUI(nullptr);
-        viewer->imageSets[0] = other->imageSets[0];
-        ExNotifiable::notify(ExNotification(ExNotification::ZOOM_CHANGED, viewer));
-        ExNotifiable::notify(ExNotification(type, other));
-        QVERIFY(!action->isEnabled());
-        ExNotifiable::notify(ExNotification(type, viewer));
-        QVERIFY2(action->isEnabled(), ExNotification::Type2String(type));
-    }
-}
-
-void tst_ExActionUI::shortCuts_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("several") << QByteArray("Ctrl+K, Ctrl+L") << str("Ctrl+K, Ctrl+L");
-    QTest::newRow("pad") << QByteArray("Ctrl+NUM+5, Ctrl+L") << str("Ctrl+5");
-    QTest::newRow("pad without a key") << QByteArray("NUM+") << QString();
-    QTest::newRow("none") << QByteArray() << QString();
-}
-
-void tst_ExActionUI::shortCuts()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QString, shown);
-    FakeTool *const tool = makeTool("Zoom", "Z");
-    ExActionUI *const action = ExActionUI::createAction(*tool);
-    QCOMPARE(ExActionUI::createAction(*tool), action);
-    ExActionUI *const clone = ExActionUI::cloneAction(*tool);
-    QCOMPARE(clone->shortcut(), QKeySequence(str("Z")));
-    QCOMPARE(clone->shortcutContext(), Qt::WidgetShortcut);
-    action->setShortCut(text.constData());
-    QCOMPARE(action->shortcut().toString(), shown);
-    QCOMPARE(ExHotKeys::findHotKey(QKeySequence(str("Z"))), nullptr);
-    QCOMPARE(ExHotKeys::findHotKey(QKeySequence(shown)), shown.isEmpty() ? nullptr : tool);
-    clone->setShortCut("Ctrl+X"); // Stays with the clone.
-    QCOMPARE(action->shortcut().toString(), shown);
-    QCOMPARE(ExHotKeys::findHotKey(QKeySequence(str("Ctrl+X"))), nullptr);
-}
-
-void tst_ExActionUI::keyPressActsOnce_data()
-{
-    QTest::addColumn<bool>("activatable");
-    QTest::addColumn<int>("clones");
-    QTest::addColumn<bool>("shortCutSetLater");
-    for (const bool activatable : {true, false}) {
-        const char *const kind = activatable ? "state" : "command";
-        QTest::addRow("%s, clone with its own context", kind) << activatable << 1 << false;
-        QTest::addRow("%s, clone in the window's context", kind) << activatable << 1 << true;
-        QTest::addRow("%s, two clones", kind) << activatable << 2 << true;
-    }
-}
-
-void tst_ExActionUI::keyPressActsOnce()
-{
-    QFETCH(bool, activatable);
-    QFETCH(int, clones);
-    QFETCH(bool, shortCutSetLater);
-    FakeTool *const tool = makeTool("Zoom", "Ctrl+K");
-    tool->activatable = activatable;
-    QToolBar window;
-    window.addAction(ExActionUI::createAction(*tool));
-    for (int i = 0; i < clones; ++i) {
-        window.addAction(ExActionUI::cloneAction(*tool));
-    }
-    if (shortCutSetLater) {
-        ExHotKeys::setHotKey(tool, QKeySequence(str("Ctrl+K")));
-    }
-    showActive(window);
-    for (int i = 0; i < 4; ++i) {
-        QTest::keyClick(window.windowHandle(), Qt::Key_K, Qt::ControlModifier);
-        QCOMPARE(takeLog(),
-            !activatable     ? str("Zoom triggered,Zoom on")
-                : i % 2 == 0 ? str("Zoom toggled,Zoom on")
-                             : str("Zoom untoggled,Zoom off"));
-        for (const QAction *action : window.actions()) {
-            QCOMPARE(action->isChecked(), tool->isActive());
-        }
-    }
-}
-
-void tst_ExActionUI::keyPressOfSeveralTools()
-{
-    const McHandle<FakeViewer> viewer = viewerWithVolume();
-    m_manager->add(viewer);
-    m_manager->setActiveViewer(viewer);
-    QToolBar window;
-    FakeTool *const first = makeTool("First", "K");
-    for (FakeTool *tool : {first, makeTool("Second", "K")}) {
-        tool->global = tool->activatable = false;
-        window.addAction(ExActionUI::createAction(*tool));
-    }
-    showActive(window);
-    for (int i = 0; i < 2; ++i) {
-        QTest::keyClick(window.windowHandle(), Qt::Key_K);
-        QCOMPARE(takeLog(), str("First hot key,First triggered,First on"));
-    }
-    first->takesHotKey = false;
-    QTest::keyClick(window.windowHandle(), Qt::Key_K);
-    QCOMPARE(takeLog(), str("First hot key,Second hot key,Second triggered,Second on"));
-}
 
 QTEST_MAIN(tst_ExActionUI)
 #include "tst_ExActionUI.moc"

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int callbacks = 0;
@@ -61,141 +63,134 @@ class tst_ExTool : public QObject
 
 private Q_SLOTS:
     void init() { takeLog(); }
-    void keysAndMenuTools();
-    void namesAndTheListFile();
-    void creationOnDemand();
-    void viewersSupported();
-    void activation();
-    void propertyKeysAndCallbacks();
+
+    void keysAndMenuTools()
+    {
+        const FakeTool implicit("Implicit");
+        const FakeTool nameless("");
+        ExTool::registerTool("Zoom", nullptr, 0, true);
+        ExTool::registerTool("Angle", nullptr, 0, false);
+        ExTool::registerTool("", &makeNumbered, 0, true);
+        ExTool::registerTool(nullptr, &makeNumbered, 0, true);
+        const auto menuTools = [] {
+            QByteArray answers;
+            for (const char *key :
+                {"Zoom", "Angle", "Implicit", "Nobody", "", static_cast<const char *>(nullptr)}) {
+                answers += ExTool::isMenuTool(key) ? '1' : '0';
+            }
+            return answers;
+        };
+        QCOMPARE(menuTools(), QByteArray("100000"));
+        for (const char *key : {"Angle", "Implicit", "Nobody", ""}) {
+            ExTool::setMenuTool(key, true);
+        }
+        ExTool::setMenuTool("Zoom", false);
+        QCOMPARE(menuTools(), QByteArray("011000"));
+        m_settings.setPolicy(R"({"deniedTools": ["An*"]})");
+        QCOMPARE(keyList(true), QByteArray("Angle Implicit Zoom"));
+        QCOMPARE(keyList(false), QByteArray("Implicit Zoom"));
+        m_settings.setPolicy("{}");
+    }
+
+    void namesAndTheListFile()
+    {
+        auto first = std::make_unique<FakeTool>("Twin");
+        auto second = std::make_unique<FakeTool>("Twin");
+        second = std::make_unique<FakeTool>("Twin");
+        QCOMPARE(ExTool::getToolByDecorationKey("Twin", false), first.get());
+        first.reset(); // The first takes the entry with it, though the second lives.
+        QCOMPARE(ExTool::getToolByDecorationKey("Twin", false), nullptr);
+
+        const FakeTool nameless(nullptr);
+        const FakeTool b("B");
+        const FakeTool a("A");
+        QCOMPARE(ExTool::getToolByDecorationKey("", false), &nameless);
+        QVERIFY(QDir::setCurrent(m_settings.path("")));
+        ExTool::dumpTools();
+        ExTool::dumpTools();
+        QFile file(u"MovaraTools.txt"_s);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("Auto-generated file by Extool.\n\nA\nB\n"));
+    }
+
+    void creationOnDemand()
+    {
+        ExTool::registerTool("Made5", &makeNumbered, 5, false);
+        ExTool::registerTool("Unmakable", nullptr, 0, false);
+        QCOMPARE(ExTool::getToolByDecorationKey("Made5", false), nullptr);
+        for (const char *key : {"Unmakable", "Unheard", static_cast<const char *>(nullptr)}) {
+            QCOMPARE(ExTool::getToolByDecorationKey(key, true), nullptr);
+        }
+        m_settings.setPolicy(R"({"renamedTools": {"Make5": "Made5"}})");
+        const McHandle<ExTool> made = ExTool::getToolByDecorationKey("Make5", true);
+        QCOMPARE(made->decorationKey(), "Made5");
+        QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), made.get());
+        m_settings.setPolicy(R"({"deniedTools": ["Made5"]})");
+        QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), nullptr);
+        m_settings.setPolicy("{}");
+    }
+
+    void viewersSupported()
+    {
+        const PickyTool tool;
+        const McHandle<PickyViewer> viewer = new PickyViewer;
+        QVERIFY(!tool.supportsViewer(nullptr) && !tool.supportsViewer(viewer));
+        viewer->displaySet = "accepted";
+        viewer->imageSets[0] = new KxImageSeries("empty");
+        QVERIFY(!tool.supportsViewer(viewer));
+        viewer->imageSets[0] = viewerWithVolume()->imageSets[0];
+        QVERIFY(tool.supportsViewer(viewer) && tool.isEnabled(viewer));
+        viewer->displaySet.clear();
+        QVERIFY(!tool.supportsViewer(viewer) && !tool.isEnabled(viewer));
+        viewer->displaySet = "accepted";
+        viewer->type = static_cast<Ex::ViewerType>(FakeViewer::usualType + 1);
+        QVERIFY(!tool.supportsViewer(viewer));
+    }
+
+    void activation()
+    {
+        const McHandle<FakeTool> a = new FakeTool("a");
+        const McHandle<FakeTool> b = new FakeTool("b");
+        FakeUI own;
+        FakeUI button;
+        own.setTool(a);
+        ExToolGroup loose;
+        ExToolGroup group;
+        group.setExclusive(true);
+        group.setBringUp(true);
+        group.setGroupUI(&button);
+        for (const McHandle<FakeTool> &tool : {b, a}) {
+            loose.appendTool(tool, false);
+            group.appendTool(tool, false);
+        }
+        takeLog();
+        QVERIFY(b->setActive(true) && a->setActive(true) && !b->isActive());
+        QCOMPARE(takeLog(), u"b on,shows b,a off,update,update,a on,shows a,b off,update,update"_s);
+        QVERIFY(a->setActive(true)); // Only refreshes.
+        QCOMPARE(takeLog(), u"a on,update,update"_s);
+        group.setToolBarFixed(*b, true);
+        group.setExclusive(false);
+        QVERIFY(b->setActive(true) && a->isActive());
+        b->activatable = false;
+        QVERIFY(!b->setActive(false) && b->isActive());
+        QCOMPARE(takeLog(), u"b on,b off"_s);
+    }
+
+    void propertyKeysAndCallbacks()
+    {
+        FakeTool tool("t");
+        tool.addPropertyKey(std::string("UI.Zoom?.*"));
+        const QRegularExpression pattern = tool.getPropertyKeys().constFirst();
+        QVERIFY(pattern.match(u"UI.Zoom1.Speed"_s).hasMatch());
+        QVERIFY(!pattern.match(u"ui.zoom1.speed"_s).hasMatch());
+        ExTool::doInitCallbacks();
+        ExTool::doInitCallbacks();
+        QCOMPARE(callbacks, 110);
+    }
 
 private:
     PrivateSettings m_settings;
 };
-
-void tst_ExTool::keysAndMenuTools()
-{
-    const FakeTool implicit("Implicit");
-    const FakeTool nameless("");
-    ExTool::registerTool("Zoom", nullptr, 0, true);
-    ExTool::registerTool("Angle", nullptr, 0, false);
-    ExTool::registerTool("", &makeNumbered, 0, true);
-    ExTool::registerTool(nullptr, &makeNumbered, 0, true);
-    const auto menuTools = [] {
-        QByteArray answers;
-        for (const char *key :
-            {"Zoom", "Angle", "Implicit", "Nobody", "", static_cast<const char *>(nullptr)}) {
-            answers += ExTool::isMenuTool(key) ? '1' : '0';
-        }
-        return answers;
-    };
-    QCOMPARE(menuTools(), QByteArray("100000"));
-    for (const char *key : {"Angle", "Implicit", "Nobody", ""}) {
-        ExTool::setMenuTool(key, true);
-    }
-    ExTool::setMenuTool("Zoom", false);
-    QCOMPARE(menuTools(), QByteArray("011000"));
-    m_settings.setPolicy(R"({"deniedTools": ["An*"]})");
-    QCOMPARE(keyList(true), QByteArray("Angle Implicit Zoom"));
-    QCOMPARE(keyList(false), QByteArray("Implicit Zoom"));
-    m_settings.setPolicy("{}");
-}
-
-void tst_ExTool::namesAndTheListFile()
-{
-    auto first = std::make_unique<FakeTool>("Twin");
-    auto second = std::make_unique<FakeTool>("Twin");
-    second = std::make_unique<FakeTool>("Twin");
-    QCOMPARE(ExTool::getToolByDecorationKey("Twin", false), first.get());
-    first.reset(); // The first takes the entry with it, though the second lives.
-    QCOMPARE(ExTool::getToolByDecorationKey("Twin", false), nullptr);
-
-    const FakeTool nameless(nullptr);
-    const FakeTool b("B");
-    const FakeTool a("A");
-    QCOMPARE(ExTool::getToolByDecorationKey("", false), &nameless);
-    QVERIFY(QDir::setCurrent(m_settings.path("")));
-    ExTool::dumpTools();
-    ExTool::dumpTools();
-    QFile file(QStringLiteral("MovaraTools.txt"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("Auto-generated file by Extool.\n\nA\nB\n"));
-}
-
-void tst_ExTool::creationOnDemand()
-{
-    ExTool::registerTool("Made5", &makeNumbered, 5, false);
-    ExTool::registerTool("Unmakable", nullptr, 0, false);
-    QCOMPARE(ExTool::getToolByDecorationKey("Made5", false), nullptr);
-    for (const char *key : {"Unmakable", "Unheard", static_cast<const char *>(nullptr)}) {
-        QCOMPARE(ExTool::getToolByDecorationKey(key, true), nullptr);
-    }
-    m_settings.setPolicy(R"({"renamedTools": {"Make5": "Made5"}})");
-    const McHandle<ExTool> made = ExTool::getToolByDecorationKey("Make5", true);
-    QCOMPARE(made->decorationKey(), "Made5");
-    QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), made.get());
-    m_settings.setPolicy(R"({"deniedTools": ["Made5"]})");
-    QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), nullptr);
-    m_settings.setPolicy("{}");
-}
-
-void tst_ExTool::viewersSupported()
-{
-    const PickyTool tool;
-    const McHandle<PickyViewer> viewer = new PickyViewer;
-    QVERIFY(!tool.supportsViewer(nullptr) && !tool.supportsViewer(viewer));
-    viewer->displaySet = "accepted";
-    viewer->imageSets[0] = new KxImageSeries("empty");
-    QVERIFY(!tool.supportsViewer(viewer));
-    viewer->imageSets[0] = viewerWithVolume()->imageSets[0];
-    QVERIFY(tool.supportsViewer(viewer) && tool.isEnabled(viewer));
-    viewer->displaySet.clear();
-    QVERIFY(!tool.supportsViewer(viewer) && !tool.isEnabled(viewer));
-    viewer->displaySet = "accepted";
-    viewer->type = static_cast<Ex::ViewerType>(FakeViewer::usualType + 1);
-    QVERIFY(!tool.supportsViewer(viewer));
-}
-
-void tst_ExTool::activation()
-{
-    const McHandle<FakeTool> a = new FakeTool("a");
-    const McHandle<FakeTool> b = new FakeTool("b");
-    FakeUI own;
-    FakeUI button;
-    own.setTool(a);
-    ExToolGroup loose;
-    ExToolGroup group;
-    group.setExclusive(true);
-    group.setBringUp(true);
-    group.setGroupUI(&button);
-    for (const McHandle<FakeTool> &tool : {b, a}) {
-        loose.appendTool(tool, false);
-        group.appendTool(tool, false);
-    }
-    takeLog();
-    QVERIFY(b->setActive(true) && a->setActive(true) && !b->isActive());
-    QCOMPARE(takeLog(),
-        QStringLiteral("b on,shows b,a off,update,update,a on,shows a,b off,update,update"));
-    QVERIFY(a->setActive(true)); // Only refreshes.
-    QCOMPARE(takeLog(), QStringLiteral("a on,update,update"));
-    group.setToolBarFixed(*b, true);
-    group.setExclusive(false);
-    QVERIFY(b->setActive(true) && a->isActive());
-    b->activatable = false;
-    QVERIFY(!b->setActive(false) && b->isActive());
-    QCOMPARE(takeLog(), QStringLiteral("b on,b off"));
-}
-
-void tst_ExTool::propertyKeysAndCallbacks()
-{
-    FakeTool tool("t");
-    tool.addPropertyKey(std::string("UI.Zoom?.*"));
-    const QRegularExpression pattern = tool.getPropertyKeys().constFirst();
-    QVERIFY(pattern.match(QStringLiteral("UI.Zoom1.Speed")).hasMatch());
-    QVERIFY(!pattern.match(QStringLiteral("ui.zoom1.speed")).hasMatch());
-    ExTool::doInitCallbacks();
-    ExTool::doInitCallbacks();
-    QCOMPARE(callbacks, 110);
-}
 
 QTEST_MAIN(tst_ExTool)
 #include "tst_ExTool.moc"

@@ -1,10 +1,13 @@
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
 #include "tests/support/PrivateSettings.h"
+#include "tests/support/Rows.h"
 
 #include <QTest>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 class tst_ExToolGroup : public QObject
 {
@@ -12,76 +15,73 @@ class tst_ExToolGroup : public QObject
 
 private Q_SLOTS:
     void init() { takeLog(); }
-    void members();
-    void copiesAreOneGroup_data();
-    void copiesAreOneGroup();
+
+    void members()
+    {
+        const McHandle<FakeTool> a = new FakeTool("a");
+        const McHandle<FakeTool> b = new FakeTool("b");
+        {
+            ExToolGroup group;
+            group.appendTool(nullptr, true);
+            group.appendTool(new FakeTool("c"), true);
+            group.appendTool(b, true);
+            group.appendTool(a, false);
+            group.appendTool(b, false);
+            QVERIFY(group.getTools().size() == 3 && group.getToolBarFixed(*b)
+                && !group.getActiveTool());
+            a->setActive(true);
+            QCOMPARE(group.getActiveTool().get(), a.get());
+            b->setActive(true);
+            QCOMPARE(group.getActiveTool().get(), b.get());
+            group.removeTool(b);
+            group.removeTool(b);
+            group.removeTool(nullptr);
+            QVERIFY(group.getTools().size() == 2 && group.getToolBarFixed(*b));
+            group.appendTool(b, false);
+            group.appendTool(new FakeTool("d"), true);
+            QVERIFY(!group.getToolBarFixed(*b));
+            group.setExclusive(true);
+            takeLog();
+        }
+        a->setActive(false);
+        a->setActive(true); // Knows of no group any more.
+        QCOMPARE(takeLog(), u"d gone,c gone,a off,a on"_s);
+    }
+
+    void copiesAreOneGroup_data()
+    {
+        const Rows<bool> row("originalGoesFirst");
+        row("original first", true);
+        row("copy first", false);
+    }
+
+    void copiesAreOneGroup()
+    {
+        QFETCH(bool, originalGoesFirst);
+        const McHandle<FakeTool> a = new FakeTool("a");
+        auto original = std::make_unique<ExToolGroup>();
+        original->appendTool(a, false);
+        auto copy = std::make_unique<ExToolGroup>(*original);
+        copy->setExclusive(true);
+        copy->appendTool(new FakeTool("b"), true);
+        a->setActive(true);
+        QCOMPARE(takeLog(), u"a on,b off"_s);
+
+        const std::unique_ptr<ExToolGroup> last = std::move(originalGoesFirst ? copy : original);
+        (originalGoesFirst ? original : copy).reset();
+        a->setActive(false);
+        a->setActive(true);
+        last->removeTool(a);
+        a->setActive(false);
+        a->setActive(true);
+        QCOMPARE(takeLog(), u"a off,a on,b off,a off,a on"_s);
+        *last = ExToolGroup();
+        QCOMPARE(takeLog(), u"b gone"_s);
+    }
 
 private:
     PrivateSettings m_settings;
 };
-
-void tst_ExToolGroup::members()
-{
-    const McHandle<FakeTool> a = new FakeTool("a");
-    const McHandle<FakeTool> b = new FakeTool("b");
-    {
-        ExToolGroup group;
-        group.appendTool(nullptr, true);
-        group.appendTool(new FakeTool("c"), true);
-        group.appendTool(b, true);
-        group.appendTool(a, false);
-        group.appendTool(b, false);
-        QVERIFY(
-            group.getTools().size() == 3 && group.getToolBarFixed(*b) && !group.getActiveTool());
-        a->setActive(true);
-        QCOMPARE(group.getActiveTool().get(), a.get());
-        b->setActive(true);
-        QCOMPARE(group.getActiveTool().get(), b.get());
-        group.removeTool(b);
-        group.removeTool(b);
-        group.removeTool(nullptr);
-        QVERIFY(group.getTools().size() == 2 && group.getToolBarFixed(*b));
-        group.appendTool(b, false);
-        group.appendTool(new FakeTool("d"), true);
-        QVERIFY(!group.getToolBarFixed(*b));
-        group.setExclusive(true);
-        takeLog();
-    }
-    a->setActive(false);
-    a->setActive(true); // Knows of no group any more.
-    QCOMPARE(takeLog(), QStringLiteral("d gone,c gone,a off,a on"));
-}
-
-void tst_ExToolGroup::copiesAreOneGroup_data()
-{
-    QTest::addColumn<bool>("originalGoesFirst");
-    QTest::newRow("original first") << true;
-    QTest::newRow("copy first") << false;
-}
-
-void tst_ExToolGroup::copiesAreOneGroup()
-{
-    QFETCH(bool, originalGoesFirst);
-    const McHandle<FakeTool> a = new FakeTool("a");
-    auto original = std::make_unique<ExToolGroup>();
-    original->appendTool(a, false);
-    auto copy = std::make_unique<ExToolGroup>(*original);
-    copy->setExclusive(true);
-    copy->appendTool(new FakeTool("b"), true);
-    a->setActive(true);
-    QCOMPARE(takeLog(), QStringLiteral("a on,b off"));
-
-    const std::unique_ptr<ExToolGroup> last = std::move(originalGoesFirst ? copy : original);
-    (originalGoesFirst ? original : copy).reset();
-    a->setActive(false);
-    a->setActive(true);
-    last->removeTool(a);
-    a->setActive(false);
-    a->setActive(true);
-    QCOMPARE(takeLog(), QStringLiteral("a off,a on,b off,a off,a on"));
-    *last = ExToolGroup();
-    QCOMPARE(takeLog(), QStringLiteral("b gone"));
-}
 
 QTEST_MAIN(tst_ExToolGroup)
 #include "tst_ExToolGroup.moc"

@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Peers : public KxBackendPeer, public KxServerPeer
@@ -20,8 +22,7 @@ public:
     void logEvent(int code, const std::string &key, int first, int second, int third,
         const QString &text) override
     {
-        log += QStringLiteral(" (%1 %2 %3 %4 %5 '%6')")
-                   .arg(QString::number(code), QString::fromStdString(key))
+        log += u" (%1 %2 %3 %4 %5 '%6')"_s.arg(QString::number(code), QString::fromStdString(key))
                    .arg(first)
                    .arg(second)
                    .arg(third)
@@ -41,38 +42,37 @@ class tst_ExToolLogger : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void amountOfLogging();
+    void amountOfLogging()
+    {
+        Peers peers;
+        const FakeTool a("a");
+        const FakeTool nameless(nullptr);
+        const auto useTools = [&] {
+            ExToolLogger::clearReportedTools();
+            ExToolLogger::logTrigger(&nameless);
+            ExToolLogger::logToggle(nullptr, true);
+            ExToolLogger::logToggle(&a, true);
+            ExToolLogger::logToggle(&a, false);
+            ExToolLogger::clearReportedTools();
+            ExToolLogger::logTrigger(&a);
+            return std::exchange(peers.log, {});
+        };
+        const QString event = u" (1063 a 0 -1 1 '')"_s;
+        const QString twice = u"[ToolLog] a toggled" % event % u"[ToolLog] a triggered" % event;
+        QCOMPARE(useTools(), twice);
+        auto *const setting = KxPropertyPool::instance().find<LogEnableType>("Hidden.ToolLog");
+        QCOMPARE(setting->toString(), u"LET_ONCE_PER_STUDY"_s);
+        setting->fromString(u"LET_ALWAYS"_s);
+        QCOMPARE(useTools(),
+            QString(twice).insert(
+                twice.indexOf(u')') + 1, QString(u"[ToolLog] a untoggled" % event)));
+        setting->fromString(u"LET_NO"_s);
+        QCOMPARE(useTools(), QString());
+    }
 
 private:
     PrivateSettings m_settings;
 };
-
-void tst_ExToolLogger::amountOfLogging()
-{
-    Peers peers;
-    const FakeTool a("a");
-    const FakeTool nameless(nullptr);
-    const auto useTools = [&] {
-        ExToolLogger::clearReportedTools();
-        ExToolLogger::logTrigger(&nameless);
-        ExToolLogger::logToggle(nullptr, true);
-        ExToolLogger::logToggle(&a, true);
-        ExToolLogger::logToggle(&a, false);
-        ExToolLogger::clearReportedTools();
-        ExToolLogger::logTrigger(&a);
-        return std::exchange(peers.log, {});
-    };
-    const QString event = QStringLiteral(" (1063 a 0 -1 1 '')");
-    const QString twice = u"[ToolLog] a toggled" % event % u"[ToolLog] a triggered" % event;
-    QCOMPARE(useTools(), twice);
-    auto *const setting = KxPropertyPool::instance().find<LogEnableType>("Hidden.ToolLog");
-    QCOMPARE(setting->toString(), QStringLiteral("LET_ONCE_PER_STUDY"));
-    setting->fromString(QStringLiteral("LET_ALWAYS"));
-    QCOMPARE(useTools(),
-        QString(twice).insert(twice.indexOf(u')') + 1, QString(u"[ToolLog] a untoggled" % event)));
-    setting->fromString(QStringLiteral("LET_NO"));
-    QCOMPARE(useTools(), QString());
-}
 
 QTEST_MAIN(tst_ExToolLogger)
 #include "tst_ExToolLogger.moc"

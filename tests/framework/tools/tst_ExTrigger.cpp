@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Command : public ExTrigger
@@ -49,103 +51,99 @@ class tst_ExTrigger : public QObject
 
 private Q_SLOTS:
     void init() { takeLog(); }
-    void commands_data();
-    void commands();
-    void menuTriggers();
-    void subMenus();
+
+    void commands_data()
+    {
+        QTest::addColumn<bool>("activatable");
+        QTest::addColumn<bool>("succeeds");
+        QTest::addColumn<QString>("events");
+        const auto row = [](const char *name, bool activatable, bool succeeds, const char *events) {
+            QTest::newRow(name) << activatable << succeeds << QString::fromUtf8(events);
+        };
+        row("command", false, true,
+            "1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: ");
+        row("command that fails", false, false, "0: run|0: run on viewer|1: ");
+        row("state", true, true,
+            "1: shows c,update,run,shows c,update viewer|1: update|"
+            "1: update,run off on viewer,update viewer");
+        row("state, command fails", true, false,
+            "0: shows c,update,run|1: update|0: update,run off on viewer");
+    }
+
+    void commands()
+    {
+        QFETCH(bool, activatable);
+        const McHandle<FakeViewer> viewer = new FakeViewer;
+        m_manager.add(viewer);
+        m_manager.setActiveViewer(nullptr);
+        const McHandle<Command> command = new Command("c");
+        command->setActivatable(activatable);
+        command->nextActive = viewer; // The command may change it.
+        QFETCH(bool, succeeds);
+        command->succeeds = succeeds;
+        FakeUI button;
+        button.setTool(command);
+        ExToolGroup group;
+        group.setBringUp(true);
+        group.setGroupUI(&button);
+        group.appendTool(command, false);
+        QStringList results;
+        for (const bool on : {true, true, false}) {
+            takeLog();
+            const bool result = command->setActive(on);
+            results.append(QString::number(int(result)) % u": " % takeLog());
+        }
+        QTEST(results.join(u'|'), "events");
+        m_manager.removeAllViewers();
+    }
+
+    void menuTriggers()
+    {
+        Receiver receiver;
+        const McHandle<FakeViewer> viewer = new FakeViewer; // Without an image: not asked for here.
+        const McHandle<ExMenuTrigger> trigger = new ExMenuTrigger(
+            "Menu", &receiver, SLOT(run(bool)), &receiver, SLOT(fits(const ExBaseViewer *)));
+        QVERIFY(!trigger->isActivatable());
+        QVERIFY(trigger->supportsViewer(viewer) && !trigger->supportsViewer(nullptr));
+        QVERIFY(trigger->process(viewer, true) && !trigger->process(nullptr, true));
+        QVERIFY(!trigger->process(viewer, false));
+        QCOMPARE(takeLog(), u"run,run off"_s);
+
+        const McHandle<ExMenuTrigger> alone
+            = new ExMenuTrigger("Alone", nullptr, nullptr, nullptr, nullptr);
+        FakeUI ui;
+        ui.setTool(alone);
+        QVERIFY(alone->supportsViewer(nullptr) && !alone->setActive(true));
+        QCOMPARE(takeLog(), u"shows Alone"_s);
+    }
+
+    void subMenus()
+    {
+        const McHandle<FakeTool> tool = new FakeTool("Zoom");
+        m_app.decorations.entries = {{u"Zoom"_s, {}}, {u"Menu"_s, {}}};
+        const McHandle<ExMenuTrigger> trigger
+            = new ExMenuTrigger("Menu", {u"Zoom"_s, u"separator"_s}, nullptr, nullptr);
+        QMenu *const menu = trigger->action()->menu();
+        const QList<QAction *> actions = menu->actions();
+        QVERIFY(actions.size() == 2 && !actions.at(0)->isEnabled() && actions.at(1)->isSeparator());
+        tool->enabled = true;
+        Q_EMIT menu->aboutToShow();
+        QVERIFY(actions.at(0)->isEnabled());
+
+        trigger->createSubMenu(nullptr, nullptr);
+        QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
+        tool->enabled = false;
+        Q_EMIT trigger->action()->menu()->aboutToShow();
+        QVERIFY(actions.at(0)->isEnabled()); // Nobody refreshes this menu.
+        qDeleteAll(m_app.actions);
+        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+    }
 
 private:
     PrivateSettings m_settings;
     FakeApplication m_app;
     FakeViewerManager m_manager;
 };
-
-void tst_ExTrigger::commands_data()
-{
-    QTest::addColumn<bool>("activatable");
-    QTest::addColumn<bool>("succeeds");
-    QTest::addColumn<QString>("events");
-    const auto row = [](const char *name, bool activatable, bool succeeds, const char *events) {
-        QTest::newRow(name) << activatable << succeeds << QString::fromUtf8(events);
-    };
-    row("command", false, true,
-        "1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: ");
-    row("command that fails", false, false, "0: run|0: run on viewer|1: ");
-    row("state", true, true,
-        "1: shows c,update,run,shows c,update viewer|1: update|"
-        "1: update,run off on viewer,update viewer");
-    row("state, command fails", true, false,
-        "0: shows c,update,run|1: update|0: update,run off on viewer");
-}
-
-void tst_ExTrigger::commands()
-{
-    QFETCH(bool, activatable);
-    const McHandle<FakeViewer> viewer = new FakeViewer;
-    m_manager.add(viewer);
-    m_manager.setActiveViewer(nullptr);
-    const McHandle<Command> command = new Command("c");
-    command->setActivatable(activatable);
-    command->nextActive = viewer; // The command may change it.
-    QFETCH(bool, succeeds);
-    command->succeeds = succeeds;
-    FakeUI button;
-    button.setTool(command);
-    ExToolGroup group;
-    group.setBringUp(true);
-    group.setGroupUI(&button);
-    group.appendTool(command, false);
-    QStringList results;
-    for (const bool on : {true, true, false}) {
-        takeLog();
-        const bool result = command->setActive(on);
-        results.append(QString::number(int(result)) % u": " % takeLog());
-    }
-    QTEST(results.join(u'|'), "events");
-    m_manager.removeAllViewers();
-}
-
-void tst_ExTrigger::menuTriggers()
-{
-    Receiver receiver;
-    const McHandle<FakeViewer> viewer = new FakeViewer; // Without an image: not asked for here.
-    const McHandle<ExMenuTrigger> trigger = new ExMenuTrigger(
-        "Menu", &receiver, SLOT(run(bool)), &receiver, SLOT(fits(const ExBaseViewer *)));
-    QVERIFY(!trigger->isActivatable());
-    QVERIFY(trigger->supportsViewer(viewer) && !trigger->supportsViewer(nullptr));
-    QVERIFY(trigger->process(viewer, true) && !trigger->process(nullptr, true));
-    QVERIFY(!trigger->process(viewer, false));
-    QCOMPARE(takeLog(), QStringLiteral("run,run off"));
-
-    const McHandle<ExMenuTrigger> alone
-        = new ExMenuTrigger("Alone", nullptr, nullptr, nullptr, nullptr);
-    FakeUI ui;
-    ui.setTool(alone);
-    QVERIFY(alone->supportsViewer(nullptr) && !alone->setActive(true));
-    QCOMPARE(takeLog(), QStringLiteral("shows Alone"));
-}
-
-void tst_ExTrigger::subMenus()
-{
-    const McHandle<FakeTool> tool = new FakeTool("Zoom");
-    m_app.decorations.entries = {{QStringLiteral("Zoom"), {}}, {QStringLiteral("Menu"), {}}};
-    const McHandle<ExMenuTrigger> trigger = new ExMenuTrigger(
-        "Menu", {QStringLiteral("Zoom"), QStringLiteral("separator")}, nullptr, nullptr);
-    QMenu *const menu = trigger->action()->menu();
-    const QList<QAction *> actions = menu->actions();
-    QVERIFY(actions.size() == 2 && !actions.at(0)->isEnabled() && actions.at(1)->isSeparator());
-    tool->enabled = true;
-    Q_EMIT menu->aboutToShow();
-    QVERIFY(actions.at(0)->isEnabled());
-
-    trigger->createSubMenu(nullptr, nullptr);
-    QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
-    tool->enabled = false;
-    Q_EMIT trigger->action()->menu()->aboutToShow();
-    QVERIFY(actions.at(0)->isEnabled()); // Nobody refreshes this menu.
-    qDeleteAll(m_app.actions);
-    QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
-}
 
 QTEST_MAIN(tst_ExTrigger)
 #include "tst_ExTrigger.moc"

@@ -2,6 +2,7 @@
 
 #include "platform/dicomio/DicomScanner.h"
 #include "platform/dicomio/DicomVolumeReader.h"
+#include "tests/support/Rows.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -9,6 +10,7 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
 using Zel::DicomDirectoryEntry;
 
 namespace {
@@ -42,8 +44,7 @@ QString summary(const DicomDirectoryEntry &volume)
         hash.addData(bytes);
     }
     const auto [columns, rows, depth] = volume.dimensions();
-    return QStringLiteral("%1x%2x%3 of %4 phases, %5 failed, %6")
-        .arg(columns)
+    return u"%1x%2x%3 of %4 phases, %5 failed, %6"_s.arg(columns)
         .arg(rows)
         .arg(depth)
         .arg(reader.series()->numVolumes())
@@ -58,13 +59,96 @@ class tst_DicomCollection : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void oneImageInAllEncodings_data();
-    void oneImageInAllEncodings();
-    void volumes_data();
-    void volumes();
-    void names_data();
-    void names();
+    void initTestCase()
+    {
+        if (m_folder.isEmpty()) {
+            QSKIP("MOVARA_TEST_DICOM names no folder with DICOM files.");
+        }
+    }
+
+    void oneImageInAllEncodings_data()
+    {
+        const Rows<QString> row("file");
+        for (const char *const kind : {"", "_RLE", "_bigendian", "_implicit", "_jp2klossless",
+                 "_jpeg_ls_lossless", "_padded"}) {
+            row(kind, u"edge-pydicom/MR_small%1.dcm"_s.arg(QString::fromLatin1(kind)));
+        }
+    }
+
+    void oneImageInAllEncodings()
+    {
+        QFETCH(const QString, file);
+        const DicomScanner::Result result = DicomScanner::scanNow({path(file)});
+        McDArray<const DicomDirectoryEntry *> found;
+        collectVolumes(*result.patients.first(), found);
+        QCOMPARE(summary(*found.first()), u"64x64x1 of 1 phases, 0 failed, dc9943d2"_s);
+    }
+
+    void volumes_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *path, const char *expected) {
+            QTest::newRow(path) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+        };
+        row("ct-abdomen-pancreas", "512x512x30 of 1 phases, 0 failed, 09556ae7");
+        row("ct-head-tiny", "64x64x93 of 1 phases, 0 failed, 5b395cd8");
+        row("mr-brain-study/se05-t1-sag", "270x320x29 of 1 phases, 0 failed, 444bd413");
+        row("mr-brain-study/se06-t2-flair-tra", "270x320x30 of 1 phases, 0 failed, 071c060c");
+        row("mr-brain-study/se09-dwi-trace-3b", "190x188x30 of 3 phases, 0 failed, 30029331");
+        row("mr-brain-study/pr", "");
+        row("edge-compressed/CT-JPEGLosslessSV1.dcm", "512x512x1 of 1 phases, 0 failed, 3fc7fc4e");
+        row("edge-compressed/US1_J2KR.dcm", "640x480x1 of 1 phases, 0 failed, eb52dce9");
+        row("edge-compressed/MR2_J2KI.dcm", "1024x1024x1 of 1 phases, 0 failed, d1e34dcc");
+        row("edge-pydicom/SC_rgb_rle.dcm", "100x100x1 of 1 phases, 0 failed, 6e292886");
+        row("edge-pydicom/examples_palette.dcm", "800x350x1 of 1 phases, 0 failed, 64f1feea");
+        row("edge-pydicom/examples_ybr_color.dcm", "320x240x1 of 30 phases, 0 failed, 56491f2b");
+        row("edge-pydicom/emri_small.dcm", "64x64x1 of 10 phases, 0 failed, 35c5e95f");
+        row("edge-pydicom/image_dfl.dcm", "512x512x1 of 1 phases, 0 failed, 9841785b");
+        row("edge-pydicom/JPGExtended.dcm", "256x1024x1 of 1 phases, 0 failed, 812050a7");
+        row("edge-pydicom/MR_truncated.dcm", "64x64x1 of 1 phases, 1 failed, 0829f717");
+        row("edge-derived/missing-slices", "64x64x14 of 1 phases, 0 failed, 101ec869");
+        row("edge-derived/duplicate-position", "64x64x6 of 1 phases, 0 failed, 52abb859");
+        row("edge-derived/not_dicom.dcm", "");
+    }
+
+    void volumes()
+    {
+        QFETCH(const QString, path);
+        QFETCH(const QString, expected);
+        const DicomScanner::Result result = DicomScanner::scanNow({this->path(path)});
+        QStringList lines;
+        for (const auto &patient : result.patients) {
+            McDArray<const DicomDirectoryEntry *> found;
+            collectVolumes(*patient, found);
+            for (const DicomDirectoryEntry *const volume : found) {
+                lines << summary(*volume);
+            }
+        }
+        QCOMPARE(lines.join(u'\n'), expected);
+    }
+
+    void names_data()
+    {
+        const Rows<QString, QString> row("file", "name");
+        row("German", "chrGerm", "Äneas^Rüdiger");
+        row("Greek", "chrGreek", "Διονυσιος");
+        row("Russian", "chrRuss", "Люкceмбypг");
+        row("Chinese", "chrX1", "Wang^XiaoDong=王^小東=");
+        row("Japanese", "chrH31", "Yamada^Tarou=山田^太郎=やまだ^たろう");
+        row("Japanese, half width", "chrH32", "ﾔﾏﾀﾞ^ﾀﾛｳ=山田^太郎=やまだ^たろう");
+        row("Japanese, several sets", "chrJapMulti", "やまだ^たろう");
+        row("Korean", "chrKoreanMulti", "김희중");
+    }
+
+    void names()
+    {
+        QFETCH(const QString, file);
+        QFETCH(const QString, name);
+        const DicomScanner::Result result
+            = DicomScanner::scanNow({path(u"edge-charset/%1.dcm"_s.arg(file))});
+        QCOMPARE(QString::fromStdString(result.patients.first()->patientName()), name);
+    }
 
 private:
     [[nodiscard]] McFilename path(const QString &name) const
@@ -74,107 +158,6 @@ private:
 
     QString m_folder = qEnvironmentVariable("MOVARA_TEST_DICOM");
 };
-
-void tst_DicomCollection::initTestCase()
-{
-    if (m_folder.isEmpty()) {
-        QSKIP("MOVARA_TEST_DICOM names no folder with DICOM files.");
-    }
-}
-
-void tst_DicomCollection::oneImageInAllEncodings_data()
-{
-    QTest::addColumn<QString>("file");
-    for (const char *const kind :
-        {"", "_RLE", "_bigendian", "_implicit", "_jp2klossless", "_jpeg_ls_lossless", "_padded"}) {
-        QTest::newRow(kind)
-            << QStringLiteral("edge-pydicom/MR_small%1.dcm").arg(QString::fromLatin1(kind));
-    }
-}
-
-void tst_DicomCollection::oneImageInAllEncodings()
-{
-    QFETCH(const QString, file);
-    const DicomScanner::Result result = DicomScanner::scanNow({path(file)});
-    McDArray<const DicomDirectoryEntry *> found;
-    collectVolumes(*result.patients.first(), found);
-    QCOMPARE(summary(*found.first()), QStringLiteral("64x64x1 of 1 phases, 0 failed, dc9943d2"));
-}
-
-void tst_DicomCollection::volumes_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *path, const char *expected) {
-        QTest::newRow(path) << QString::fromLatin1(path) << QString::fromLatin1(expected);
-    };
-    row("ct-abdomen-pancreas", "512x512x30 of 1 phases, 0 failed, 09556ae7");
-    row("ct-head-tiny", "64x64x93 of 1 phases, 0 failed, 5b395cd8");
-    row("mr-brain-study/se05-t1-sag", "270x320x29 of 1 phases, 0 failed, 444bd413");
-    row("mr-brain-study/se06-t2-flair-tra", "270x320x30 of 1 phases, 0 failed, 071c060c");
-    row("mr-brain-study/se09-dwi-trace-3b", "190x188x30 of 3 phases, 0 failed, 30029331");
-    row("mr-brain-study/pr", "");
-    row("edge-compressed/CT-JPEGLosslessSV1.dcm", "512x512x1 of 1 phases, 0 failed, 3fc7fc4e");
-    row("edge-compressed/US1_J2KR.dcm", "640x480x1 of 1 phases, 0 failed, eb52dce9");
-    row("edge-compressed/MR2_J2KI.dcm", "1024x1024x1 of 1 phases, 0 failed, d1e34dcc");
-    row("edge-pydicom/SC_rgb_rle.dcm", "100x100x1 of 1 phases, 0 failed, 6e292886");
-    row("edge-pydicom/examples_palette.dcm", "800x350x1 of 1 phases, 0 failed, 64f1feea");
-    row("edge-pydicom/examples_ybr_color.dcm", "320x240x1 of 30 phases, 0 failed, 56491f2b");
-    row("edge-pydicom/emri_small.dcm", "64x64x1 of 10 phases, 0 failed, 35c5e95f");
-    row("edge-pydicom/image_dfl.dcm", "512x512x1 of 1 phases, 0 failed, 9841785b");
-    row("edge-pydicom/JPGExtended.dcm", "256x1024x1 of 1 phases, 0 failed, 812050a7");
-    row("edge-pydicom/MR_truncated.dcm", "64x64x1 of 1 phases, 1 failed, 0829f717");
-    row("edge-derived/missing-slices", "64x64x14 of 1 phases, 0 failed, 101ec869");
-    row("edge-derived/duplicate-position", "64x64x6 of 1 phases, 0 failed, 52abb859");
-    row("edge-derived/not_dicom.dcm", "");
-}
-
-void tst_DicomCollection::volumes()
-{
-    QFETCH(const QString, path);
-    QFETCH(const QString, expected);
-    const DicomScanner::Result result = DicomScanner::scanNow({this->path(path)});
-    QStringList lines;
-    for (const auto &patient : result.patients) {
-        McDArray<const DicomDirectoryEntry *> found;
-        collectVolumes(*patient, found);
-        for (const DicomDirectoryEntry *const volume : found) {
-            lines << summary(*volume);
-        }
-    }
-    QCOMPARE(lines.join(u'\n'), expected);
-}
-
-void tst_DicomCollection::names_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("German") << "chrGerm"
-                            << "Äneas^Rüdiger";
-    QTest::newRow("Greek") << "chrGreek"
-                           << "Διονυσιος";
-    QTest::newRow("Russian") << "chrRuss"
-                             << "Люкceмбypг";
-    QTest::newRow("Chinese") << "chrX1"
-                             << "Wang^XiaoDong=王^小東=";
-    QTest::newRow("Japanese") << "chrH31"
-                              << "Yamada^Tarou=山田^太郎=やまだ^たろう";
-    QTest::newRow("Japanese, half width") << "chrH32"
-                                          << "ﾔﾏﾀﾞ^ﾀﾛｳ=山田^太郎=やまだ^たろう";
-    QTest::newRow("Japanese, several sets") << "chrJapMulti"
-                                            << "やまだ^たろう";
-    QTest::newRow("Korean") << "chrKoreanMulti"
-                            << "김희중";
-}
-
-void tst_DicomCollection::names()
-{
-    QFETCH(const QString, file);
-    QFETCH(const QString, name);
-    const DicomScanner::Result result
-        = DicomScanner::scanNow({path(QStringLiteral("edge-charset/%1.dcm").arg(file))});
-    QCOMPARE(QString::fromStdString(result.patients.first()->patientName()), name);
-}
 
 QTEST_GUILESS_MAIN(tst_DicomCollection)
 #include "tst_DicomCollection.moc"

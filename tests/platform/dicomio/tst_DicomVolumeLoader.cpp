@@ -8,6 +8,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Notes every signal of a loader, and that it came in the right thread.
@@ -20,18 +22,18 @@ public:
         QObject::connect(
             &loader, &DicomVolumeLoader::sliceLoaded, this, [this, &loader](int phase, int z) {
                 const double value = loader.series()->volume(phase)->value(0, 0, z);
-                add(QStringLiteral("slice %1 holds %2").arg(z).arg(value));
+                add(u"slice %1 holds %2"_s.arg(z).arg(value));
             });
         QObject::connect(&loader, &DicomVolumeLoader::sliceFailed, this,
             [this](int, int z, const QString &reason) {
-                add(QStringLiteral("slice %1 failed: %2").arg(z).arg(reason));
+                add(u"slice %1 failed: %2"_s.arg(z).arg(reason));
             });
         QObject::connect(
             &loader, &DicomVolumeLoader::windowEstimated, this, [this] { add(u"window"); });
         QObject::connect(&loader, &DicomVolumeLoader::progressChanged, this,
-            [this](int done, int total) { add(QStringLiteral("%1 of %2").arg(done).arg(total)); });
+            [this](int done, int total) { add(u"%1 of %2"_s.arg(done).arg(total)); });
         QObject::connect(&loader, &DicomVolumeLoader::failed, this,
-            [this](const QString &reason) { add(QStringLiteral("failed: ") % reason); });
+            [this](const QString &reason) { add(u"failed: "_s % reason); });
         QObject::connect(&loader, &DicomVolumeLoader::finished, this,
             [this](bool complete) { add(complete ? u"complete" : u"cancelled"); });
     }
@@ -57,139 +59,132 @@ class tst_DicomVolumeLoader : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void slicesComeOneByOne();
-    void failures();
-    void cancelledInBetween();
-    void cancelledFromASlot();
-    void restartedFromASlot();
-    void destroyedWhileItRuns();
-};
-
-void tst_DicomVolumeLoader::slicesComeOneByOne()
-{
-    DicomFixture files;
-    for (int i = 1; i <= 3; ++i) {
-        files.addSlice(i, i, {{"G0008-0060", "MR"}});
-    }
-    DicomVolumeLoader loader;
-    const Log log(loader);
-    loader.start(files.onlySeries());
-    QVERIFY(loader.isRunning());
-    QVERIFY(!loader.series());
-    QTRY_VERIFY(!loader.isRunning());
-    QCOMPARE(log.text(),
-        QStringLiteral("prepared\n"
-                       "window\nslice 1 holds 200\n1 of 3\n"
-                       "slice 0 holds 100\n2 of 3\n"
-                       "slice 2 holds 300\n3 of 3\n"
-                       "complete"));
-}
-
-void tst_DicomVolumeLoader::failures()
-{
-    DicomFixture files;
-    for (int i = 1; i <= 2; ++i) {
-        files.addSlice(i, i);
-    }
-    const auto series = files.onlySeries();
-    const QByteArray whole = files.read("1.dcm");
-    files.addText("1.dcm", whole.left(whole.size() - 8));
-    DicomVolumeLoader loader;
+    void slicesComeOneByOne()
     {
+        DicomFixture files;
+        for (int i = 1; i <= 3; ++i) {
+            files.addSlice(i, i, {{"G0008-0060", "MR"}});
+        }
+        DicomVolumeLoader loader;
+        const Log log(loader);
+        loader.start(files.onlySeries());
+        QVERIFY(loader.isRunning());
+        QVERIFY(!loader.series());
+        QTRY_VERIFY(!loader.isRunning());
+        QCOMPARE(log.text(),
+            u"prepared\n"
+            "window\nslice 1 holds 200\n1 of 3\n"
+            "slice 0 holds 100\n2 of 3\n"
+            "slice 2 holds 300\n3 of 3\n"
+            "complete"_s);
+    }
+
+    void failures()
+    {
+        DicomFixture files;
+        for (int i = 1; i <= 2; ++i) {
+            files.addSlice(i, i);
+        }
+        const auto series = files.onlySeries();
+        const QByteArray whole = files.read("1.dcm");
+        files.addText("1.dcm", whole.left(whole.size() - 8));
+        DicomVolumeLoader loader;
+        {
+            const Log log(loader);
+            loader.start(series);
+            QTRY_VERIFY(!loader.isRunning());
+            QCOMPARE(log.text(),
+                u"prepared\n"
+                "slice 1 holds 200\n1 of 2\n"
+                "slice 0 failed: 1.dcm: Premature end of file while reading "
+                "PixelData.\n2 of 2\n"
+                "complete"_s);
+            QCOMPARE(loader.remarks().size(), 1);
+            QCOMPARE(loader.series()->volume(0)->value(0, 0, 0), 200.0);
+        }
+        std::filesystem::remove(files.path("1.dcm"));
+        std::filesystem::remove(files.path("2.dcm"));
         const Log log(loader);
         loader.start(series);
         QTRY_VERIFY(!loader.isRunning());
-        QCOMPARE(log.text(),
-            QStringLiteral("prepared\n"
-                           "slice 1 holds 200\n1 of 2\n"
-                           "slice 0 failed: 1.dcm: Premature end of file while reading "
-                           "PixelData.\n2 of 2\n"
-                           "complete"));
-        QCOMPARE(loader.remarks().size(), 1);
-        QCOMPARE(loader.series()->volume(0)->value(0, 0, 0), 200.0);
+        QVERIFY2(log.text().startsWith(u"failed: "), qPrintable(log.text()));
+        QVERIFY(!log.text().contains(u'\n'));
     }
-    std::filesystem::remove(files.path("1.dcm"));
-    std::filesystem::remove(files.path("2.dcm"));
-    const Log log(loader);
-    loader.start(series);
-    QTRY_VERIFY(!loader.isRunning());
-    QVERIFY2(log.text().startsWith(u"failed: "), qPrintable(log.text()));
-    QVERIFY(!log.text().contains(u'\n'));
-}
 
-void tst_DicomVolumeLoader::cancelledInBetween()
-{
-    DicomFixture files;
-    for (int i = 1; i <= 60; ++i) { // more than fit on the way
-        files.addSlice(i, i);
-    }
-    DicomVolumeLoader loader;
-    const Log log(loader);
-    loader.start(files.onlySeries());
-    loader.cancel();
-    QTRY_VERIFY(!loader.isRunning());
-    QCOMPARE(log.last(), QStringLiteral("cancelled"));
-}
-
-void tst_DicomVolumeLoader::cancelledFromASlot()
-{
-    DicomFixture files;
-    for (int i = 1; i <= 60; ++i) {
-        files.addSlice(i, i);
-    }
-    DicomVolumeLoader loader;
-    QSignalSpy loaded(&loader, &DicomVolumeLoader::sliceLoaded);
-    QSignalSpy finished(&loader, &DicomVolumeLoader::finished);
-    QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, this, [&] { loader.cancel(); });
-    loader.start(files.onlySeries());
-    QTRY_COMPARE(finished.count(), 1);
-    QCOMPARE(loaded.count(), 1);
-    QCOMPARE(finished.first().first().toBool(), false);
-}
-
-void tst_DicomVolumeLoader::restartedFromASlot()
-{
-    DicomFixture first;
-    DicomFixture second;
-    for (int i = 1; i <= 60; ++i) {
-        first.addSlice(i, i);
-    }
-    second.addSlice(7, 0);
-    const auto other = second.onlySeries();
-    DicomVolumeLoader loader;
-    QSignalSpy finished(&loader, &DicomVolumeLoader::finished);
-    bool isRestarted = false;
-    QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, this, [&] {
-        if (!std::exchange(isRestarted, true)) {
-            loader.start(other);
-        }
-    });
-    loader.start(first.onlySeries());
-    QTRY_VERIFY(!loader.isRunning());
-    QCoreApplication::processEvents();
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(finished.first().first().toBool(), true);
-    QCOMPARE(loader.series()->volume(0)->value(0, 0, 0), 700.0);
-}
-
-void tst_DicomVolumeLoader::destroyedWhileItRuns()
-{
-    DicomFixture files;
-    for (int i = 1; i <= 60; ++i) {
-        files.addSlice(i, i);
-    }
-    const auto series = files.onlySeries();
-    McHandle<KxImageSeries> volumes;
+    void cancelledInBetween()
     {
+        DicomFixture files;
+        for (int i = 1; i <= 60; ++i) { // more than fit on the way
+            files.addSlice(i, i);
+        }
         DicomVolumeLoader loader;
-        QSignalSpy prepared(&loader, &DicomVolumeLoader::prepared);
-        loader.start(series);
-        QTRY_COMPARE(prepared.count(), 1);
-        volumes = loader.series();
+        const Log log(loader);
+        loader.start(files.onlySeries());
+        loader.cancel();
+        QTRY_VERIFY(!loader.isRunning());
+        QCOMPARE(log.last(), u"cancelled"_s);
     }
-    QCoreApplication::processEvents();
-    QCOMPARE(volumes->volume(0)->dimensions()[2], 60); // whoever holds the volumes keeps them
-}
+
+    void cancelledFromASlot()
+    {
+        DicomFixture files;
+        for (int i = 1; i <= 60; ++i) {
+            files.addSlice(i, i);
+        }
+        DicomVolumeLoader loader;
+        QSignalSpy loaded(&loader, &DicomVolumeLoader::sliceLoaded);
+        QSignalSpy finished(&loader, &DicomVolumeLoader::finished);
+        QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, this, [&] { loader.cancel(); });
+        loader.start(files.onlySeries());
+        QTRY_COMPARE(finished.count(), 1);
+        QCOMPARE(loaded.count(), 1);
+        QCOMPARE(finished.first().first().toBool(), false);
+    }
+
+    void restartedFromASlot()
+    {
+        DicomFixture first;
+        DicomFixture second;
+        for (int i = 1; i <= 60; ++i) {
+            first.addSlice(i, i);
+        }
+        second.addSlice(7, 0);
+        const auto other = second.onlySeries();
+        DicomVolumeLoader loader;
+        QSignalSpy finished(&loader, &DicomVolumeLoader::finished);
+        bool isRestarted = false;
+        QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, this, [&] {
+            if (!std::exchange(isRestarted, true)) {
+                loader.start(other);
+            }
+        });
+        loader.start(first.onlySeries());
+        QTRY_VERIFY(!loader.isRunning());
+        QCoreApplication::processEvents();
+        QCOMPARE(finished.count(), 1);
+        QCOMPARE(finished.first().first().toBool(), true);
+        QCOMPARE(loader.series()->volume(0)->value(0, 0, 0), 700.0);
+    }
+
+    void destroyedWhileItRuns()
+    {
+        DicomFixture files;
+        for (int i = 1; i <= 60; ++i) {
+            files.addSlice(i, i);
+        }
+        const auto series = files.onlySeries();
+        McHandle<KxImageSeries> volumes;
+        {
+            DicomVolumeLoader loader;
+            QSignalSpy prepared(&loader, &DicomVolumeLoader::prepared);
+            loader.start(series);
+            QTRY_COMPARE(prepared.count(), 1);
+            volumes = loader.series();
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(volumes->volume(0)->dimensions()[2], 60); // whoever holds the volumes keeps them
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_DicomVolumeLoader)
 #include "tst_DicomVolumeLoader.moc"

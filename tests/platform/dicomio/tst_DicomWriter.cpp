@@ -2,87 +2,70 @@
 
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/dicomio/DicomWriter.h"
+#include "tests/support/Rows.h"
 
 #include <QTest>
 
 #include <filesystem>
+
+using namespace Qt::StringLiterals;
 
 class tst_DicomWriter : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameInputSameBytes();
-    void formOfTheFile();
-    void refusals_data();
-    void refusals();
+    void sameInputSameBytes()
+    {
+        DicomFixture files;
+        files.addSlice(1, 0);
+        const QByteArray first = files.read("1.dcm");
+        files.addSlice(1, 0);
+        QVERIFY(!first.isEmpty());
+        QCOMPARE(files.read("1.dcm"), first);
+    }
+
+    void formOfTheFile()
+    {
+        DicomFixture files;
+        const McFilename file = files.addSlice(1, 0);
+        const QByteArray bytes = files.read("1.dcm");
+        const McHandle<HxParamBundle> header = DicomHeaderReader::readHeader(file);
+        QCOMPARE(bytes.mid(128, 4), QByteArray("DICM"));
+        QCOMPARE(header->find("G0002-0010"), std::string("1.2.840.10008.1.2.1"));
+        QCOMPARE(header->find("G0002-0003"), header->find("G0008-0018"));
+        QCOMPARE(header->find("G0008-0005"), std::string("ISO_IR 192"));
+        const auto pixels = DicomFixture::ramp(100);
+        QCOMPARE(bytes.right(24), QByteArray(reinterpret_cast<const char *>(pixels.data()), 24));
+        // Element, type "OW", two reserved bytes, length.
+        QCOMPARE(bytes.mid(bytes.size() - 36, 12), QByteArray::fromHex("e07f10004f57000018000000"));
+    }
+
+    void refusals_data()
+    {
+        const Rows<QString, QString, QString, QString> row("attribute", "value", "folder", "error");
+        row("no instance", "G0008-0018", "", ".", "The attribute G0008-0018 is missing.");
+        row("no series", "G0020-000E", "", ".", "The attribute G0020-000E is missing.");
+        row("not an attribute", "PatientName", "x", ".", "\"PatientName\" names no attribute.");
+        row("no such folder", "G0008-0008", "x", "absent", "*");
+    }
+
+    void refusals()
+    {
+        QFETCH(const QString, attribute);
+        QFETCH(const QString, value);
+        QFETCH(const QString, folder);
+        QFETCH(const QString, error);
+        DicomFixture files;
+        const QByteArray name = attribute.toUtf8();
+        const McHandle<HxParamBundle> attributes
+            = DicomFixture::attributes(1, {{name.constData(), value.toStdString()}});
+        const McFilename file = files.path(folder.toStdString()) / "x.dcm";
+        const QString told = QString::fromStdString(DicomWriter::write(file, *attributes, {}));
+        QVERIFY2(error == u"*"_s ? !told.isEmpty() : told == error, qPrintable(told));
+        QVERIFY(!std::filesystem::exists(file));
+    }
 };
-
-void tst_DicomWriter::sameInputSameBytes()
-{
-    DicomFixture files;
-    files.addSlice(1, 0);
-    const QByteArray first = files.read("1.dcm");
-    files.addSlice(1, 0);
-    QVERIFY(!first.isEmpty());
-    QCOMPARE(files.read("1.dcm"), first);
-}
-
-void tst_DicomWriter::formOfTheFile()
-{
-    DicomFixture files;
-    const McFilename file = files.addSlice(1, 0);
-    const QByteArray bytes = files.read("1.dcm");
-    const McHandle<HxParamBundle> header = DicomHeaderReader::readHeader(file);
-    QCOMPARE(bytes.mid(128, 4), QByteArray("DICM"));
-    QCOMPARE(header->find("G0002-0010"), std::string("1.2.840.10008.1.2.1"));
-    QCOMPARE(header->find("G0002-0003"), header->find("G0008-0018"));
-    QCOMPARE(header->find("G0008-0005"), std::string("ISO_IR 192"));
-    const auto pixels = DicomFixture::ramp(100);
-    QCOMPARE(bytes.right(24), QByteArray(reinterpret_cast<const char *>(pixels.data()), 24));
-    // Element, type "OW", two reserved bytes, length.
-    QCOMPARE(bytes.mid(bytes.size() - 36, 12), QByteArray::fromHex("e07f10004f57000018000000"));
-}
-
-void tst_DicomWriter::refusals_data()
-{
-    QTest::addColumn<QString>("attribute");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("no instance") << "G0008-0018"
-                                 << ""
-                                 << "."
-                                 << "The attribute G0008-0018 is missing.";
-    QTest::newRow("no series") << "G0020-000E"
-                               << ""
-                               << "."
-                               << "The attribute G0020-000E is missing.";
-    QTest::newRow("not an attribute") << "PatientName"
-                                      << "x"
-                                      << "."
-                                      << "\"PatientName\" names no attribute.";
-    QTest::newRow("no such folder") << "G0008-0008"
-                                    << "x"
-                                    << "absent"
-                                    << "*";
-}
-
-void tst_DicomWriter::refusals()
-{
-    QFETCH(const QString, attribute);
-    QFETCH(const QString, value);
-    QFETCH(const QString, folder);
-    QFETCH(const QString, error);
-    DicomFixture files;
-    const QByteArray name = attribute.toUtf8();
-    const McHandle<HxParamBundle> attributes
-        = DicomFixture::attributes(1, {{name.constData(), value.toStdString()}});
-    const McFilename file = files.path(folder.toStdString()) / "x.dcm";
-    const QString told = QString::fromStdString(DicomWriter::write(file, *attributes, {}));
-    QVERIFY2(error == QStringLiteral("*") ? !told.isEmpty() : told == error, qPrintable(told));
-    QVERIFY(!std::filesystem::exists(file));
-}
 
 QTEST_APPLESS_MAIN(tst_DicomWriter)
 #include "tst_DicomWriter.moc"

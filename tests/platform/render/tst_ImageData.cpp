@@ -1,6 +1,7 @@
 #include "platform/render/KxImageSeries.h"
 #include "platform/render/KxMsg.h"
 #include "platform/render/KxSlice.h"
+#include "tests/support/Rows.h"
 
 #include <QTest>
 
@@ -15,14 +16,11 @@ class tst_ImageData : public QObject
 private Q_SLOTS:
     void voxels_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("components");
-        QTest::addColumn<QByteArray>("lastTwo");
-        QTest::addColumn<double>("last");
-        QTest::newRow("bytes") << 0 << 1 << QByteArray::fromHex("01ff") << 255.0;
-        QTest::newRow("colours") << 0 << 3 << QByteArray::fromHex("0180") << 128.0;
-        QTest::newRow("shorts") << 1 << 1 << QByteArray::fromHex("010018fc") << -1000.0;
-        QTest::newRow("floats") << 2 << 2 << QByteArray::fromHex("00000000000040c0") << -3.0;
+        const Rows<int, int, QByteArray, double> row("type", "components", "lastTwo", "last");
+        row("bytes", 0, 1, QByteArray::fromHex("01ff"), 255.0);
+        row("colours", 0, 3, QByteArray::fromHex("0180"), 128.0);
+        row("shorts", 1, 1, QByteArray::fromHex("010018fc"), -1000.0);
+        row("floats", 2, 2, QByteArray::fromHex("00000000000040c0"), -3.0);
     }
 
     void voxels()

@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QEvent::Type watchedType = QEvent::User;
@@ -26,7 +28,7 @@ public:
         if (event->type() != watchedType) {
             return false;
         }
-        m_events.append(m_name + QLatin1Char('>') + receiver->objectName());
+        m_events.append(m_name + u'>' + receiver->objectName());
         return action && action();
     }
 
@@ -43,14 +45,14 @@ public:
     explicit Receiver(QStringList &events)
         : m_events(events)
     {
-        setObjectName(QStringLiteral("object"));
+        setObjectName(u"object"_s);
     }
     bool event(QEvent *event) override
     {
         if (event->type() != watchedType) {
             return QObject::event(event);
         }
-        m_events.append(QStringLiteral("object"));
+        m_events.append(u"object"_s);
         return true;
     }
 
@@ -69,7 +71,7 @@ QString runHooks()
     const auto send = [&] {
         QEvent event(watchedType);
         QCoreApplication::sendEvent(receiver.get(), &event);
-        events.append(QStringLiteral("|"));
+        events.append(u"|"_s);
     };
     send();
     QxApplication::installHookNotify(first.get());
@@ -92,12 +94,11 @@ QString runHooks()
     first.reset();
     receiver = std::make_unique<Receiver>(events);
     send();
-    return events.join(QLatin1Char(' '));
+    return events.join(u' ');
 }
 
-const QString expectedRun
-    = QStringLiteral("object | first>object second>object object | first>object | "
-                     "first>object object | first>object | object |");
+const QString expectedRun = u"object | first>object second>object object | first>object | "
+                            "first>object object | first>object | object |"_s;
 
 } // namespace
 
@@ -106,41 +107,37 @@ class tst_QxApplication : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void hooks();
-    void hooksUnderAnotherApplicationClass();
-    void eventsOfOtherThreadsPassBy();
+    void hooks()
+    {
+        QVERIFY(qobject_cast<QxApplication *>(qApp));
+        QCOMPARE(runHooks(), expectedRun);
+    }
+
+    void hooksUnderAnotherApplicationClass()
+    {
+        QProcess client;
+        client.start(QCoreApplication::applicationFilePath(), {u"--plain"_s});
+        QVERIFY(client.waitForFinished());
+        QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expectedRun);
+    }
+
+    void eventsOfOtherThreadsPassBy()
+    {
+        QStringList events;
+        RecordingHook hook("hook", events);
+        QxApplication::installHookNotify(&hook);
+        Receiver receiver(events);
+        QThread thread;
+        receiver.moveToThread(&thread);
+        QCoreApplication::postEvent(&receiver, new QEvent(watchedType));
+        thread.start();
+        // Leaves the loop of the thread after the event posted before.
+        QMetaObject::invokeMethod(
+            &receiver, [&thread] { thread.quit(); }, Qt::QueuedConnection);
+        QVERIFY(thread.wait());
+        QCOMPARE(events, QStringList{u"object"_s});
+    }
 };
-
-void tst_QxApplication::hooks()
-{
-    QVERIFY(qobject_cast<QxApplication *>(qApp));
-    QCOMPARE(runHooks(), expectedRun);
-}
-
-void tst_QxApplication::hooksUnderAnotherApplicationClass()
-{
-    QProcess client;
-    client.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--plain")});
-    QVERIFY(client.waitForFinished());
-    QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expectedRun);
-}
-
-void tst_QxApplication::eventsOfOtherThreadsPassBy()
-{
-    QStringList events;
-    RecordingHook hook("hook", events);
-    QxApplication::installHookNotify(&hook);
-    Receiver receiver(events);
-    QThread thread;
-    receiver.moveToThread(&thread);
-    QCoreApplication::postEvent(&receiver, new QEvent(watchedType));
-    thread.start();
-    // Leaves the loop of the thread after the event posted before.
-    QMetaObject::invokeMethod(
-        &receiver, [&thread] { thread.quit(); }, Qt::QueuedConnection);
-    QVERIFY(thread.wait());
-    QCOMPARE(events, QStringList{QStringLiteral("object")});
-}
 
 int main(int argc, char *argv[])
 {

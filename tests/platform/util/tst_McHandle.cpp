@@ -49,58 +49,54 @@ class tst_McHandle : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void oneCountThroughAllBases();
-    void destructorSeesTheHandleEmpty();
-    void releasedInManyThreads();
+    void oneCountThroughAllBases()
+    {
+        McHandle<Diamond> whole(new Diamond);
+        McHandle<Left> left = whole;
+        McHandle<Right> right(whole.get());
+        QCOMPARE(whole->references(), 3);
+
+        McHandle<Left> moved = std::move(left);
+        QVERIFY(!left);
+        left = moved;
+        left = left.get();
+        QCOMPARE(whole->references(), 4);
+
+        whole = nullptr;
+        left.reset();
+        moved.reset();
+        QCOMPARE(alive.load(), 1);
+        right.reset();
+        QCOMPARE(alive.load(), 0);
+    }
+
+    void destructorSeesTheHandleEmpty()
+    {
+        McHandle<Plain> holder;
+        holder = new Plain(&holder);
+        holder.reset();
+        QVERIFY(Plain::holderWasEmpty);
+    }
+
+    void releasedInManyThreads()
+    {
+        McHandle<Diamond> first(new Diamond);
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back([handle = first] {
+                for (int n = 0; n < 10000; ++n) {
+                    const McHandle<Left> copy = handle;
+                }
+            });
+        }
+        first.reset();
+        for (std::thread &thread : threads) {
+            thread.join();
+        }
+        threads.clear();
+        QCOMPARE(alive.load(), 0);
+    }
 };
-
-void tst_McHandle::oneCountThroughAllBases()
-{
-    McHandle<Diamond> whole(new Diamond);
-    McHandle<Left> left = whole;
-    McHandle<Right> right(whole.get());
-    QCOMPARE(whole->references(), 3);
-
-    McHandle<Left> moved = std::move(left);
-    QVERIFY(!left);
-    left = moved;
-    left = left.get();
-    QCOMPARE(whole->references(), 4);
-
-    whole = nullptr;
-    left.reset();
-    moved.reset();
-    QCOMPARE(alive.load(), 1);
-    right.reset();
-    QCOMPARE(alive.load(), 0);
-}
-
-void tst_McHandle::destructorSeesTheHandleEmpty()
-{
-    McHandle<Plain> holder;
-    holder = new Plain(&holder);
-    holder.reset();
-    QVERIFY(Plain::holderWasEmpty);
-}
-
-void tst_McHandle::releasedInManyThreads()
-{
-    McHandle<Diamond> first(new Diamond);
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([handle = first] {
-            for (int n = 0; n < 10000; ++n) {
-                const McHandle<Left> copy = handle;
-            }
-        });
-    }
-    first.reset();
-    for (std::thread &thread : threads) {
-        thread.join();
-    }
-    threads.clear();
-    QCOMPARE(alive.load(), 0);
-}
 
 QTEST_APPLESS_MAIN(tst_McHandle)
 #include "tst_McHandle.moc"

@@ -9,31 +9,28 @@ class tst_McLogFile : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void linesArriveInTheFile();
-    void folderThatCannotBeMade();
+    void linesArriveInTheFile()
+    {
+        const QTemporaryDir folder;
+        qputenv("MOVARA_LOG_DIR", folder.path().toUtf8());
+        McLogFile log;
+        log.print("ToolLog", "100 % of {} {0} triggered");
+        log.flush();
+        QFile file(QString::fromStdString(log.fileName()));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        QVERIFY2(text.endsWith(" I [ToolLog] 100 % of {} {0} triggered\n"), text.constData());
+    }
+
+    void folderThatCannotBeMade()
+    {
+        qputenv("MOVARA_LOG_DIR", "/proc/no-such-folder");
+        McLogFile log;
+        QVERIFY(log.fileName().empty());
+        log.print("Tag", "goes nowhere, harms nobody");
+        McLogFile::warnf("%s %d\n", "a warning with a brace {}", 1);
+    }
 };
-
-void tst_McLogFile::linesArriveInTheFile()
-{
-    const QTemporaryDir folder;
-    qputenv("MOVARA_LOG_DIR", folder.path().toUtf8());
-    McLogFile log;
-    log.print("ToolLog", "100 % of {} {0} triggered");
-    log.flush();
-    QFile file(QString::fromStdString(log.fileName()));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray text = file.readAll();
-    QVERIFY2(text.endsWith(" I [ToolLog] 100 % of {} {0} triggered\n"), text.constData());
-}
-
-void tst_McLogFile::folderThatCannotBeMade()
-{
-    qputenv("MOVARA_LOG_DIR", "/proc/no-such-folder");
-    McLogFile log;
-    QVERIFY(log.fileName().empty());
-    log.print("Tag", "goes nowhere, harms nobody");
-    McLogFile::warnf("%s %d\n", "a warning with a brace {}", 1);
-}
 
 QTEST_APPLESS_MAIN(tst_McLogFile)
 #include "tst_McLogFile.moc"
