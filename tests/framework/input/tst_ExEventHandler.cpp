@@ -1,5 +1,6 @@
 #include "framework/dispatch/ExActionHandler.h"
 #include "framework/input/ExEventHandler.h"
+#include "tests/support/Rows.h"
 
 #include <QCursor>
 #include <QMouseEvent>
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -61,12 +63,6 @@ void sendWheel(QObject &object, const QPoint &position, const QPoint &angleDelta
     QCoreApplication::sendEvent(&object, &event);
 }
 
-void sendKey(QObject &object, QEvent::Type type)
-{
-    QKeyEvent event(type, Qt::Key_A, Qt::NoModifier);
-    QCoreApplication::sendEvent(&object, &event);
-}
-
 /// Sends steps such as "P1@10,12": press, release, double click or move ("M0") of a button, wheel
 /// ("W0"); or "K", "k" for pressing and releasing a key. Gives whether the last was consumed.
 bool send(QObject &object, const QString &steps, Qt::KeyboardModifiers modifiers = {})
@@ -77,7 +73,9 @@ bool send(QObject &object, const QString &steps, Qt::KeyboardModifiers modifiers
             step.section(u'@', 1).section(u',', 0, 0).toInt(), step.section(u',', 1).toInt());
         const auto button = static_cast<Qt::MouseButton>(step.section(u'@', 0, 0).mid(1).toInt());
         if (step == u"K" || step == u"k") {
-            sendKey(object, step == u"K" ? QEvent::KeyPress : QEvent::KeyRelease);
+            QKeyEvent event(
+                step == u"K" ? QEvent::KeyPress : QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier);
+            QCoreApplication::sendEvent(&object, &event);
         } else if (step.front() == u'W') {
             sendWheel(object, position, QPoint(0, 120));
         } else {
@@ -109,29 +107,25 @@ private Q_SLOTS:
 
     void gestures_data()
     {
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QString>("events");
-        const auto row = [](const char *name, const QString &steps, const QString &events) {
-            QTest::newRow(name) << steps << events;
-        };
-        row("5 pixels", u"P1@10,10 R1@15,5"_s, u"P1@10,10<-1,-1? C1@10,10<-1,-1"_s);
-        row("6 in x", u"P1@10,10 R1@16,10"_s, u"P1@10,10<-1,-1? R1@16,10<10,10"_s);
-        row("6 in y", u"P1@10,10 R1@10,4"_s, u"P1@10,10<-1,-1? R1@10,4<10,10"_s);
-        row("moved a little, then on", u"M0@3,4 P2@10,10 M0@12,12 R2@12,12 M0@20,20"_s,
-            u"M0@3,4<-1,-1 P2@10,10<3,4? M0@12,12<10,10? C2@10,10<3,4 M0@20,20<10,10"_s);
-        row("moved away and back", u"P1@10,10 M0@16,10 M0@10,10 R1@10,10"_s,
-            u"P1@10,10<-1,-1? M0@16,10<10,10 M0@10,10<16,10 R1@10,10<10,10"_s);
-        row("another button released", u"P1@10,10 R2@10,10 R1@10,10"_s,
-            u"P1@10,10<-1,-1? R2@10,10<10,10 R1@10,10<10,10"_s);
-        row("another button pressed", u"P1@10,10 P2@11,11 R2@11,11 R1@10,10"_s,
-            u"P1@10,10<-1,-1? P2@11,11<10,10? C2@11,11<10,10 R1@10,10<11,11"_s);
-        row("double click and wheel between", u"P1@10,10 D1@30,30 W0@40,40 R1@10,10"_s,
-            u"P1@10,10<-1,-1? D1@30,30<10,10 W0@40,40<30,30 C1@10,10<-1,-1"_s);
-        row("double click alone", u"D1@10,10 R1@10,10"_s, u"D1@10,10<-1,-1 R1@10,10<10,10"_s);
-        row("keys between, at the pointer", u"P1@10,10 K k R1@10,10"_s,
-            u"P1@10,10<-1,-1? P65@77,33<10,10 R65@77,33<77,33 C1@10,10<-1,-1"_s);
-        row("sixth button, with a key's value", u"P32@1,1 P16@2,2 R32@9,9 R16@2,2"_s,
-            u"P16@2,2<-1,-1? C16@2,2<-1,-1"_s);
+        const Rows<QString, QString> row("steps", "events");
+        row("5 pixels", "P1@10,10 R1@15,5", "P1@10,10<-1,-1? C1@10,10<-1,-1");
+        row("6 in x", "P1@10,10 R1@16,10", "P1@10,10<-1,-1? R1@16,10<10,10");
+        row("6 in y", "P1@10,10 R1@10,4", "P1@10,10<-1,-1? R1@10,4<10,10");
+        row("moved a little, then on", "M0@3,4 P2@10,10 M0@12,12 R2@12,12 M0@20,20",
+            "M0@3,4<-1,-1 P2@10,10<3,4? M0@12,12<10,10? C2@10,10<3,4 M0@20,20<10,10");
+        row("moved away and back", "P1@10,10 M0@16,10 M0@10,10 R1@10,10",
+            "P1@10,10<-1,-1? M0@16,10<10,10 M0@10,10<16,10 R1@10,10<10,10");
+        row("another button released", "P1@10,10 R2@10,10 R1@10,10",
+            "P1@10,10<-1,-1? R2@10,10<10,10 R1@10,10<10,10");
+        row("another button pressed", "P1@10,10 P2@11,11 R2@11,11 R1@10,10",
+            "P1@10,10<-1,-1? P2@11,11<10,10? C2@11,11<10,10 R1@10,10<11,11");
+        row("double click and wheel between", "P1@10,10 D1@30,30 W0@40,40 R1@10,10",
+            "P1@10,10<-1,-1? D1@30,30<10,10 W0@40,40<30,30 C1@10,10<-1,-1");
+        row("double click alone", "D1@10,10 R1@10,10", "D1@10,10<-1,-1 R1@10,10<10,10");
+        row("keys between, at the pointer", "P1@10,10 K k R1@10,10",
+            "P1@10,10<-1,-1? P65@77,33<10,10 R65@77,33<77,33 C1@10,10<-1,-1");
+        row("sixth button, with a key's value", "P32@1,1 P16@2,2 R32@9,9 R16@2,2",
+            "P16@2,2<-1,-1? C16@2,2<-1,-1");
     }
 
     void gestures()
@@ -174,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(deltas, QList<int>({-120, 240, 120}));
         QObject noWidget;
         m_handler->connect(&noWidget);
-        sendKey(noWidget, QEvent::KeyPress);
+        send(noWidget, u"K"_s);
         QCOMPARE(text(m_handler->event(&noWidget)), u"P65@-1,-1<-1,-1"_s);
     }
 
@@ -281,45 +275,36 @@ private Q_SLOTS:
 
     void destroyedByAnAction_data()
     {
-        QTest::addColumn<bool>("consumes");
-        QTest::addColumn<QString>("log");
-        const QString both = u"deed P1@1,1<-1,-1?"_s;
-        for (const bool consumes : {false, true}) {
-            const auto row = [consumes](const char *victim, const QString &log) {
-                QTest::addRow("%s%s", victim, consumes ? ", consumed" : "")
-                    << consumes << (consumes ? u"deed"_s : log);
-            };
-            row("widget", both);
-            row("handler", u"deed"_s);
-            row("receiver", both);
-            row("connection", both);
-        }
+        const Rows<QString> row("log");
+        row("widget", "deed P1@1,1<-1,-1?");
+        row("receiver", "deed P1@1,1<-1,-1?");
+        row("connection", "deed P1@1,1<-1,-1?");
+        row("handler", "deed");
     }
 
     void destroyedByAnAction()
     {
-        QFETCH(const bool, consumes);
-        const QLatin1String victim(QTest::currentDataTag());
-        std::unique_ptr<Receiver> destroyer;
-        destroyer = std::make_unique<Receiver>([&, consumes](const ExEvent &) {
-            m_log.append(u"deed"_s);
-            if (victim.startsWith("widget"_L1)) {
-                m_widget.reset();
-            } else if (victim.startsWith("handler"_L1)) {
-                m_handler.reset();
-            } else if (victim.startsWith("receiver"_L1)) {
-                destroyer.reset();
-            } else {
-                m_handler->disconnect(m_widget.get());
-            }
-            return consumes;
-        });
-        m_handler->addAction(m_logger.action(ExSignal::PRESS, 1));
-        m_handler->addAction(destroyer->action(ExSignal::PRESS, 1));
-        send(*m_widget, u"P1@1,1"_s);
-        QTEST(m_log.join(u' '), "log");
-        if (victim.startsWith("connection"_L1)) {
-            QVERIFY(!m_handler->event(m_widget.get()).object);
+        QFETCH(const QString, log);
+        for (const bool consumes : {false, true}) {
+            init();
+            std::unique_ptr<Receiver> destroyer;
+            const std::map<std::string, std::function<void()>> deeds{
+                {"widget", [this] { m_widget.reset(); }},
+                {"handler", [this] { m_handler.reset(); }},
+                {"receiver", [&destroyer] { destroyer.reset(); }},
+                {"connection", [this] { m_handler->disconnect(m_widget.get()); }}};
+            const auto deed = deeds.at(QTest::currentDataTag());
+            destroyer = std::make_unique<Receiver>([this, deed, consumes](const ExEvent &) {
+                m_log.append(u"deed"_s);
+                deed();
+                return consumes;
+            });
+            m_handler->addAction(m_logger.action(ExSignal::PRESS, 1));
+            m_handler->addAction(destroyer->action(ExSignal::PRESS, 1));
+            send(*m_widget, u"P1@1,1"_s);
+            QCOMPARE(m_log.join(u' '), consumes ? u"deed"_s : log);
+            QVERIFY(!m_handler || !m_widget || destroyer == nullptr
+                || !m_handler->event(m_widget.get()).object);
         }
     }
 

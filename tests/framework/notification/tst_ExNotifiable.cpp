@@ -4,7 +4,6 @@
 #include <QTest>
 
 #include <array>
-#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -92,36 +91,6 @@ private Q_SLOTS:
         QCOMPARE(counts(CLEANUP)[0], 2); // On during b: that call and c's.
         ExNotifiable::notify(CLEANUP);
         QCOMPARE(counts(CLEANUP)[0], 3); // Off during b: only a's.
-    }
-
-    void microseconds()
-    {
-        using Clock = std::chrono::steady_clock;
-        const auto since = [](Clock::time_point start) {
-            return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-        };
-        double inside = 0;
-        const Recorder quick(u"quick"_s, m_log, {RIS_ERROR});
-        const Recorder slow(u"slow"_s, m_log, {CLEANUP}, [&](const ExNotification &) {
-            const auto start = Clock::now();
-            do {
-                ExNotifiable::notify(RIS_ERROR);
-                inside = since(start);
-            } while (inside < 5000);
-        });
-        const Recorder after(u"after"_s, m_log, {CLEANUP});
-        PerfMon::setActive(true);
-        const auto start = Clock::now();
-        ExNotifiable::notify(CLEANUP);
-        const double outside = since(start);
-        // Between what was read inside the call and around it, a percent for the clocks' rates.
-        const PerfMon::Reading times = monitor().reading(1, CLEANUP);
-        const auto slowTime = static_cast<double>(times.maximum);
-        QVERIFY2(slowTime >= inside * 0.99 - 1 && slowTime <= outside * 1.01 + 1,
-            qPrintable(u"%1 <= %2 <= %3"_s.arg(inside).arg(slowTime).arg(outside)));
-        const PerfMon::Reading nested = monitor().reading(1, RIS_ERROR);
-        QVERIFY(nested.mean * static_cast<double>(nested.count) <= outside * 1.01 + 1);
-        QVERIFY(times.last <= static_cast<std::int64_t>(outside * 1.01 + 1) - times.maximum);
     }
 
 private:

@@ -37,23 +37,6 @@ private Q_SLOTS:
         QCOMPARE(invalidWithout, QList<int>({-3, -2, 8, 9, 10, 11, 12, 13, 14, 15, 18, 122, 123}));
         QCOMPARE(invalid, QList<int>({-3, -2, 122, 123}));
     }
-
-    void equalInAllFields()
-    {
-        int a = 0;
-        int b = 0;
-        auto *const viewer = reinterpret_cast<ExBaseViewer *>(&a);
-        const auto *const sender = reinterpret_cast<const ExNotifiable *>(&b);
-        const ExNotification whole(ExNotification::CLEANUP, viewer, sender, &a);
-        ExNotification copy = whole;
-        QVERIFY(copy == whole);
-        copy.dataSet(&b);
-        QVERIFY(copy != whole);
-        QVERIFY(ExNotification(ExNotification::CLEANUP, nullptr, sender, &a) != whole);
-        QVERIFY(ExNotification(ExNotification::CLEANUP, viewer, nullptr, &a) != whole);
-        QVERIFY(ExNotification(ExNotification::NONE, viewer, sender, &a) != whole);
-        QVERIFY(ExNotification() == ExNotification(ExNotification::NONE));
-    }
 };
 
 QTEST_APPLESS_MAIN(tst_ExNotification)

@@ -5,6 +5,7 @@
 #include "tests/support/FakeApplication.h"
 #include "tests/support/FakeViewerManager.h"
 #include "tests/support/PrivateSettings.h"
+#include "tests/support/Rows.h"
 
 #include <QMenu>
 #include <QTest>
@@ -54,12 +55,7 @@ private Q_SLOTS:
 
     void commands_data()
     {
-        QTest::addColumn<bool>("activatable");
-        QTest::addColumn<bool>("succeeds");
-        QTest::addColumn<QString>("events");
-        const auto row = [](const char *name, bool activatable, bool succeeds, const char *events) {
-            QTest::newRow(name) << activatable << succeeds << QString::fromUtf8(events);
-        };
+        const Rows<bool, bool, QString> row("activatable", "succeeds", "events");
         row("command", false, true,
             "1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: ");
         row("command that fails", false, false, "0: run|0: run on viewer|1: ");

@@ -77,6 +77,13 @@ McFilename DicomFixture::addSlice(int instance, double z, Changes changes)
     return add(std::to_string(instance) + ".dcm", *bundle, ramp(100 * instance));
 }
 
+void DicomFixture::addStack(int count, Changes changes)
+{
+    for (int i = 1; i <= count; ++i) {
+        addSlice(i, i, changes);
+    }
+}
+
 McFilename DicomFixture::add(const std::string &name, const HxParamBundle &attributes,
     const std::vector<std::int16_t> &pixels)
 {

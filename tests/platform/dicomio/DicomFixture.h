@@ -35,6 +35,8 @@ public:
 
     /// Writes one axial image at height @p z with the pixels of ramp(100 * instance).
     McFilename addSlice(int instance, double z, Changes changes = {});
+    /// Writes images 1 to @p count at heights of their numbers.
+    void addStack(int count, Changes changes = {});
     /// Writes one image; ends the program when that fails.
     McFilename addBytes(const std::string &name, const HxParamBundle &attributes,
         std::span<const std::byte> pixels);
