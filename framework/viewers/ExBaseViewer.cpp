@@ -1,10 +1,29 @@
 #include "framework/viewers/ExBaseViewer.h"
 
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
-ExBaseViewer::ExBaseViewer() = default;
+namespace {
 
-ExBaseViewer::~ExBaseViewer() = default;
+/// All viewers there are. Never destroyed: viewers may live as long as the process.
+std::vector<ExBaseViewer *> &liveViewers()
+{
+    static auto *const viewers = new std::vector<ExBaseViewer *>;
+    return *viewers;
+}
+
+} // namespace
+
+ExBaseViewer::ExBaseViewer()
+{
+    liveViewers().push_back(this);
+}
+
+ExBaseViewer::~ExBaseViewer()
+{
+    std::erase(liveViewers(), this);
+}
 
 Ex::View ExBaseViewer::getViewOrientation(const char *letters)
 {
@@ -49,6 +68,22 @@ void ExBaseViewer::removeModalTool(ExModal *tool)
     if (position >= 0) {
         m_modalTools.remove(position);
     }
+}
+
+void ExBaseViewer::removeModalToolEverywhere(ExModal *tool)
+{
+    // By index: a viewer that lets a tool go may let another viewer go.
+    for (std::size_t i = liveViewers().size(); i-- > 0;) {
+        if (i < liveViewers().size() && liveViewers()[i]->m_modalTools.contains(tool)) {
+            liveViewers()[i]->removeModalTool(tool);
+        }
+    }
+}
+
+bool ExBaseViewer::hasModalToolAnywhere(ExModal *tool)
+{
+    return std::any_of(liveViewers().begin(), liveViewers().end(),
+        [tool](const ExBaseViewer *viewer) { return viewer->modalTools().contains(tool); });
 }
 
 void ExBaseViewer::activated() { }

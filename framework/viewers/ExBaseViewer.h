@@ -74,6 +74,11 @@ public:
     virtual void appendModalTool(ExModal *tool);
     /// Takes a modal tool out. Unknown ones are ignored.
     virtual void removeModalTool(ExModal *tool);
+    /// Takes a modal tool out of all viewers that there are, whether the viewer manager holds them
+    /// or not. The tool itself is not touched.
+    static void removeModalToolEverywhere(ExModal *tool);
+    /// Whether the tool is among the modal tools of any viewer.
+    [[nodiscard]] static bool hasModalToolAnywhere(ExModal *tool);
 
     // What the viewer manager and the screens call.
 

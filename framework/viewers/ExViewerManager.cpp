@@ -2,6 +2,7 @@
 
 #include "framework/notification/ExNotifiable.h"
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ExModal.h"
 #include "framework/viewers/ExBaseViewer.h"
 #include "framework/viewers/ExScreen.h"
 #include "platform/render/KxEngine.h"
@@ -116,6 +117,7 @@ void ExViewerManager::addViewer(ExBaseViewer *viewer, const McBox2f &box, bool p
         widget->setObjectName(nextRenderWidgetName(d->viewers));
     }
     d->viewers.append(handle);
+    ExModal::joinViewer(viewer);
 }
 
 void ExViewerManager::removeViewer(ExBaseViewer *viewer)

@@ -41,7 +41,8 @@ public:
     void sortViewers(const LessThan &isLess);
 
     /// Adds a viewer at the end and holds it. Its render widget gets an object name of the form
-    /// "RenderWidget_%1" with the number after the highest in use. Null is ignored.
+    /// "RenderWidget_%1" with the number after the highest in use. The active modal tools begin to
+    /// work on it. Null is ignored.
     /// @param box where it is placed on its screen, in normalized coordinates.
     /// @param place whether it is placed there now.
     void addViewer(ExBaseViewer *viewer, const McBox2f &box, bool place);

@@ -1,0 +1,20 @@
+#include "framework/tools/ExShapeTool.h"
+
+ExShapeTool::ExShapeTool(const char *name, int state, bool exclusive)
+    : ExModal(name, state, exclusive)
+{ }
+
+ExShapeTool::~ExShapeTool() = default;
+
+bool ExShapeTool::pick(
+    ExBaseViewer *viewer, int x, int y, float &distance, Kx::ButtonState /*state*/)
+{
+    return pickShape(viewer, x, y, distance);
+}
+
+void ExShapeTool::registerContextMenu(const ExBaseViewer * /*viewer*/) { }
+
+bool ExShapeTool::pickShape(ExBaseViewer * /*viewer*/, int /*x*/, int /*y*/, float & /*distance*/)
+{
+    return false;
+}

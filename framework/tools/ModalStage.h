@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/util/McHandle.h"
+
+#include <memory>
+#include <vector>
+
+class ExBaseViewer;
+class ExModal;
+class ExNotifiable;
+
+/// The modal tools at work, in the order of their activation, those that wait for an active viewer,
+/// and what becomes of them when viewers come and change. One for the process, never destroyed.
+/// Knows the tools by plain pointer; they leave before they go. GUI thread only.
+class ModalStage
+{
+public:
+    static ModalStage &instance();
+    /// The active viewer; null without one or without a viewer manager.
+    static McHandle<ExBaseViewer> activeViewer();
+
+    /// Of every modal tool, when it comes and goes.
+    void toolMade();
+    void toolGone(ExModal *tool);
+
+    [[nodiscard]] bool isAtWork(const ExModal *tool) const;
+    /// Puts a tool to work on all viewers that it supports.
+    void enter(ExModal *tool);
+    /// Has the tool begin as soon as there is an active viewer.
+    void wait(ExModal *tool);
+    /// The tool leaves all viewers, and works and waits no more. Gives whether it was at work.
+    bool leave(ExModal *tool);
+    /// Puts the tools at work on a viewer that is on show; those that do not support it any more
+    /// leave it.
+    void join(ExBaseViewer *viewer);
+    /// Has those that wait begin, when there is an active viewer.
+    void beginWaiting();
+
+private:
+    ModalStage() = default;
+
+    void place(ExModal *tool, ExBaseViewer &viewer);
+    void retireDisplaced();
+
+    std::vector<ExModal *> m_atWork;
+    std::vector<ExModal *> m_waiting;
+    /// Tools that had to leave a viewer, and may have none left.
+    std::vector<ExModal *> m_displaced;
+    /// Subscribes anew with the first tool, as every tool does that is made after the dispatcher
+    /// has let all subscribers go.
+    std::unique_ptr<ExNotifiable> m_watch;
+    int m_numTools = 0;
+};
