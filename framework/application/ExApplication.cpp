@@ -1,6 +1,7 @@
 #include "framework/application/ExApplication.h"
 
 #include "framework/application/ExApplicationPrivate.h"
+#include "framework/notification/ExNotifiable.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "platform/properties/KxTranslationProperty.h"
 #include "platform/render/Kx.h"
@@ -47,6 +48,13 @@ std::vector<std::string> styleNames()
     return names;
 }
 
+/// Settings tell their listeners of a change; the bus tells everybody else.
+void publishChange(KxVariant &property)
+{
+    ExNotifiable::notify(
+        ExNotification(ExNotification::PROPERTY_CHANGED, nullptr, nullptr, &property));
+}
+
 } // namespace
 
 ExApplication::ExWorker::~ExWorker() = default;
@@ -58,11 +66,13 @@ ExApplication::ExApplication()
     KxProperty<QString> &style = styleProperty();
     style.setAttribute(KxPropertyPool::ATTRIBUTE_FLAG_LIST, names);
     style.connectPropertyChangedSignal(d.get(), SLOT(slotColorSchemeChanged()));
+    d->previousHook = KxPropertyPool::setPropagationHook(publishChange);
     sInstance = this;
 }
 
 ExApplication::~ExApplication()
 {
+    KxPropertyPool::setPropagationHook(d->previousHook);
     d->webServiceServer = nullptr;
     d.reset();
     sInstance = nullptr;

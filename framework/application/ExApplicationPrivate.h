@@ -3,6 +3,7 @@
 #include "framework/application/ExApplication.h"
 // The application object hands out the study-load helper and so holds it.
 #include "framework/loading/ExLoadHelper.h"
+#include "platform/properties/KxPropertyPool.h"
 
 #include <QObject>
 
@@ -16,6 +17,8 @@ public:
     std::list<ExWorker *> runningProcesses;
     ExLoadHelper loadHelper;
     Zel::KxWebServiceServer *webServiceServer = nullptr;
+    /// What told of changed settings before.
+    KxPropertyPool::PropagationHook previousHook;
 
 public Q_SLOTS:
     /// Shows the help for the topic of the action that sent the signal.

@@ -1,0 +1,47 @@
+#include "framework/monitors/ExMainWindow.h"
+
+#include "framework/monitors/ExMonitorManager.h"
+#include "platform/rights/UserFunctionPermissions.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+
+#include <memory>
+
+ExMainWindow::ExMainWindow(QWidget *parent)
+    : QMainWindow(parent, Qt::Widget)
+{ }
+
+QMenu *ExMainWindow::createPopupMenu()
+{
+    auto menu = std::make_unique<QMenu>(this);
+    ExMonitorWidget *const monitorWidget = ExMonitorWidget::parentWidget(this);
+    const bool allowed
+        = Zel::UserFunctionPermissions::instance().haveToolPermission("View.ShowToolBars", true);
+    if (monitorWidget == nullptr || !allowed) {
+        return menu.release();
+    }
+    ExMonitorManager &manager = ExMonitorManager::instance();
+    QAction *const showAll = menu->addAction(tr("Show All"));
+    showAll->setCheckable(true);
+    showAll->setChecked(!manager.areToolBarsHidden(monitorWidget));
+    connect(showAll, &QAction::triggered, monitorWidget, &ExMonitorWidget::toggleToolBars);
+
+    QAction *const synchronize = menu->addAction(tr("Synchronize with other monitors"));
+    synchronize->setData(QVariant::fromValue(manager.monitors(monitorWidget)));
+    connect(synchronize, &QAction::triggered, monitorWidget, &ExMonitorWidget::synchronizeToolBars);
+    return menu.release();
+}
+
+void ExMainWindow::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->ignore();
+    const std::unique_ptr<QMenu> menu(createPopupMenu());
+    if (menu == nullptr || menu->isEmpty()) {
+        return;
+    }
+    menu->move(event->globalPos());
+    menu->exec(event->globalPos());
+    event->accept();
+}
