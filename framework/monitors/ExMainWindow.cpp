@@ -10,8 +10,11 @@
 #include <memory>
 
 ExMainWindow::ExMainWindow(QWidget *parent)
-    : QMainWindow(parent, Qt::Widget)
-{ }
+    : QMainWindow(parent)
+{
+    // A main window makes itself a window of its own; this one is part of the monitor's.
+    setWindowFlags(Qt::Widget);
+}
 
 QMenu *ExMainWindow::createPopupMenu()
 {

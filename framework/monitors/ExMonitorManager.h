@@ -115,6 +115,9 @@ public:
     /// monitors that are not there count as the primary one. Windows on screen take the states of
     /// the records; hidden ones stay hidden until setAllWidgetsVisible().
     void applyConfigurations();
+    /// The monitors that a content gets: those of its record that are there, ascending; else the
+    /// primary one; none without any monitor.
+    [[nodiscard]] QList<int> occupiedMonitors(ExMonitorWidget::Content *content) const;
     /// Brings a content to the front in its window.
     void activate(ExMonitorWidget::Content *content);
     /// One checkable action for each content that the widget can bring to the front; owned by the

@@ -179,6 +179,11 @@ ExMonitorWidget *ExMonitorManager::createMonitorWidget()
     return widget;
 }
 
+QList<int> ExMonitorManager::occupiedMonitors(Content *content) const
+{
+    return d->usableMonitors(configuration(content));
+}
+
 void ExMonitorManager::activate(Content *content)
 {
     if (ExMonitorWidget *const widget = monitorWidget(content)) {
@@ -268,7 +273,7 @@ QList<int> ExMonitorManager::monitors(ExMonitorWidget *widget) const
 {
     QList<int> occupied;
     for (Content *const content : contents(widget)) {
-        for (const int monitor : d->usableMonitors(configuration(content))) {
+        for (const int monitor : occupiedMonitors(content)) {
             if (!occupied.contains(monitor)) {
                 occupied.append(monitor);
             }

@@ -68,6 +68,8 @@ public:
 
         /// The widget to show on a monitor, always the same one for the same arguments; the main
         /// window that shows it becomes its parent. Null for nothing there, as in the base.
+        /// @param configuration the record with the monitors that are there. @param monitor one of
+        /// them; -1 when there is none at all.
         [[nodiscard]] virtual QWidget *widgetForMonitor(
             const Configuration &configuration, int monitor);
         /// The content's placement has been set. The base does nothing.

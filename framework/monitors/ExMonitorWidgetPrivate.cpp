@@ -1,5 +1,6 @@
 #include "framework/monitors/ExMonitorWidgetPrivate.h"
 
+#include "framework/application/ExApplication.h"
 #include "framework/monitors/ExMainWindow.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorLayout.h"
@@ -81,6 +82,9 @@ void ExMonitorWidgetPrivate::build()
     QObject::connect(
         addOn->mNormal, &QPushButton::clicked, &widget, &ExMonitorWidget::restoreWidget);
     QObject::connect(addOn->mClose, &QPushButton::clicked, &widget, &ExMonitorWidget::closeWidget);
+    if (ExApplication::hasInstance()) {
+        ExApplication::instance().menuBarAddOnCreated(addOn);
+    }
 }
 
 void ExMonitorWidgetPrivate::command(MonitorWindowSystem::Command command)
@@ -171,8 +175,10 @@ void ExMonitorWidgetPrivate::fillPane(Pane &pane, const QList<Content *> &conten
     pane.releasePages();
     ExMonitorManager &manager = ExMonitorManager::instance();
     for (Content *const content : contents) {
-        QWidget *const page
-            = content->widgetForMonitor(manager.configuration(content), pane.monitor);
+        // Monitors that are not there are left out of what the content is told.
+        ExMonitorWidget::Configuration record = manager.configuration(content);
+        record.monitors = manager.occupiedMonitors(content);
+        QWidget *const page = content->widgetForMonitor(record, pane.monitor);
         if (page != nullptr) {
             pane.stack->addWidget(page);
             pane.pages.append({content, page});
@@ -188,9 +194,8 @@ void ExMonitorWidgetPrivate::placeToolBars(Pane &pane, const QList<Content *> &c
     ExMonitorManager &manager = ExMonitorManager::instance();
     QList<std::pair<Content *, ToolBar>> wanted;
     for (Content *const content : contents) {
-        const QList<int> monitors = manager.configuration(content).monitors;
-        const bool isHere = pane.monitor == monitors.value(0, pane.monitor)
-            || (&pane == &panes.first() && this->pane(monitors.value(0, -1)) == nullptr);
+        const QList<int> monitors = manager.occupiedMonitors(content);
+        const bool isHere = monitors.value(0, pane.monitor) == pane.monitor;
         for (const ToolBar &bar : isHere ? manager.toolBars(content) : QList<ToolBar>()) {
             wanted.append({content, bar});
         }
