@@ -28,6 +28,8 @@ void addOptions(QCommandLineParser &parser)
             QStringLiteral("Starts with this layout: %1.")
                 .arg(LayoutTable::names().join(QStringLiteral(", "))),
             QStringLiteral("name"), QStringLiteral("2x2")},
+        {QStringLiteral("language"), QStringLiteral("Shows all texts in this language: en or de."),
+            QStringLiteral("code")},
         {QStringLiteral("size"), QStringLiteral("Size of the main window, e.g. 1600x1000."),
             QStringLiteral("WxH")},
         {QStringLiteral("screenshot"),
@@ -68,7 +70,10 @@ std::optional<CommandLine::End> CommandLine::parse(
         return mistake(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return End{parser.helpText(), 0};
+        // Without an application object the parser does not know the program's name.
+        return End{parser.helpText().replace(
+                       QLatin1String("<executable_name>"), QLatin1String("movara-workstation")),
+            0};
     }
     if (parser.isSet(QStringLiteral("version"))) {
         return End{
@@ -77,8 +82,14 @@ std::optional<CommandLine::End> CommandLine::parse(
     }
     command.paths = parser.positionalArguments();
     command.layout = parser.value(QStringLiteral("layout"));
+    command.language = parser.value(QStringLiteral("language"));
     command.screenshot = parser.value(QStringLiteral("screenshot"));
     command.benchmark = parser.value(QStringLiteral("benchmark"));
+    const QStringList languages{QString(), QStringLiteral("en"), QStringLiteral("de")};
+    if (!languages.contains(command.language)) {
+        return mistake(QStringLiteral("There is no language \"%1\". Known languages: en, de.")
+                           .arg(command.language));
+    }
     if (LayoutTable::find(command.layout) == nullptr) {
         return mistake(QStringLiteral("There is no layout \"%1\". Known layouts: %2.")
                            .arg(command.layout, LayoutTable::names().join(QStringLiteral(", "))));

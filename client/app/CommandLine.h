@@ -11,6 +11,7 @@ struct CommandLine
 {
     QStringList paths;
     QString layout = QStringLiteral("2x2");
+    QString language; ///< e.g. "de"; empty for that of the settings
     QString screenshot; ///< file to write; empty for none
     QString benchmark; ///< empty for none
     QSize size; ///< of the main window; not valid for its own

@@ -1,157 +1,118 @@
 #include "client/app/MainMenus.h"
 
-#include "client/app/MainWindow.h"
-#include "client/layout/LayoutTable.h"
-#include "client/links/LinkType.h"
-#include "client/links/LinkedActions.h"
-#include "client/overlay/OverlaySettings.h"
-#include "client/viewers/SliceViewer.h"
-#include "client/viewers/VolumeViewer.h"
-#include "framework/viewers/ExViewerDB.h"
+#include "client/application/WorkstationApplication.h"
+#include "framework/tools/ExActionUI.h"
+#include "framework/tools/ExTool.h"
 
-#include <QActionGroup>
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
+
+namespace MainMenus {
+
 namespace {
 
-QAction *addAction(
-    QMenu &menu, const QString &text, const QString &toolTip, const QKeySequence &shortcut = {})
+constexpr char separator[] = "separator";
+
+struct MenuRow
 {
-    QAction *const action = menu.addAction(text);
-    action->setShortcut(shortcut);
-    action->setToolTip(shortcut.isEmpty() ? toolTip
-                                          : toolTip % QLatin1String(" (")
-                % shortcut.toString(QKeySequence::NativeText) % QLatin1Char(')'));
-    action->setStatusTip(toolTip);
-    return action;
+    const char *title;
+    std::vector<const char *> keys;
+};
+
+const std::vector<MenuRow> &menus()
+{
+    static const std::vector<MenuRow> rows{
+        {QT_TRANSLATE_NOOP("MainMenus", "&File"),
+            {"File.OpenFolder", "File.Close", separator, "File.SaveViewer", "File.SaveWindow",
+                separator, "File.Quit"}},
+        {QT_TRANSLATE_NOOP("MainMenus", "&Edit"), {"Edit.ToolBars", separator, "Edit.Settings"}},
+        {QT_TRANSLATE_NOOP("MainMenus", "&View"),
+            {"Layout.Menu", "View.OneUp", separator, "Plane.Axial", "Plane.Sagittal",
+                "Plane.Coronal", "Plane.Original", separator, "View.Reset", "View.Invert",
+                "View.FlipHorizontal", "View.FlipVertical", separator, "Phase.Previous",
+                "Phase.Next", "Phase.Cine", separator, "View.ReferenceLines", "View.CornerTexts"}},
+        {QT_TRANSLATE_NOOP("MainMenus", "&Link"),
+            {"Link.Attach", separator, "Link.Scrolling", "Link.Zoom", "Link.Pan", "Link.Window",
+                "Link.Phase", "Link.Rotation"}},
+        {QT_TRANSLATE_NOOP("MainMenus", "&Help"),
+            {"Help.Manual", "Help.ShortCuts", separator, "Help.About"}},
+    };
+    return rows;
 }
 
-QMenu *addMenu(MainWindow &window, const QString &title)
+/// Other tools are offered before the help.
+constexpr std::size_t placeOfTools = 4;
+
+QStringList toStrings(const std::vector<const char *> &keys)
 {
-    QMenu *const menu = window.menuBar()->addMenu(title);
-    menu->setToolTipsVisible(true);
-    return menu;
+    QStringList strings;
+    for (const char *key : keys) {
+        strings += QString::fromLatin1(key);
+    }
+    return strings;
 }
 
-QAction *addToggle(
-    QMenu &menu, const QString &text, const QString &toolTip, bool isOn, void (*set)(bool))
+bool isPlaced(const std::string &key)
 {
-    QAction *const action = addAction(menu, text, toolTip);
-    action->setCheckable(true);
-    action->setChecked(isOn);
-    QObject::connect(action, &QAction::toggled, action, [set](bool on) { set(on); });
-    return action;
+    return key.rfind("Layout.", 0) == 0 // In a menu of their own.
+        || std::any_of(menus().begin(), menus().end(), [&key](const MenuRow &row) {
+               return std::find(row.keys.begin(), row.keys.end(), key) != row.keys.end();
+           });
 }
 
-QString tr(const char *text)
+/// By category, with lines between the categories.
+QStringList otherKeys()
 {
-    return QCoreApplication::translate("MainMenus", text);
+    std::vector<std::string> all;
+    ExTool::getDecorationKeyList(all, false);
+    std::erase_if(all,
+        [](const std::string &key) { return isPlaced(key) || !ExTool::isMenuTool(key.c_str()); });
+    const auto category = [](const std::string &key) {
+        return WorkstationApplication::instance().decoration(key.c_str())->category(key.c_str());
+    };
+    std::stable_sort(all.begin(), all.end(),
+        [&](const std::string &a, const std::string &b) { return category(a) < category(b); });
+    QStringList keys;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (i > 0 && category(all[i]) != category(all[i - 1])) {
+            keys += QLatin1String(separator);
+        }
+        keys += QString::fromStdString(all[i]);
+    }
+    return keys;
+}
+
+void addMenu(QMenuBar &bar, const char *title, const QStringList &keys)
+{
+    QMenu *const menu
+        = ExActionUI::createMenu(QCoreApplication::translate("MainMenus", title), keys, &bar);
+    if (menu != nullptr) {
+        menu->setToolTipsVisible(true);
+        menu->setSeparatorsCollapsible(true);
+        bar.addMenu(menu);
+    }
 }
 
 } // namespace
 
-void MainMenus::build()
+void build(QMenuBar &bar)
 {
-    buildFileMenu();
-    buildViewMenu();
-    buildLinkMenu();
-    buildHelpMenu();
-}
-
-void MainMenus::buildFileMenu()
-{
-    QMenu &menu = *addMenu(m_window, tr("&File"));
-    QObject::connect(
-        addAction(menu, tr("&Open folder…"),
-            tr("Looks for DICOM files in a folder and its subfolders"), QKeySequence::Open),
-        &QAction::triggered, &m_window, [this_ = &m_window] { this_->askForFolder(); });
-    QObject::connect(addAction(menu, tr("&Close"), tr("Closes all studies"), QKeySequence::Close),
-        &QAction::triggered, &m_window,
-        [this_ = &m_window] { this_->workstation().session().close(); });
-    menu.addSeparator();
-    QObject::connect(addAction(menu, tr("&Quit"), tr("Ends the workstation"), QKeySequence::Quit),
-        &QAction::triggered, &m_window, [this_ = &m_window] { this_->close(); });
-}
-
-void MainMenus::buildViewMenu()
-{
-    QMenu &menu = *addMenu(m_window, tr("&View"));
-    auto *const group = new QActionGroup(&m_window);
-    int number = 1;
-    for (const ViewerLayout &layout : LayoutTable::all()) {
-        QAction *const action = addAction(menu, tr("Layout %1").arg(layout.name),
-            layout.description, QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number)));
-        ++number;
-        action->setCheckable(true);
-        action->setData(layout.name);
-        group->addAction(action);
-        QObject::connect(action, &QAction::triggered, &m_window,
-            [this_ = &m_window, name = layout.name] { this_->setLayoutByName(name); });
-    }
-    QObject::connect(&menu, &QMenu::aboutToShow, group, [group, this_ = &m_window] {
-        for (QAction *action : group->actions()) {
-            action->setChecked(
-                action->data().toString() == this_->workstation().layouts().current());
+    for (std::size_t i = 0; i < menus().size(); ++i) {
+        if (i == placeOfTools) {
+            addMenu(bar, QT_TRANSLATE_NOOP("MainMenus", "&Tools"), otherKeys());
         }
-    });
-    menu.addSeparator();
-    QObject::connect(
-        addAction(menu, tr("&Full screen viewer"),
-            tr("Shows the active viewer alone, or all again; also by a double click"), Qt::Key_F),
-        &QAction::triggered, &m_window, [this_ = &m_window] {
-            if (WorkstationViewer *const viewer = this_->workstation().activeViewer()) {
-                this_->workstation().layouts().toggleFullscreen(*viewer);
-            }
-        });
-    QObject::connect(addAction(menu, tr("&Reset view"),
-                         tr("Shows the whole image in its first window"), Qt::Key_R),
-        &QAction::triggered, &m_window, [this_ = &m_window] {
-            WorkstationViewer *const viewer = this_->workstation().activeViewer();
-            if (auto *const slice = dynamic_cast<SliceViewer *>(viewer)) {
-                LinkedActions::reset(*slice);
-            } else if (auto *const volume = dynamic_cast<VolumeViewer *>(viewer)) {
-                volume->reset();
-            }
-        });
-    menu.addSeparator();
-    addToggle(menu, tr("Reference &lines"), tr("Shows where the other viewers' planes are"),
-        OverlaySettings::referenceLines(), &OverlaySettings::setReferenceLines);
-    addToggle(menu, tr("Corner &texts"), tr("Shows patient, series, position and window"),
-        OverlaySettings::cornerTexts(), &OverlaySettings::setCornerTexts);
-}
-
-void MainMenus::buildLinkMenu()
-{
-    QMenu &menu = *addMenu(m_window, tr("&Link"));
-    for (const LinkType &type : LinkType::all()) {
-        QAction *const action = addAction(menu, type.name(),
-            tr("Attached viewers follow each other in this: %1").arg(type.name()));
-        action->setCheckable(true);
-        action->setChecked(ExViewerDB::groupEnabled(type.group));
-        QObject::connect(action, &QAction::toggled, &m_window,
-            [group = type.group](bool on) { ViewerLinks::setEnabled(group, on); });
+        addMenu(bar, menus()[i].title, toStrings(menus()[i].keys));
     }
-    menu.addSeparator();
-    QAction *const attached = addAction(menu, tr("&Active viewer is attached"),
-        tr("Whether the active viewer follows its linked viewers; also by its badge"));
-    attached->setCheckable(true);
-    QObject::connect(&menu, &QMenu::aboutToShow, attached, [attached, this_ = &m_window] {
-        const WorkstationViewer *const viewer = this_->workstation().activeViewer();
-        attached->setEnabled(viewer != nullptr);
-        attached->setChecked(viewer != nullptr && ViewerLinks::isAttached(*viewer));
-    });
-    QObject::connect(attached, &QAction::triggered, &m_window, [this_ = &m_window](bool on) {
-        if (WorkstationViewer *const viewer = this_->workstation().activeViewer()) {
-            ViewerLinks::setAttached(*viewer, on);
-        }
-    });
 }
 
-void MainMenus::buildHelpMenu()
+QStringList viewerMenuKeys()
 {
-    QMenu &menu = *addMenu(m_window, tr("&Help"));
-    QObject::connect(addAction(menu, tr("&About Movara"), tr("The version of this program")),
-        &QAction::triggered, &m_window, [this_ = &m_window] { this_->showAbout(); });
+    return toStrings({"Plane.Axial", "Plane.Sagittal", "Plane.Coronal", "Plane.Original", separator,
+        "View.OneUp", "View.Reset", separator, "View.Invert", "View.FlipHorizontal",
+        "View.FlipVertical", separator, "Link.Attach", separator, "File.SaveViewer"});
 }
+
+} // namespace MainMenus

@@ -1,22 +1,16 @@
 #pragma once
 
-class MainWindow;
+#include <QStringList>
 
-/// Fills a main window's menu bar; the actions belong to the window.
-class MainMenus
-{
-public:
-    explicit MainMenus(MainWindow &window)
-        : m_window(window)
-    { }
+class QMenuBar;
 
-    void build();
+/// The workstation's menus, made of the actions of tools. Tools that the user may not use, and
+/// menus without any other, are left out.
+namespace MainMenus {
 
-private:
-    void buildFileMenu();
-    void buildViewMenu();
-    void buildLinkMenu();
-    void buildHelpMenu();
+/// Fills a menu bar. Menu tools that no menu names come together in the menu "Tools".
+void build(QMenuBar &bar);
+/// The tools of the menu that a viewer opens by a right click.
+QStringList viewerMenuKeys();
 
-    MainWindow &m_window;
-};
+} // namespace MainMenus

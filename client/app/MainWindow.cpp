@@ -3,6 +3,7 @@
 #include "client/app/MainMenus.h"
 #include "client/app/NotificationWatch.h"
 #include "client/app/ViewerMenu.h"
+#include "client/application/WorkstationApplication.h"
 #include "client/layout/ViewerArea.h"
 #include "client/loading/SampleMaker.h"
 #include "client/loading/ThumbnailMaker.h"
@@ -12,10 +13,12 @@
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/application/BuildVersion.h"
+#include "platform/backend/KxBackendPeer.h"
 
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -35,15 +38,17 @@ MainWindow::MainWindow()
     , m_status(new QLabel)
     , m_thumbnails(new ThumbnailMaker(this))
     , m_workstation(std::make_unique<Workstation>(
-          *m_area, [this](WorkstationViewer &viewer, const QPoint &position) {
-              makeViewerMenu(viewer, m_workstation->layouts())->popup(position);
+          *m_area, [](WorkstationViewer &viewer, const QPoint &position) {
+              makeViewerMenu(viewer)->popup(position);
           }))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(tr("Movara"));
     resize(firstSize);
     buildPanels();
-    MainMenus(*this).build();
+    WorkstationApplication::instance().setMainWindow(this);
+    WorkstationApplication::instance().setProgressInterface(m_progress);
+    MainMenus::build(*menuBar());
     connectSession();
     clearFound();
     m_activeWatch = new NotificationWatch(
@@ -54,6 +59,9 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    WorkstationApplication &application = WorkstationApplication::instance();
+    application.setProgressInterface(nullptr);
+    application.setMainWindow(nullptr);
     m_activeWatch.reset();
     m_workstation.reset(); // Its viewers' widgets are children of the area.
 }
@@ -90,6 +98,14 @@ void MainWindow::connectSession()
     });
     connect(m_thumbnails, &ThumbnailMaker::made, m_tree, &StudyTree::setThumbnail);
     connect(m_area, &ViewerArea::pathsDropped, this, &MainWindow::open);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    WorkstationApplication &application = WorkstationApplication::instance();
+    KxBackendPeer::instance()->setReasonToQuit("userlogout");
+    application.quitApplication();
+    event->setAccepted(application.isQuitting());
 }
 
 void MainWindow::open(const QStringList &paths)

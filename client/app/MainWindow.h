@@ -15,7 +15,8 @@ class StudyTree;
 class ThumbnailMaker;
 class ViewerArea;
 
-/// The workstation's main window: list of studies, viewers, menus, status line. GUI thread only.
+/// The workstation's main window: list of studies, viewers, menus, status line. Needs the
+/// WorkstationApplication. GUI thread only.
 class MainWindow final : public QMainWindow
 {
     Q_OBJECT
@@ -29,6 +30,9 @@ public:
     void open(const QStringList &paths);
     /// Opens the sample study, which is made first when it is not there yet.
     void openSample();
+    /// Lets the user choose a folder and opens it.
+    void askForFolder();
+    void showAbout();
     /// Whether nothing is under way and everything is shown in its final state.
     [[nodiscard]] bool isSettled() const;
     /// By the layout's name. @return false for an unknown one.
@@ -40,11 +44,12 @@ Q_SIGNALS:
     /// open() or openSample() has failed, or has found the studies and is showing them.
     void opened();
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     void buildPanels();
     void connectSession();
-    void askForFolder();
-    void showAbout();
     void showFound();
     void startThumbnails();
     void showBusy(bool busy);
@@ -65,6 +70,4 @@ private:
     bool m_wantsThumbnails = false;
     std::unique_ptr<Workstation> m_workstation;
     McHandle<ExNotifiable> m_activeWatch;
-
-    friend class MainMenus;
 };

@@ -28,7 +28,7 @@ ViewerLayout fourViewers(PlaneKind plane)
     const auto slice = [plane](const McBox2f &box) {
         return ViewerLayout::Place{box, false, plane};
     };
-    return {QStringLiteral("four"), QString(),
+    return {QStringLiteral("four"),
         {slice({0, 0, 0.5F, 0.5F}), slice({0.5F, 0, 1, 0.5F}), slice({0, 0.5F, 0.5F, 1}),
             slice({0.5F, 0.5F, 1, 1})}};
 }

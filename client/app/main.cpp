@@ -3,9 +3,9 @@
 #include "client/app/MainWindow.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
+#include "client/application/WorkstationApplication.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/toolkit/QxApplication.h"
-#include "platform/toolkit/QxStyleFactory.h"
 
 #include <QTimer>
 
@@ -25,9 +25,10 @@ QStringList argumentList(int argc, char **argv)
 
 int runWindow(const CommandLine &command)
 {
-    QxStyleFactory::instance().setCurrentStyle(QStringLiteral("Movara Medium"));
+    WorkstationApplication application(command.language);
     DicomHeaderReader::install();
     MainWindow window;
+    application.setDefaultStyle();
     if (command.size.isValid()) {
         window.resize(command.size);
     }

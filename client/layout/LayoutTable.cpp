@@ -1,7 +1,5 @@
 #include "client/layout/LayoutTable.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace LayoutTable {
@@ -20,23 +18,17 @@ ViewerLayout::Place volume(const McBox2f &box)
     return {box, true, PlaneKind::Axial};
 }
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("LayoutTable", text);
-}
-
 } // namespace
 
 const std::vector<ViewerLayout> &all()
 {
     static const std::vector<ViewerLayout> layouts{
-        {QStringLiteral("1x1"), tr("One viewer, in the plane of the images"),
-            {slice({0, 0, 1, 1}, PlaneKind::Original)}},
-        {QStringLiteral("2x2"), tr("Axial, sagittal, coronal and 3D"),
+        {QStringLiteral("1x1"), {slice({0, 0, 1, 1}, PlaneKind::Original)}},
+        {QStringLiteral("2x2"),
             {slice({0, 0, 0.5F, 0.5F}, PlaneKind::Axial),
                 slice({0.5F, 0, 1, 0.5F}, PlaneKind::Sagittal),
                 slice({0, 0.5F, 0.5F, 1}, PlaneKind::Coronal), volume({0.5F, 0.5F, 1, 1})}},
-        {QStringLiteral("1+3"), tr("One large viewer and three small ones"),
+        {QStringLiteral("1+3"),
             {slice({0, 0, 2 * third, 1}, PlaneKind::Axial),
                 slice({2 * third, 0, 1, third}, PlaneKind::Sagittal),
                 slice({2 * third, third, 1, 2 * third}, PlaneKind::Coronal),

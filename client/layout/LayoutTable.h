@@ -18,8 +18,7 @@ struct ViewerLayout
         PlaneKind plane = PlaneKind::Axial; ///< of a slice viewer
     };
 
-    QString name; ///< on the command line and in the menu
-    QString description;
+    QString name; ///< on the command line
     std::vector<Place> places;
 };
 

@@ -12,10 +12,10 @@ namespace {
 using Zel::DicomDirectoryEntry;
 using Attribute = DicomDirectoryEntry::Attribute;
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("EntryTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(EntryTexts)
+};
 
 QString text(const DicomDirectoryEntry &entry, Attribute attribute)
 {
@@ -31,7 +31,7 @@ QString patientName(const DicomDirectoryEntry &entry)
 {
     const QString name
         = QString::fromStdString(ExDicomUtilities::displayName(entry.patientName())).trimmed();
-    return name.isEmpty() ? tr("(no name)") : name;
+    return name.isEmpty() ? Texts::tr("(no name)") : name;
 }
 
 QString joined(QStringList parts, const QString &separator)
@@ -46,13 +46,13 @@ QString seriesTitle(const DicomDirectoryEntry &entry)
         = joined({text(entry, Attribute::SeriesNumber), text(entry, Attribute::SeriesDescription)},
             QStringLiteral(": "));
     const QString shown = joined({text(entry, Attribute::Modality), name}, QStringLiteral(" "));
-    return shown.isEmpty() ? tr("(series without a name)") : shown;
+    return shown.isEmpty() ? Texts::tr("(series without a name)") : shown;
 }
 
 QString volumeTitle(const DicomDirectoryEntry &entry)
 {
     const auto &size = entry.dimensions();
-    return tr("%1 × %2, %3 slices").arg(size[0]).arg(size[1]).arg(size[2]);
+    return Texts::tr("%1 × %2, %3 slices").arg(size[0]).arg(size[1]).arg(size[2]);
 }
 
 QString studyTitle(const DicomDirectoryEntry &entry)
@@ -60,7 +60,7 @@ QString studyTitle(const DicomDirectoryEntry &entry)
     const QString title
         = joined({date(entry, Attribute::StudyDate), text(entry, Attribute::StudyDescription)},
             QStringLiteral("  "));
-    return title.isEmpty() ? tr("(study without date)") : title;
+    return title.isEmpty() ? Texts::tr("(study without date)") : title;
 }
 
 } // namespace
@@ -100,14 +100,15 @@ QString details(const DicomDirectoryEntry &entry)
 {
     QStringList lines{title(entry)};
     if (entry.numImages() > 0) {
-        lines += tr("%1 images").arg(entry.numImages());
+        lines += Texts::tr("%1 images").arg(entry.numImages());
     }
     QStringList phases;
     for (const std::string &phase : entry.phases()) {
         phases += QString::fromStdString(phase);
     }
     if (phases.size() > 1) {
-        lines += tr("%1 phases: %2").arg(phases.size()).arg(phases.join(QStringLiteral(", ")));
+        lines
+            += Texts::tr("%1 phases: %2").arg(phases.size()).arg(phases.join(QStringLiteral(", ")));
     }
     for (const std::string &remark : entry.remarks()) {
         lines += QString::fromStdString(remark);

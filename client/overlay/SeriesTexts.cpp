@@ -8,10 +8,10 @@ namespace SeriesTexts {
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("SeriesTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SeriesTexts)
+};
 
 QStringList withoutEmpty(QStringList lines)
 {
@@ -28,7 +28,8 @@ QStringList patient(const WorkstationViewer &viewer)
     }
     const SeriesInfo &info = viewer.series()->info();
     return withoutEmpty({info.patientName, info.patientId,
-        info.patientBirthDate.isEmpty() ? QString() : tr("born %1").arg(info.patientBirthDate)});
+        info.patientBirthDate.isEmpty() ? QString()
+                                        : Texts::tr("born %1").arg(info.patientBirthDate)});
 }
 
 QStringList study(const WorkstationViewer &viewer, const QString &view)
@@ -49,7 +50,7 @@ QString phase(const WorkstationViewer &viewer)
         return {};
     }
     const QString label = QString::fromStdString(viewer.imageSet(0)->phaseLabel(viewer.phase()));
-    return tr("Phase %1/%2  %3")
+    return Texts::tr("Phase %1/%2  %3")
         .arg(viewer.phase() + 1)
         .arg(viewer.numPhases())
         .arg(label)
@@ -60,7 +61,7 @@ QStringList warnings(const WorkstationViewer &viewer)
 {
     QStringList lines = viewer.series()->remark().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     if (!viewer.isFinal()) {
-        lines += tr("preview");
+        lines += Texts::tr("preview");
     }
     return lines;
 }
@@ -68,10 +69,11 @@ QStringList warnings(const WorkstationViewer &viewer)
 QString emptyState(const WorkstationViewer &viewer)
 {
     if (viewer.series() == nullptr) {
-        return tr("No series. Double-click one in the list, or drag it here.");
+        return Texts::tr("No series. Double-click one in the list, or drag it here.");
     }
     if (viewer.volume(0) == nullptr) {
-        return viewer.series()->isComplete() ? viewer.series()->remark() : tr("Reading headers…");
+        return viewer.series()->isComplete() ? viewer.series()->remark()
+                                             : Texts::tr("Reading headers…");
     }
     return {};
 }

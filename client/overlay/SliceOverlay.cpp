@@ -16,10 +16,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("SliceOverlay", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SliceOverlay)
+};
 
 QString millimetres(double value)
 {
@@ -40,26 +40,27 @@ QString thicknessText(const SliceViewer &viewer)
 {
     const auto &attributes = viewer.volume(0)->attributes();
     const auto thickness = attributes ? attributes->find("G0018-0050") : std::nullopt;
-    QString step = tr("step %1").arg(millimetres(viewer.stack().step()));
+    QString step = Texts::tr("step %1").arg(millimetres(viewer.stack().step()));
     if (!thickness || viewer.plane() == PlaneKind::Oblique) {
         return step;
     }
-    return tr("thick %1  %2").arg(millimetres(QString::fromStdString(*thickness).toDouble()), step);
+    return Texts::tr("thick %1  %2")
+        .arg(millimetres(QString::fromStdString(*thickness).toDouble()), step);
 }
 
 QString zoomText(const SliceViewer &viewer)
 {
     const double pixelsPerVoxel = viewer.zoom() * viewer.volume(0)->spacing()[0];
-    return tr("zoom %1 %").arg(std::lround(pixelsPerVoxel * 100));
+    return Texts::tr("zoom %1 %").arg(std::lround(pixelsPerVoxel * 100));
 }
 
 QString windowText(const SliceViewer &viewer)
 {
     const KxVolume &volume = *viewer.volume(0);
     if (volume.components() == 3) {
-        return tr("colour");
+        return Texts::tr("colour");
     }
-    return tr("W %1  L %2 %3")
+    return Texts::tr("W %1  L %2 %3")
         .arg(std::lround(viewer.window().width))
         .arg(std::lround(viewer.window().center))
         .arg(QString::fromStdString(volume.unit()))
@@ -74,13 +75,14 @@ QString viewName(const SliceViewer &viewer)
     }
     const bool isImagePlane
         = viewer.plane() == PlaneKind::Axial || viewer.plane() == PlaneKind::Original;
-    return isImagePlane ? tr("image") : tr("across the images");
+    return isImagePlane ? Texts::tr("image") : Texts::tr("across the images");
 }
 
 QStringList placeTexts(const SliceViewer &viewer)
 {
     const KxVolume::Placement placement = viewer.series()->placement();
-    QStringList lines{tr("Im %1/%2").arg(viewer.sliceIndex() + 1).arg(viewer.stack().count())};
+    QStringList lines{
+        Texts::tr("Im %1/%2").arg(viewer.sliceIndex() + 1).arg(viewer.stack().count())};
     if (placement == KxVolume::Placement::Patient) {
         lines += positionText(viewer);
     }

@@ -13,10 +13,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("VolumeOverlay", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(VolumeOverlay)
+};
 
 void addLetters(OverlayContent &content, const VolumeViewer &viewer)
 {
@@ -31,10 +31,10 @@ void addLetters(OverlayContent &content, const VolumeViewer &viewer)
 void addTexts(OverlayContent &content, const VolumeViewer &viewer)
 {
     content.corners[OverlayContent::TopLeft] = SeriesTexts::patient(viewer);
-    content.corners[OverlayContent::TopRight] = SeriesTexts::study(viewer, tr("3D"));
+    content.corners[OverlayContent::TopRight] = SeriesTexts::study(viewer, Texts::tr("3D"));
     const double above = viewer.window().center - viewer.window().width / 2;
     QStringList &values = content.corners[OverlayContent::BottomRight];
-    values = {tr("values above %1 %2")
+    values = {Texts::tr("values above %1 %2")
                   .arg(std::lround(above))
                   .arg(QString::fromStdString(viewer.volume(0)->unit()))
                   .trimmed()};

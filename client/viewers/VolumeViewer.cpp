@@ -29,10 +29,10 @@ KxVolume::Window firstWindow(const KxVolume &volume)
     return {window.center + window.width * 0.1, window.width};
 }
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("VolumeViewer", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(VolumeViewer)
+};
 
 } // namespace
 
@@ -50,8 +50,9 @@ VolumeViewer::~VolumeViewer()
 QString VolumeViewer::obstacle() const
 {
     if (!hasXDisplay()) {
-        return tr("The 3D view needs an X display, and there is none. Everything else works.\n"
-                  "To see it, start the workstation on a desktop or with xvfb-run.");
+        return Texts::tr(
+            "The 3D view needs an X display, and there is none. Everything else works.\n"
+            "To see it, start the workstation on a desktop or with xvfb-run.");
     }
     const KxVolume *const shown = volume(0);
     if (shown == nullptr) {
@@ -59,13 +60,13 @@ QString VolumeViewer::obstacle() const
     }
     const auto &size = shown->dimensions();
     if (*std::min_element(size.begin(), size.end()) < 2) {
-        return tr("The 3D view needs a series of several slices.");
+        return Texts::tr("The 3D view needs a series of several slices.");
     }
     if (shown->components() != 1) {
-        return tr("There is no 3D view of colour images.");
+        return Texts::tr("There is no 3D view of colour images.");
     }
     if (!series()->isComplete()) {
-        return tr("The 3D view follows when all slices have been read.");
+        return Texts::tr("The 3D view follows when all slices have been read.");
     }
     return {};
 }

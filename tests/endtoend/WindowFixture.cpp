@@ -4,8 +4,11 @@
 #include "framework/viewers/ExViewerDB.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QTest>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace {
 
@@ -16,6 +19,14 @@ void sendMouse(QWidget &widget, QEvent::Type type, const QPointF &position, Qt::
 {
     QMouseEvent event(type, position, widget.mapToGlobal(position), button, held, modifiers);
     QApplication::sendEvent(&widget, &event);
+}
+
+/// Sub-menus of tools live as long as the tools.
+bool hasWindows()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(),
+        [](const QWidget *window) { return qobject_cast<const QMenu *>(window) == nullptr; });
 }
 
 } // namespace
@@ -34,7 +45,7 @@ WindowFixture::~WindowFixture()
 {
     m_window.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    if (!QApplication::topLevelWidgets().isEmpty() || ExViewerManager::instancePointer()) {
+    if (hasWindows() || ExViewerManager::instancePointer()) {
         qFatal("the main window has left widgets or its viewer manager behind");
     }
     for (const LinkType &type : LinkType::all()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "client/app/MainWindow.h"
+#include "client/application/WorkstationApplication.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "tests/client/support/PhantomSeries.h"
@@ -31,5 +32,6 @@ public:
     static void clickBadge(WorkstationViewer &viewer);
 
 private:
+    WorkstationApplication m_application{QStringLiteral("en")};
     std::unique_ptr<MainWindow> m_window;
 };

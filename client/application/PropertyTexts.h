@@ -1,0 +1,4 @@
+#pragma once
+
+/// Gives settings, and the groups that they are listed in, their names for the user.
+void registerPropertyTexts();

@@ -1,0 +1,46 @@
+#include "client/application/UiRegistry.h"
+
+#include <QAction>
+#include <QWidget>
+
+namespace {
+
+void setObjectNameOnce(QObject &object, const QString &name)
+{
+    if (object.objectName().isEmpty()) {
+        object.setObjectName(name);
+    }
+}
+
+} // namespace
+
+void UiRegistry::registerWidget(QWidget *widget, const QString &name)
+{
+    if (widget == nullptr) {
+        return;
+    }
+    setObjectNameOnce(*widget, name);
+    if (widget->accessibleName().isEmpty()) {
+        widget->setAccessibleName(widget->toolTip().isEmpty() ? name : widget->toolTip());
+    }
+    m_widgets.insert(name, widget);
+}
+
+void UiRegistry::registerAction(QAction *action, const QString &name)
+{
+    if (action == nullptr) {
+        return;
+    }
+    setObjectNameOnce(*action, name);
+    m_actions.insert(name, action);
+}
+
+QWidget *UiRegistry::widget(const QString &name) const
+{
+    return m_widgets.value(name);
+}
+
+QAction *UiRegistry::action(const QString &name) const
+{
+    return m_actions.value(name);
+}

@@ -1,0 +1,191 @@
+#include "client/application/WorkstationApplication.h"
+
+#include "client/app/MainWindow.h"
+#include "client/app/NotificationWatch.h"
+#include "client/application/HelpWindow.h"
+#include "client/application/PropertyBrowser.h"
+#include "client/application/PropertyTexts.h"
+#include "client/application/Translations.h"
+#include "framework/dialogs/ExMessageBox.h"
+#include "framework/tools/ExActionUI.h"
+#include "framework/tools/ExTool.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+/// After these a tool may be usable or not, or active or not, where it was not before.
+const std::vector<ExNotification::Type> stateChanges{ExNotification::ACTIVE_VIEWER_CHANGED,
+    ExNotification::VIEWER_VOLUME_CHANGED, ExNotification::VIEWER_SUBTYPE_CHANGED,
+    ExNotification::VIEWER_LAYOUT_CHANGED, ExNotification::FULLSCREEN_CHANGED,
+    ExNotification::TIMESERIES_CHANGED, ExNotification::DATA_WINDOW_CHANGED,
+    ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
+    ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
+    ExNotification::GLOBAL_TOGGLE_CHANGED};
+
+void updateTools()
+{
+    std::vector<std::string> keys;
+    ExTool::getDecorationKeyList(keys, false);
+    for (const std::string &key : keys) {
+        if (const ExTool *const tool = ExTool::getToolByDecorationKey(key.c_str(), false)) {
+            tool->updateUI(nullptr);
+        }
+    }
+}
+
+/// Once in the process: what they have made stays as long as that.
+void runStartUpCallbacks()
+{
+    static const bool haveRun = [] {
+        ExTool::doInitCallbacks();
+        return true;
+    }();
+    Q_UNUSED(haveRun)
+}
+
+} // namespace
+
+WorkstationApplication::WorkstationApplication(const QString &language)
+    : m_watch(new NotificationWatch(
+        stateChanges, [this](const ExNotification & /*notification*/) { refreshTools(); }))
+{
+    registerPropertyTexts();
+    Translations::install(language);
+    m_refresh.setSingleShot(true);
+    QObject::connect(&m_refresh, &QTimer::timeout, &updateTools);
+    runStartUpCallbacks();
+}
+
+WorkstationApplication::~WorkstationApplication() = default;
+
+WorkstationApplication &WorkstationApplication::instance()
+{
+    return static_cast<WorkstationApplication &>(ExApplication::instance());
+}
+
+Workstation *WorkstationApplication::workstation() const
+{
+    return m_window == nullptr ? nullptr : &m_window->workstation();
+}
+
+MainWindow *WorkstationApplication::mainWindow() const
+{
+    return m_window;
+}
+
+void WorkstationApplication::setMainWindow(MainWindow *window)
+{
+    m_window = window;
+    refreshTools();
+}
+
+void WorkstationApplication::refreshTools()
+{
+    m_refresh.start(0);
+}
+
+void WorkstationApplication::quitApplication()
+{
+    std::list<ExWorker *> workers;
+    runningProcesses(workers);
+    const QString question = QCoreApplication::translate("WorkstationApplication",
+        "Something is still being worked on, and will be lost. Quit all the same?");
+    const bool mayQuit = workers.empty()
+        || ExMessageBox::question(question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+            == QMessageBox::Yes;
+    if (mayQuit) {
+        m_isQuitting = true;
+        QCoreApplication::exit(0);
+    }
+}
+
+QString WorkstationApplication::userName() const
+{
+    const passwd *const entry = getpwuid(geteuid());
+    return entry == nullptr ? QString() : QString::fromLocal8Bit(entry->pw_name);
+}
+
+QWidget *WorkstationApplication::dialogParent()
+{
+    return m_window;
+}
+
+int WorkstationApplication::propertyBrowser(const std::list<KxVariant *> &properties,
+    const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden, bool modal)
+{
+    if (!modal) {
+        showBrowser(properties, shown, hidden);
+        return 0;
+    }
+    const McHandle<ExTempCursorHandle> cursor = tempNotBusy();
+    PropertyBrowser browser(properties, shown, hidden, dialogParent());
+    browser.exec();
+    return browser.numChanged();
+}
+
+void WorkstationApplication::showBrowser(const std::list<KxVariant *> &properties,
+    const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden)
+{
+    delete m_browser;
+    m_browser = new PropertyBrowser(properties, shown, hidden, dialogParent());
+    m_browser->setAttribute(Qt::WA_DeleteOnClose);
+    m_browser->show();
+}
+
+void WorkstationApplication::editToolProperties(
+    const std::list<KxVariant *> &properties, const QList<QRegularExpression> &patterns)
+{
+    showBrowser(properties, patterns, {});
+}
+
+void WorkstationApplication::showHelp(const QString &topic)
+{
+    if (!m_help) {
+        m_help = new HelpWindow(dialogParent());
+        m_help->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_help->show();
+    m_help->raise();
+    m_help->activateWindow();
+    m_help->showTopic(topic);
+}
+
+QString WorkstationApplication::helpHook(const QString &topic)
+{
+    return HelpWindow::reference(topic);
+}
+
+QString WorkstationApplication::helpLocation() const
+{
+    return HelpWindow::location();
+}
+
+bool WorkstationApplication::helpDisabled()
+{
+    return !QFile::exists(HelpWindow::location() % QLatin1String("workstation.md"));
+}
+
+void WorkstationApplication::menuBarAddOnCreated(ExMenuBarAddOn * /*addOn*/)
+{
+    // The buttons make themselves known in uiRegistry(); the workstation adds none of its own.
+}
+
+void WorkstationApplication::registerActionUI(ExActionUI *action)
+{
+    // Actions get their texts only later; the status line tells what the tool tip does.
+    QObject::connect(action, &QAction::changed, action, [action] {
+        if (action->statusTip() != action->toolTip()) {
+            action->setStatusTip(action->toolTip());
+        }
+    });
+}
+
+const WorkstationDecoration *WorkstationApplication::decoration(const char * /*key*/) const
+{
+    return &m_decoration;
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "client/application/UiRegistry.h"
+#include "client/application/WorkstationDecoration.h"
+#include "framework/application/ExApplication.h"
+#include "framework/notification/ExNotifiable.h"
+#include "platform/util/McHandle.h"
+
+#include <QPointer>
+#include <QTimer>
+
+class HelpWindow;
+class MainWindow;
+class PropertyBrowser;
+class Workstation;
+
+/// The workstation's application object: made once, after the toolkit's and before any window.
+/// Through it tools reach the workstation. GUI thread only.
+class WorkstationApplication final : public ExApplication
+{
+public:
+    /// Puts the language in force and runs the start-up callbacks of tools, those only once in the
+    /// process. @param language as for Translations::install().
+    explicit WorkstationApplication(const QString &language = {});
+    ~WorkstationApplication() override;
+
+    /// Undefined when there is none.
+    static WorkstationApplication &instance();
+
+    /// Viewers, layouts, links and studies; null before there is a window and once it has gone.
+    [[nodiscard]] Workstation *workstation() const;
+    /// Null when there is none.
+    [[nodiscard]] MainWindow *mainWindow() const;
+    /// The window that the application is shown in; null when it goes. Not owned.
+    void setMainWindow(MainWindow *window);
+    /// Has the actions of all tools show their present states, soon and once however often it is
+    /// asked. Happens by itself after changes of viewers, links and layouts.
+    void refreshTools();
+
+    // Of the base.
+
+    /// Asks first when workers are running, and may then not quit.
+    void quitApplication() override;
+    [[nodiscard]] bool isQuitting() const override { return m_isQuitting; }
+    UiRegistry *uiRegistry() override { return &m_uiRegistry; }
+    /// The name that the user has logged in with.
+    [[nodiscard]] QString userName() const override;
+    QWidget *dialogParent() override;
+    /// @return how many settings were changed, if modal, else 0.
+    int propertyBrowser(const std::list<KxVariant *> &properties,
+        const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden,
+        bool modal) override;
+    using ExApplication::propertyBrowser;
+    void editToolProperties(const std::list<KxVariant *> &properties,
+        const QList<QRegularExpression> &patterns) override;
+    /// Topics are those of HelpWindow.
+    void showHelp(const QString &topic) override;
+    [[nodiscard]] QString helpHook(const QString &topic) override;
+    [[nodiscard]] QString helpLocation() const override;
+    bool helpDisabled() override;
+    void menuBarAddOnCreated(ExMenuBarAddOn *addOn) override;
+    void registerActionUI(ExActionUI *action) override;
+    [[nodiscard]] const WorkstationDecoration *decoration(const char *key) const override;
+    [[nodiscard]] bool toolContextMenuHidesProperties() const override { return false; }
+    [[nodiscard]] bool toolContextMenuShowsIdentification() const override { return false; }
+
+private:
+    void showBrowser(const std::list<KxVariant *> &properties,
+        const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden);
+
+    WorkstationDecoration m_decoration;
+    UiRegistry m_uiRegistry;
+    QPointer<MainWindow> m_window;
+    QPointer<HelpWindow> m_help;
+    QPointer<PropertyBrowser> m_browser;
+    QTimer m_refresh;
+    McHandle<ExNotifiable> m_watch;
+    bool m_isQuitting = false;
+};

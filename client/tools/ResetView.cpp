@@ -1,0 +1,38 @@
+#include "client/application/ToolModule.h"
+#include "client/links/LinkedActions.h"
+#include "client/tools/WorkstationTools.h"
+#include "client/viewers/SliceViewer.h"
+#include "client/viewers/VolumeViewer.h"
+
+namespace {
+
+class ResetView final : public ViewerCommand
+{
+public:
+    using ViewerCommand::ViewerCommand;
+
+protected:
+    void run(WorkstationViewer &viewer) override
+    {
+        if (auto *const slice = dynamic_cast<SliceViewer *>(&viewer)) {
+            LinkedActions::reset(*slice);
+        } else {
+            static_cast<VolumeViewer &>(viewer).reset();
+        }
+    }
+};
+
+const ToolModule module(
+    {
+        .key = "View.Reset",
+        .category = QT_TRANSLATE_NOOP("Tools", "View"),
+        .text = QT_TRANSLATE_NOOP("Tools", "&Reset view"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Show the whole image in its first window"),
+        .description = QT_TRANSLATE_NOOP(
+            "Tools", "Linked viewers follow. The slice stays; inverting and flipping end."),
+        .icon = "reset",
+        .shortCut = "R",
+    },
+    [](int) -> ExTool * { return new ResetView("View.Reset"); });
+
+} // namespace

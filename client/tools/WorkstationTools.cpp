@@ -1,0 +1,91 @@
+#include "client/tools/WorkstationTools.h"
+
+#include "client/application/WorkstationApplication.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/viewers/ExViewerManager.h"
+
+namespace {
+
+const WorkstationViewer *activeViewer()
+{
+    const ExViewerManager *const manager = ExViewerManager::instancePointer();
+    return manager == nullptr ? nullptr
+                              : static_cast<const WorkstationViewer *>(manager->activeViewer());
+}
+
+} // namespace
+
+ApplicationCommand::ApplicationCommand(const char *key)
+    : ExTrigger(key)
+{
+    setActivatable(false);
+}
+
+bool ApplicationCommand::supportsViewer(const ExBaseViewer * /*viewer*/) const
+{
+    return true;
+}
+
+bool ApplicationCommand::process(ExBaseViewer * /*viewer*/, bool /*on*/)
+{
+    MainWindow *const window = WorkstationApplication::instance().mainWindow();
+    if (window == nullptr) {
+        return false;
+    }
+    run(*window);
+    return true;
+}
+
+ApplicationSwitch::ApplicationSwitch(const char *key)
+    : ExTrigger(key)
+{ }
+
+bool ApplicationSwitch::supportsViewer(const ExBaseViewer * /*viewer*/) const
+{
+    return true;
+}
+
+bool ApplicationSwitch::isActive() const
+{
+    return isOn();
+}
+
+bool ApplicationSwitch::process(ExBaseViewer * /*viewer*/, bool on)
+{
+    set(on);
+    return true;
+}
+
+ViewerCommand::ViewerCommand(const char *key)
+    : ExTrigger(key)
+{
+    setActivatable(false);
+}
+
+bool ViewerCommand::process(ExBaseViewer *viewer, bool /*on*/)
+{
+    if (!isEnabled(viewer)) {
+        return false;
+    }
+    run(static_cast<WorkstationViewer &>(*viewer));
+    return true;
+}
+
+ViewerSwitch::ViewerSwitch(const char *key)
+    : ExTrigger(key)
+{ }
+
+bool ViewerSwitch::isActive() const
+{
+    const WorkstationViewer *const viewer = activeViewer();
+    return viewer != nullptr && isOn(*viewer);
+}
+
+bool ViewerSwitch::process(ExBaseViewer *viewer, bool on)
+{
+    if (!isEnabled(viewer)) {
+        return false;
+    }
+    set(static_cast<WorkstationViewer &>(*viewer), on);
+    return true;
+}

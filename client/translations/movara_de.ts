@@ -1,0 +1,810 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>EntryTexts</name>
+    <message>
+        <source>(no name)</source>
+        <translation>(ohne Namen)</translation>
+    </message>
+    <message>
+        <source>(series without a name)</source>
+        <translation>(Serie ohne Namen)</translation>
+    </message>
+    <message>
+        <source>%1 × %2, %3 slices</source>
+        <translation>%1 × %2, %3 Schichten</translation>
+    </message>
+    <message>
+        <source>(study without date)</source>
+        <translation>(Studie ohne Datum)</translation>
+    </message>
+    <message>
+        <source>%1 images</source>
+        <translation>%1 Bilder</translation>
+    </message>
+    <message>
+        <source>%1 phases: %2</source>
+        <translation>%1 Phasen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ExApplication</name>
+    <message>
+        <source>Help...</source>
+        <translation>Hilfe …</translation>
+    </message>
+</context>
+<context>
+    <name>ExHotKeys</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+</context>
+<context>
+    <name>ExMessageBox</name>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>HelpWindow</name>
+    <message>
+        <source>All tools</source>
+        <translation>Alle Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>HxMessage</name>
+    <message>
+        <source>%1 already exists.</source>
+        <translation>%1 ist schon vorhanden.</translation>
+    </message>
+</context>
+<context>
+    <name>LinkType</name>
+    <message>
+        <source>Scrolling</source>
+        <translation>Blättern</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Vergrößerung</translation>
+    </message>
+    <message>
+        <source>Pan</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Window level</source>
+        <translation>Fensterung</translation>
+    </message>
+    <message>
+        <source>Time phase</source>
+        <translation>Zeitphase</translation>
+    </message>
+    <message>
+        <source>3D rotation</source>
+        <translation>3D-Drehung</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenus</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Link</source>
+        <translation>&amp;Verknüpfung</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Werkzeuge</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Movara</source>
+        <translation>Movara</translation>
+    </message>
+    <message>
+        <source>Looking for DICOM files…</source>
+        <translation>DICOM-Dateien werden gesucht …</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>Making the sample study</source>
+        <translation>Beispielstudie wird erzeugt</translation>
+    </message>
+    <message>
+        <source>Making the sample study…</source>
+        <translation>Beispielstudie wird erzeugt …</translation>
+    </message>
+    <message>
+        <source>Open a DICOM folder</source>
+        <translation>DICOM-Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>About Movara</source>
+        <translation>Über Movara</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Movara&lt;/b&gt; reference workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Not a medical device: not for diagnosis.</source>
+        <translation>&lt;b&gt;Movara&lt;/b&gt; Referenz-Workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Kein Medizinprodukt: nicht zur Diagnose.</translation>
+    </message>
+    <message>
+        <source>Files looked at: %1</source>
+        <translation>Durchsuchte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>Opening was cancelled.</source>
+        <translation>Das Öffnen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>There are no files here. Open another folder with File &gt; Open folder.</source>
+        <translation>Hier sind keine Dateien. Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
+    <message>
+        <source>There are no images here (files looked at: %1). Open another folder with File &gt; Open folder.</source>
+        <translation>Hier sind keine Bilder (durchsuchte Dateien: %1). Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>No studies are open.
+
+Open a folder with File &gt; Open folder, or drop one here.</source>
+        <translation>Es sind keine Studien geöffnet.
+
+Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
+    </message>
+    <message>
+        <source>%1 – Movara</source>
+        <translation>%1 – Movara</translation>
+    </message>
+</context>
+<context>
+    <name>Plane</name>
+    <message>
+        <source>Axial</source>
+        <translation>Axial</translation>
+    </message>
+    <message>
+        <source>Sagittal</source>
+        <translation>Sagittal</translation>
+    </message>
+    <message>
+        <source>Coronal</source>
+        <translation>Koronal</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+    <message>
+        <source>Oblique</source>
+        <translation>Schräg</translation>
+    </message>
+</context>
+<context>
+    <name>ProblemsButton</name>
+    <message>
+        <source>Shows which files could not be used, and why</source>
+        <translation>Zeigt, welche Dateien nicht verwendet werden konnten und warum</translation>
+    </message>
+    <message>
+        <source>Files that could not be used: %1…</source>
+        <translation>Nicht verwendbare Dateien: %1 …</translation>
+    </message>
+    <message>
+        <source>Files that could not be used</source>
+        <translation>Nicht verwendbare Dateien</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressLine</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Ends looking for files and reading; what is there stays</source>
+        <translation>Beendet Suchen und Lesen; was da ist, bleibt</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
+    <name>Property</name>
+    <message>
+        <source>User interface</source>
+        <translation>Benutzeroberfläche</translation>
+    </message>
+    <message>
+        <source>Color Scheme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Language (from the next start on)</source>
+        <translation>Sprache (ab dem nächsten Start)</translation>
+    </message>
+    <message>
+        <source>Sizes on monitors</source>
+        <translation>Größen auf Monitoren</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Cine</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Phases per second</source>
+        <translation>Phasen pro Sekunde</translation>
+    </message>
+</context>
+<context>
+    <name>PropertyBrowser</name>
+    <message>
+        <source>&amp;Reset all</source>
+        <translation>Alle &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen suchen</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>There are no settings here.</source>
+        <translation>Hier sind keine Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Puts all settings shown here back to their defaults</source>
+        <translation>Setzt alle hier gezeigten Einstellungen auf ihre Standards zurück</translation>
+    </message>
+    <message>
+        <source>Back to the default</source>
+        <translation>Zurück zum Standard</translation>
+    </message>
+    <message>
+        <source>%1: back to the default</source>
+        <translation>%1: zurück zum Standard</translation>
+    </message>
+    <message>
+        <source>“%1” is no value for %2.</source>
+        <translation>„%1“ ist kein Wert für %2.</translation>
+    </message>
+    <message>
+        <source>No setting has “%1” in its name.</source>
+        <translation>Keine Einstellung hat „%1“ im Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>PropertyEditor</name>
+    <message>
+        <source>As the system</source>
+        <translation>Wie das System</translation>
+    </message>
+</context>
+<context>
+    <name>SampleMaker</name>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Making the sample study was cancelled.</source>
+        <translation>Das Erzeugen der Beispielstudie wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>SeriesLoad</name>
+    <message>
+        <source>incomplete: reading was cancelled</source>
+        <translation>unvollständig: Lesen abgebrochen</translation>
+    </message>
+    <message>
+        <source>slices that could not be read: %1</source>
+        <translation>nicht lesbare Schichten: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SeriesTexts</name>
+    <message>
+        <source>born %1</source>
+        <translation>geb. %1</translation>
+    </message>
+    <message>
+        <source>Phase %1/%2  %3</source>
+        <translation>Phase %1/%2  %3</translation>
+    </message>
+    <message>
+        <source>preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>No series. Double-click one in the list, or drag it here.</source>
+        <translation>Keine Serie. Klicken Sie in der Liste doppelt auf eine oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>Reading headers…</source>
+        <translation>Kopfdaten werden gelesen …</translation>
+    </message>
+</context>
+<context>
+    <name>SliceOverlay</name>
+    <message>
+        <source>step %1</source>
+        <translation>Abstand %1</translation>
+    </message>
+    <message>
+        <source>thick %1  %2</source>
+        <translation>Dicke %1  %2</translation>
+    </message>
+    <message>
+        <source>zoom %1 %</source>
+        <translation>Zoom %1 %</translation>
+    </message>
+    <message>
+        <source>colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>W %1  L %2 %3</source>
+        <translation>W %1  L %2 %3</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>across the images</source>
+        <translation>quer zu den Bildern</translation>
+    </message>
+    <message>
+        <source>Im %1/%2</source>
+        <translation>Bild %1/%2</translation>
+    </message>
+</context>
+<context>
+    <name>StudySession</name>
+    <message>
+        <source>Looking for DICOM files</source>
+        <translation>DICOM-Dateien werden gesucht</translation>
+    </message>
+    <message>
+        <source>Reading series</source>
+        <translation>Serien werden gelesen</translation>
+    </message>
+</context>
+<context>
+    <name>StudyTree</name>
+    <message>
+        <source>no images</source>
+        <translation>keine Bilder</translation>
+    </message>
+    <message>
+        <source>images: %1</source>
+        <translation>Bilder: %1</translation>
+    </message>
+    <message>
+        <source>%1, phases: %2</source>
+        <translation>%1, Phasen: %2</translation>
+    </message>
+    <message>
+        <source>Studies</source>
+        <translation>Studien</translation>
+    </message>
+    <message>
+        <source>Double-click to open in all viewers, or drag to one viewer.</source>
+        <translation>Doppelklick öffnet in allen Ansichten; oder auf eine Ansicht ziehen.</translation>
+    </message>
+</context>
+<context>
+    <name>Tools</name>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>&amp;Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Look at the settings and change them</source>
+        <translation>Einstellungen ansehen und ändern</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>Ordner &amp;öffnen …</translation>
+    </message>
+    <message>
+        <source>Look for DICOM files in a folder</source>
+        <translation>DICOM-Dateien in einem Ordner suchen</translation>
+    </message>
+    <message>
+        <source>Subfolders are looked through too. The largest series found is shown in all viewers.</source>
+        <translation>Auch Unterordner werden durchsucht. Die größte gefundene Serie wird in allen Ansichten gezeigt.</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close all studies</source>
+        <translation>Alle Studien schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>End the workstation</source>
+        <translation>Die Workstation beenden</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>How the workstation is used</source>
+        <translation>Wie die Workstation bedient wird</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard shortcuts</source>
+        <translation>&amp;Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>List all keyboard shortcuts</source>
+        <translation>Alle Tastenkürzel auflisten</translation>
+    </message>
+    <message>
+        <source>&amp;About Movara</source>
+        <translation>Ü&amp;ber Movara</translation>
+    </message>
+    <message>
+        <source>The version of this program</source>
+        <translation>Die Version dieses Programms</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>Aufteilung</translation>
+    </message>
+    <message>
+        <source>&amp;One viewer</source>
+        <translation>&amp;Eine Ansicht</translation>
+    </message>
+    <message>
+        <source>One viewer, in the plane of the images</source>
+        <translation>Eine Ansicht, in der Ebene der Bilder</translation>
+    </message>
+    <message>
+        <source>&amp;Four viewers</source>
+        <translation>&amp;Vier Ansichten</translation>
+    </message>
+    <message>
+        <source>Axial, sagittal, coronal and 3D</source>
+        <translation>Axial, sagittal, koronal und 3D</translation>
+    </message>
+    <message>
+        <source>One &amp;large viewer</source>
+        <translation>Eine &amp;große Ansicht</translation>
+    </message>
+    <message>
+        <source>One large viewer and three small ones</source>
+        <translation>Eine große Ansicht und drei kleine</translation>
+    </message>
+    <message>
+        <source>&amp;Layout</source>
+        <translation>&amp;Aufteilung</translation>
+    </message>
+    <message>
+        <source>Choose how the viewers share the screen</source>
+        <translation>Wählen, wie sich die Ansichten den Bildschirm teilen</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Verknüpfung</translation>
+    </message>
+    <message>
+        <source>&amp;Attached to linked viewers</source>
+        <translation>&amp;Mit anderen Ansichten verknüpft</translation>
+    </message>
+    <message>
+        <source>Whether the active viewer follows its linked viewers</source>
+        <translation>Ob die aktive Ansicht den verknüpften folgt</translation>
+    </message>
+    <message>
+        <source>The badge in the corner of a viewer shows it, and switches it by a click.</source>
+        <translation>Das Zeichen in der Ecke einer Ansicht zeigt es und schaltet es durch einen Klick um.</translation>
+    </message>
+    <message>
+        <source>&amp;Scrolling</source>
+        <translation>&amp;Blättern</translation>
+    </message>
+    <message>
+        <source>Viewers in parallel planes are scrolled together</source>
+        <translation>Ansichten paralleler Ebenen blättern gemeinsam</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom</source>
+        <translation>Ver&amp;größerung</translation>
+    </message>
+    <message>
+        <source>Viewers are enlarged together</source>
+        <translation>Ansichten werden gemeinsam vergrößert</translation>
+    </message>
+    <message>
+        <source>&amp;Pan</source>
+        <translation>&amp;Verschieben</translation>
+    </message>
+    <message>
+        <source>Images are moved together</source>
+        <translation>Bilder werden gemeinsam verschoben</translation>
+    </message>
+    <message>
+        <source>&amp;Window level</source>
+        <translation>&amp;Fensterung</translation>
+    </message>
+    <message>
+        <source>Viewers of one modality share their window</source>
+        <translation>Ansichten einer Modalität teilen ihre Fensterung</translation>
+    </message>
+    <message>
+        <source>&amp;Time phase</source>
+        <translation>&amp;Zeitphase</translation>
+    </message>
+    <message>
+        <source>Viewers show the same time phase</source>
+        <translation>Ansichten zeigen dieselbe Zeitphase</translation>
+    </message>
+    <message>
+        <source>3D &amp;rotation</source>
+        <translation>3D-&amp;Drehung</translation>
+    </message>
+    <message>
+        <source>3D views are turned together</source>
+        <translation>3D-Ansichten werden gemeinsam gedreht</translation>
+    </message>
+    <message>
+        <source>Time phase</source>
+        <translation>Zeitphase</translation>
+    </message>
+    <message>
+        <source>&amp;Next phase</source>
+        <translation>&amp;Nächste Phase</translation>
+    </message>
+    <message>
+        <source>Show the next time phase</source>
+        <translation>Die nächste Zeitphase zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Previous phase</source>
+        <translation>&amp;Vorige Phase</translation>
+    </message>
+    <message>
+        <source>Show the previous time phase</source>
+        <translation>Die vorige Zeitphase zeigen</translation>
+    </message>
+    <message>
+        <source>Plane</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>&amp;Axial</source>
+        <translation>&amp;Axial</translation>
+    </message>
+    <message>
+        <source>Show the axial plane</source>
+        <translation>Die axiale Ebene zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Sagittal</source>
+        <translation>&amp;Sagittal</translation>
+    </message>
+    <message>
+        <source>Show the sagittal plane</source>
+        <translation>Die sagittale Ebene zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Coronal</source>
+        <translation>&amp;Koronal</translation>
+    </message>
+    <message>
+        <source>Show the coronal plane</source>
+        <translation>Die koronale Ebene zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Original</source>
+        <translation>&amp;Original</translation>
+    </message>
+    <message>
+        <source>Show the plane in which the images were acquired</source>
+        <translation>Die Ebene zeigen, in der die Bilder aufgenommen wurden</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Reset view</source>
+        <translation>Ansicht &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Show the whole image in its first window</source>
+        <translation>Das ganze Bild in seiner ersten Fensterung zeigen</translation>
+    </message>
+    <message>
+        <source>Linked viewers follow. The slice stays; inverting and flipping end.</source>
+        <translation>Verknüpfte Ansichten folgen. Die Schicht bleibt; Umkehren und Spiegeln enden.</translation>
+    </message>
+    <message>
+        <source>&amp;Full-screen viewer</source>
+        <translation>Eine Ansicht &amp;allein</translation>
+    </message>
+    <message>
+        <source>Show the active viewer alone, or all again</source>
+        <translation>Die aktive Ansicht allein zeigen oder wieder alle</translation>
+    </message>
+    <message>
+        <source>A double click on a viewer does the same.</source>
+        <translation>Ein Doppelklick auf eine Ansicht tut dasselbe.</translation>
+    </message>
+    <message>
+        <source>Reference &amp;lines</source>
+        <translation>&amp;Referenzlinien</translation>
+    </message>
+    <message>
+        <source>Show where the other viewers&apos; planes are</source>
+        <translation>Zeigen, wo die Ebenen der anderen Ansichten liegen</translation>
+    </message>
+    <message>
+        <source>Corner &amp;texts</source>
+        <translation>&amp;Texte in den Ecken</translation>
+    </message>
+    <message>
+        <source>Show patient, series, position and window</source>
+        <translation>Patient, Serie, Ort und Fensterung zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>UI.ColorScheme</name>
+    <message>
+        <source>Color Scheme</source>
+        <translation>Farbschema</translation>
+    </message>
+</context>
+<context>
+    <name>ViewerMenu</name>
+    <message>
+        <source>Phase</source>
+        <translation>Phase</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Shows this phase</source>
+        <translation>Zeigt diese Phase</translation>
+    </message>
+    <message>
+        <source>Linked in</source>
+        <translation>Verknüpft in</translation>
+    </message>
+    <message>
+        <source>Whether this viewer follows the others in this</source>
+        <translation>Ob diese Ansicht den anderen hierin folgt</translation>
+    </message>
+</context>
+<context>
+    <name>ViewerRenderWidget</name>
+    <message>
+        <source>Attach this viewer to its linked viewers, or detach it (L)</source>
+        <translation>Diese Ansicht mit den anderen verknüpfen oder lösen (L)</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeOverlay</name>
+    <message>
+        <source>3D</source>
+        <translation>3D</translation>
+    </message>
+    <message>
+        <source>values above %1 %2</source>
+        <translation>Werte über %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>VolumeViewer</name>
+    <message>
+        <source>The 3D view needs an X display, and there is none. Everything else works.
+To see it, start the workstation on a desktop or with xvfb-run.</source>
+        <translation>Die 3D-Ansicht braucht ein X-Display, und es gibt keines. Alles andere geht.
+Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen.</translation>
+    </message>
+    <message>
+        <source>The 3D view needs a series of several slices.</source>
+        <translation>Die 3D-Ansicht braucht eine Serie mit mehreren Schichten.</translation>
+    </message>
+    <message>
+        <source>There is no 3D view of colour images.</source>
+        <translation>Von Farbbildern gibt es keine 3D-Ansicht.</translation>
+    </message>
+    <message>
+        <source>The 3D view follows when all slices have been read.</source>
+        <translation>Die 3D-Ansicht folgt, wenn alle Schichten gelesen sind.</translation>
+    </message>
+</context>
+<context>
+    <name>WorkstationApplication</name>
+    <message>
+        <source>Something is still being worked on, and will be lost. Quit all the same?</source>
+        <translation>Es wird noch an etwas gearbeitet, das verloren geht. Trotzdem beenden?</translation>
+    </message>
+</context>
+</TS>
