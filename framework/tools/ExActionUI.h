@@ -78,6 +78,9 @@ public Q_SLOTS:
 protected:
     ExActionUI();
 
+    /// Whether the shortcut stays local to the widgets that show the action.
+    void setLocalShortCut(bool local) { m_localShortCut = local; }
+
     /// The user has toggled the action: switches the tool. Unchecking a standard tool only has the
     /// action checked again.
     virtual void actionToggled(bool on);

@@ -1,6 +1,7 @@
 #include "framework/tools/ExToolGroup.h"
 
 #include "framework/tools/ExTool.h"
+#include "framework/tools/ExToolUI.h"
 
 #include <algorithm>
 #include <map>
@@ -32,7 +33,7 @@ public:
 
     /// The groups that share this, that is the group and its copies. Tools know the first one.
     std::vector<ExToolGroup *> addresses;
-    ExToolUI *groupUI = nullptr;
+    std::weak_ptr<ExToolUI> groupUI;
     std::vector<McHandle<ExTool>> tools;
     std::map<const ExTool *, bool> toolBarFixed;
     bool bringUp = false;
@@ -154,10 +155,13 @@ bool ExToolGroup::getUseInstantPopup() const
 
 void ExToolGroup::setGroupUI(ExToolUI *ui)
 {
-    d->groupUI = ui;
+    if (ui != nullptr && !ui->m_self) {
+        ui->m_self = std::shared_ptr<ExToolUI>(ui, [](ExToolUI *) {});
+    }
+    d->groupUI = ui == nullptr ? nullptr : ui->m_self;
 }
 
 ExToolUI *ExToolGroup::getGroupUI() const
 {
-    return d->groupUI;
+    return d->groupUI.lock().get();
 }

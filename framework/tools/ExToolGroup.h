@@ -51,7 +51,8 @@ public:
     /// Whether the group's button opens its menu at once, rather than by an arrow beside it.
     void setUseInstantPopup(bool instant);
     [[nodiscard]] bool getUseInstantPopup() const;
-    /// The binding that shows the group as one button; null at first. Not owned.
+    /// The binding that shows the group as one button; null at first, and when it is gone. Not
+    /// owned.
     void setGroupUI(ExToolUI *ui);
     [[nodiscard]] ExToolUI *getGroupUI() const;
 

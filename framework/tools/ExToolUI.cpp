@@ -18,6 +18,7 @@ ExToolUI::ExToolUI() = default;
 
 ExToolUI::~ExToolUI()
 {
+    m_self.reset();
     if (m_tool) {
         m_tool->removeUI(this);
     }

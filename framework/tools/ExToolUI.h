@@ -4,6 +4,8 @@
 #include "framework/notification/ExNotifiable.h"
 #include "platform/util/McHandle.h"
 
+#include <memory>
+
 class ExBaseViewer;
 class ExTool;
 class QAction;
@@ -33,5 +35,10 @@ public:
     [[nodiscard]] ExTool *getTool() const { return m_tool; }
 
 private:
+    friend class ExToolGroup;
+
     McHandle<ExTool> m_tool;
+    /// Owns nothing: tells the groups that point to this binding when it is gone. Made by the
+    /// first.
+    std::shared_ptr<ExToolUI> m_self;
 };

@@ -14,4 +14,12 @@ enum View : int {
     VIEW_AXIAL = 2 ///< no head-foot axis in the image
 };
 
+/// How a tool bar is first shown. The bar only keeps it: the main window of a monitor reads it when
+/// it places its bars for a user who has not placed them yet.
+enum ToolBarState : int {
+    TOOL_BAR_HIDDEN = 0, ///< not shown until the user asks for it
+    TOOL_BAR_FLOATING = 1, ///< in a window of its own
+    TOOL_BAR_DOCKED = 2 ///< in one of the window's tool bar areas
+};
+
 } // namespace Ex

@@ -6,7 +6,10 @@
 #include "framework/viewers/ExBaseViewer.h"
 #include "framework/viewers/ExScreen.h"
 #include "platform/render/KxEngine.h"
+// The manager owns the tool bar that follows the active viewer.
+#include "framework/tools/ExContextToolBar.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
@@ -17,6 +20,7 @@ class ExViewerManagerPrivate
 public:
     McDArray<McHandle<ExBaseViewer>> viewers;
     McDArray<McHandle<ExBaseViewer>> unused;
+    QPointer<ExContextToolBar> contextToolBar;
 };
 
 namespace {
@@ -68,6 +72,7 @@ ExViewerManager::~ExViewerManager()
             active->unref();
         }
     }
+    delete d->contextToolBar;
     d->unused.clear();
     d->viewers.clear();
 }
@@ -149,6 +154,9 @@ void ExViewerManager::removeViewer(ExBaseViewer *viewer)
 
 void ExViewerManager::removeAllViewers()
 {
+    if (d->contextToolBar != nullptr) {
+        d->contextToolBar->removeAll();
+    }
     while (!d->viewers.isEmpty()) {
         const McHandle<ExBaseViewer> viewer = d->viewers.last();
         clearWidgetName(*viewer);
@@ -174,6 +182,17 @@ void ExViewerManager::leaveScreen(ExBaseViewer *viewer)
     if (ExScreen *const screen = screenForViewer(viewer)) {
         screen->removeWidget(viewer);
     }
+    if (d->contextToolBar != nullptr) {
+        d->contextToolBar->detachFrom(viewer->renderWidget());
+    }
+}
+
+ExContextToolBar *ExViewerManager::contextToolBar()
+{
+    if (d->contextToolBar == nullptr) {
+        d->contextToolBar = new ExContextToolBar;
+    }
+    return d->contextToolBar;
 }
 
 ExBaseViewer *ExViewerManager::activeViewer() const
@@ -191,20 +210,31 @@ void ExViewerManager::setActiveViewer(ExBaseViewer *viewer)
     const McHandle<ExBaseViewer> held(viewer);
     KxEngine::instance().renderQueue().setPreferredRenderer(nullptr);
     if (viewer != theActiveViewer) {
-        // The previous viewer stays alive until everybody has been told.
-        const McHandle<ExBaseViewer> previous(theActiveViewer);
-        theActiveViewer = viewer;
-        if (viewer != nullptr) {
-            viewer->ref();
-        }
-        if (previous) {
-            previous->unref();
-        }
-        ExNotifiable::notify(
-            ExNotification(ExNotification::ACTIVE_VIEWER_CHANGED, viewer, nullptr, previous.get()));
+        changeActiveViewer(viewer);
     }
     if (viewer != nullptr) {
         viewer->activated();
+    }
+}
+
+void ExViewerManager::changeActiveViewer(ExBaseViewer *viewer)
+{
+    // The previous viewer stays alive until everybody has been told.
+    const McHandle<ExBaseViewer> previous(theActiveViewer);
+    theActiveViewer = viewer;
+    if (viewer != nullptr) {
+        viewer->ref();
+    }
+    if (previous) {
+        previous->unref();
+    }
+    contextToolBar()->attachTo(nullptr, Qt::BottomRightCorner);
+    ExNotifiable::notify(
+        ExNotification(ExNotification::ACTIVE_VIEWER_CHANGED, viewer, nullptr, previous.get()));
+    // Who was told may have made yet another viewer the active one, which has the bar by now.
+    if (viewer == theActiveViewer) {
+        QWidget *const widget = viewer == nullptr ? nullptr : viewer->renderWidget();
+        contextToolBar()->attachTo(widget, Qt::BottomRightCorner);
     }
 }
 

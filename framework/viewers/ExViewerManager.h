@@ -10,6 +10,7 @@
 #include <memory>
 
 class ExBaseViewer;
+class ExContextToolBar;
 class ExScreen;
 class ExViewerManagerPrivate;
 
@@ -24,7 +25,7 @@ public:
 
     ExViewerManager(const ExViewerManager &) = delete;
     ExViewerManager &operator=(const ExViewerManager &) = delete;
-    /// Lets all viewers go, the active one too.
+    /// Destroys the context tool bar and lets all viewers go, the active one too.
     virtual ~ExViewerManager();
 
     /// The manager. Undefined before the client has created it.
@@ -51,7 +52,8 @@ public:
     /// it. Of a viewer that the manager does not hold only the object name of the render widget is
     /// cleared.
     void removeViewer(ExBaseViewer *viewer);
-    /// The same for all viewers, from the last to the first.
+    /// Empties the context tool bar, then does the same for all viewers, from the last to the
+    /// first.
     void removeAllViewers();
 
     /// The active viewer, or null.
@@ -59,10 +61,14 @@ public:
     static bool isActiveViewer(const ExBaseViewer &viewer);
     /// Makes a viewer the active one, null for none, and publishes ACTIVE_VIEWER_CHANGED with the
     /// new viewer and the previous one as data when that is a change. A viewer's activation hook is
-    /// called in any case. The active viewer is held.
+    /// called in any case. The active viewer is held. The context tool bar leaves the previous
+    /// viewer before the publication, and floats in the new one's render widget after it.
     virtual void setActiveViewer(ExBaseViewer *viewer);
     /// The screen on which a viewer is, or will be, shown; null when there is none for it.
     virtual ExScreen *screenForViewer(ExBaseViewer *viewer) = 0;
+    /// The tool bar that floats in the active viewer; made on first use, and anew when it was
+    /// destroyed. Never null.
+    ExContextToolBar *contextToolBar();
 
     /// Stops all live viewers: takes back their requested frames, ends their rendering, frees what
     /// was built for it.
@@ -85,6 +91,8 @@ protected:
 
 private:
     void leaveScreen(ExBaseViewer *viewer);
+    /// The part of setActiveViewer() for a viewer that is not the active one.
+    void changeActiveViewer(ExBaseViewer *viewer);
 
     std::unique_ptr<ExViewerManagerPrivate> d;
 };
