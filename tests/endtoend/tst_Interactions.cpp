@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTest>
 
 #include <cmath>
@@ -362,7 +363,8 @@ void tst_Interactions::menuOfViewer()
 {
     m_fixture->show(PhantomSeries::make(Grid::Axial, "phases", 2));
     QTest::mouseClick(slice(0).widget(), Qt::RightButton);
-    auto *const menu = slice(0).widget()->findChild<QMenu *>();
+    const QPointer<QMenu> menu
+        = slice(0).widget()->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
     QVERIFY(menu != nullptr && menu->isVisible());
     findAction(*menu, QStringLiteral("Coronal"))->trigger();
     QCOMPARE(slice(0).plane(), PlaneKind::Coronal);
@@ -372,7 +374,7 @@ void tst_Interactions::menuOfViewer()
     QVERIFY(!ViewerLinks::isAttached(ExViewerDB::ZOOM_GROUP, slice(0)));
     QVERIFY(ViewerLinks::isAttached(ExViewerDB::CAMERA_GROUP, slice(0)));
     menu->close();
-    QTRY_VERIFY(slice(0).widget()->findChild<QMenu *>() == nullptr);
+    QTRY_VERIFY(menu.isNull());
 }
 
 void tst_Interactions::volumeViewerTellsWithoutDisplay()
