@@ -1,5 +1,6 @@
 #include "framework/input/ExEventHandler.h"
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExShapeTool.h"
 #include "tests/framework/tools/FakeTool.h"
 #include "tests/support/FakeViewerManager.h"
@@ -194,6 +195,7 @@ void tst_ExModal::cleanup()
     m_watch.act = {};
     m_manager.setActiveViewer(nullptr);
     m_manager.removeAllViewers();
+    delete m_manager.contextToolBar();
     QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
 }
 

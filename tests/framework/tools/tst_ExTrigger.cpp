@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
         tool->enabled = false;
         const QPointer<QMenu> second = trigger->action()->menu();
-    Q_EMIT second->aboutToShow();
+        Q_EMIT second->aboutToShow();
         QVERIFY(actions.at(0)->isEnabled()); // Nobody refreshes this menu.
         qDeleteAll(m_app.actions);
         QVERIFY(menu.isNull() && second.isNull());
