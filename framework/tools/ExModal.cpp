@@ -14,13 +14,6 @@ namespace {
 constexpr unsigned buttonBits = Kx::LeftButton | Kx::MiddleButton | Kx::RightButton;
 constexpr unsigned modifierBits = Kx::ShiftModifier | Kx::ControlModifier | Kx::AltModifier;
 
-/// Keeps a tool from being destroyed by what it calls. A tool that nobody holds, which its owner
-/// deletes, is left alone: a handle of ours would be the first and the last.
-McHandle<ExModal> keep(ExModal *tool)
-{
-    return tool->references() > 0 ? tool : nullptr;
-}
-
 /// The bits of the buttons that a mouse event is about: the one that has changed, and those held.
 unsigned buttonsOf(const ExEvent &event)
 {
@@ -46,7 +39,7 @@ bool offerTo(const ExModal &tool, ExBaseViewer &viewer, const ExEvent &event, in
     if (real == nullptr || (event.isActivating() && real->needsExclusiveClickForActivation())) {
         return false;
     }
-    const McHandle<ExModal> held = keep(real);
+    const McHandle<ExModal> held = ModalStage::keep(real);
     return real->processEvent(event, cursorShape);
 }
 
@@ -99,7 +92,7 @@ void ExModal::setStateIgnoreMask(int bits)
 
 bool ExModal::setActive(bool on)
 {
-    const McHandle<ExModal> held = keep(this);
+    const McHandle<ExModal> held = ModalStage::keep(this);
     if (!ExTool::setActive(on)) {
         return false;
     }
@@ -119,8 +112,11 @@ void ExModal::begin()
         stage.wait(this);
         return;
     }
-    const McHandle<ExModal> held = keep(this);
+    const McHandle<ExModal> held = ModalStage::keep(this);
     stage.enter(this);
+    if (stage.isAtWork(this)) {
+        stage.refreshToolBar();
+    }
     // Whoever is told may switch the tool off, and destroy it.
     for (const auto type : {ExNotification::ACTIVE_TOOL_CHANGED, ExNotification::TOOL_ACTIVATED}) {
         if (stage.isAtWork(this)) {
@@ -132,6 +128,8 @@ void ExModal::begin()
 void ExModal::end()
 {
     if (ModalStage::instance().leave(this)) {
+        ModalStage::removeSubTools(this);
+        ModalStage::instance().showHint();
         publish(ExNotification::TOOL_DEACTIVATED, this);
     }
 }
@@ -139,6 +137,16 @@ void ExModal::end()
 ExModal *ExModal::realTool(const ExBaseViewer *viewer) const
 {
     return supportsViewer(viewer) ? const_cast<ExModal *>(this) : nullptr;
+}
+
+QString ExModal::displayHint(const ExBaseViewer * /*viewer*/) const
+{
+    return {};
+}
+
+void ExModal::updateDisplayHint()
+{
+    ModalStage::instance().showHint();
 }
 
 bool ExModal::processEvent(const ExEvent &event, int &cursorShape)
@@ -177,8 +185,8 @@ bool ExModal::offer(const ExEvent &event, int &cursorShape)
     const QPointer<QObject> widget(event.object);
     const McDArray<ExModal *> tools = viewer->modalTools();
     for (int i = tools.size(); i-- > 0;) {
-        if (widget.isNull()) {
-            return true; // The viewer was closed.
+        if (widget.isNull() || viewer->references() == 1) {
+            return true; // The viewer was closed: only the walk still holds it.
         }
         if (viewer->modalTools().contains(tools[i])
             && offerTo(*tools[i], *viewer, event, cursorShape)) {

@@ -4,6 +4,8 @@
 #include "framework/tools/ExTool.h"
 #include "platform/render/Kx.h"
 
+#include <QString>
+
 class ExEvent;
 
 /// Base of tools that take over the mouse, wheel and keys of viewers while they are active. While
@@ -17,7 +19,8 @@ public:
     /// @param state the buttons and modifiers that drive the tool, as bits of Kx::ButtonState.
     /// @param exclusive whether the tool has these to itself on a viewer, see setActive().
     ExModal(const char *name, int state, bool exclusive);
-    /// The tool vanishes from all viewers. Destroyed while active, it publishes nothing.
+    /// The tool vanishes from all viewers. Destroyed while active, it publishes nothing, and
+    /// leaves its sub-tools on the context tool bar: switch it off before.
     ~ExModal() override;
 
     /// Always true: whether the tool is of use with a viewer is told by supportsViewer().
@@ -35,9 +38,11 @@ public:
     /// the tool begins, or ends, its work:
     ///  - It begins by going to the end of the modal tools of each viewer that it supports. When it
     ///    is exclusive, the other exclusive tools with an equal stateForUse() leave that viewer
-    ///    first; one that has no viewer left is switched off. Then ACTIVE_TOOL_CHANGED and
-    ///    TOOL_ACTIVATED are published.
-    ///  - It ends by leaving all viewers, and TOOL_DEACTIVATED is published.
+    ///    first; one that has no viewer left is switched off. Then the context tool bar gets its
+    ///    sub-tools and hint, and ACTIVE_TOOL_CHANGED and TOOL_ACTIVATED are published.
+    ///  - It ends by leaving all viewers; the context tool bar loses its sub-tools and gets the
+    ///    hint of the tool that is asked first now; TOOL_DEACTIVATED is published.
+    /// Sub-tools are those of a tool that is a group as well and is held by a handle.
     /// The notifications carry the active viewer, this tool and no data. Without an active viewer a
     /// tool that is switched on begins when a viewer becomes the active one, and one that is
     /// switched off ends without a notification.
@@ -47,6 +52,10 @@ public:
     /// and it gets the events. Null when none does. The base returns this tool for the viewers that
     /// it supports; one that stands for others returns the one of them that fits.
     [[nodiscard]] virtual ExModal *realTool(const ExBaseViewer *viewer) const;
+    /// One line on what can be done now, shown over the context tool bar while the tool is the one
+    /// that is asked first on the active viewer. The base has none.
+    [[nodiscard]] virtual QString displayHint(const ExBaseViewer *viewer) const;
+
     /// Handles an event of a viewer by calling the handler for its kind. A wheel event with
     /// modifiers is left alone when these are not the tool's.
     /// @param cursorShape the Kx::KxCursorShape that the pointer is to have over the viewer: the
@@ -104,6 +113,10 @@ public:
         const ExEvent &event, Kx::KeyEvent &code, Kx::Key &key, Kx::ButtonState &state);
     /// The modifiers held, without the buttons. @return always true.
     static bool mapToKxButtonState(const ExEvent &event, Kx::ButtonState &state);
+
+protected:
+    /// Has the hint asked for anew, when there is another thing to say.
+    static void updateDisplayHint();
 
 private:
     friend class ModalStage;

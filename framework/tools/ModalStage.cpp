@@ -1,9 +1,13 @@
 #include "framework/tools/ModalStage.h"
 
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExModal.h"
+#include "framework/tools/ExToolGroup.h"
 #include "framework/viewers/ExBaseViewer.h"
 #include "framework/viewers/ExViewerManager.h"
+
+#include <QTimer>
 
 #include <algorithm>
 
@@ -36,6 +40,23 @@ bool isOnShow(const ExBaseViewer *viewer)
         && (manager->viewerIndex(viewer) >= 0 || ExViewerManager::isActiveViewer(*viewer));
 }
 
+ExContextToolBar *contextToolBar()
+{
+    ExViewerManager *const manager = ExViewerManager::instancePointer();
+    return manager == nullptr ? nullptr : manager->contextToolBar();
+}
+
+/// The hint of the tool that is asked first on the active viewer.
+QString currentHint()
+{
+    const McHandle<ExBaseViewer> viewer = ModalStage::activeViewer();
+    if (!viewer || viewer->modalTools().isEmpty()) {
+        return {};
+    }
+    const ExModal *const real = viewer->modalTools().last()->realTool(viewer);
+    return real == nullptr ? QString() : real->displayHint(viewer);
+}
+
 /// Tells the stage what becomes of viewers.
 class ViewerWatch : public ExNotifiable
 {
@@ -45,6 +66,10 @@ public:
         ModalStage &stage = ModalStage::instance();
         stage.join(notification.viewer());
         stage.beginWaiting();
+        // When all have been told of another active viewer, the bar floats in it.
+        if (ExContextToolBar *const bar = contextToolBar()) {
+            QTimer::singleShot(0, bar, [] { ModalStage::instance().refreshToolBar(); });
+        }
     }
     void addNotifications() override
     {
@@ -170,4 +195,50 @@ void ModalStage::beginWaiting()
         m_waiting.erase(m_waiting.begin());
         tool->begin();
     }
+}
+
+void ModalStage::showHint()
+{
+    ExContextToolBar *const bar = contextToolBar();
+    if (bar == nullptr) {
+        return;
+    }
+    const QString hint = currentHint();
+    bar->setDisplayHint(hint);
+    // Without sub-tools, and so hidden, the bar shows for the hint alone.
+    if (hint.isEmpty() && m_showsBarForHint) {
+        bar->setVisible(false);
+        m_showsBarForHint = false;
+    } else if (!hint.isEmpty() && !bar->isVisible()) {
+        bar->setVisible(true);
+        m_showsBarForHint = true;
+    }
+}
+
+void ModalStage::removeSubTools(ExModal *tool)
+{
+    const McHandle<ExModal> held = keep(tool);
+    ExContextToolBar *const bar = contextToolBar();
+    if (bar != nullptr && held) {
+        bar->removeSubTools(held);
+    }
+}
+
+void ModalStage::refreshToolBar()
+{
+    ExContextToolBar *const bar = contextToolBar();
+    for (ExModal *const tool : std::vector<ExModal *>(m_atWork)) {
+        const McHandle<ExModal> held = keep(tool);
+        if (bar != nullptr && dynamic_cast<ExToolGroup *>(held.get()) != nullptr) {
+            bar->appendSubTools(held);
+            bar->setVisible(true);
+            m_showsBarForHint = false;
+        }
+    }
+    showHint();
+}
+
+McHandle<ExModal> ModalStage::keep(ExModal *tool)
+{
+    return tool->references() > 0 ? tool : nullptr;
 }

@@ -35,6 +35,16 @@ public:
     void join(ExBaseViewer *viewer);
     /// Has those that wait begin, when there is an active viewer.
     void beginWaiting();
+    /// Shows the hint of the tool that is asked first on the active viewer.
+    void showHint();
+    /// Sub-tools on the context tool bar, for a tool that is held. Nothing without a manager.
+    static void removeSubTools(ExModal *tool);
+    /// Brings the context tool bar up to date with the tools at work.
+    void refreshToolBar();
+
+    /// Keeps a tool from being destroyed by what it calls; a null handle for one that nobody holds,
+    /// which its owner deletes: a handle of ours would be the first and the last.
+    static McHandle<ExModal> keep(ExModal *tool);
 
 private:
     ModalStage() = default;
@@ -49,5 +59,6 @@ private:
     /// Subscribes anew with the first tool, as every tool does that is made after the dispatcher
     /// has let all subscribers go.
     std::unique_ptr<ExNotifiable> m_watch;
+    bool m_showsBarForHint = false;
     int m_numTools = 0;
 };
