@@ -16,11 +16,20 @@ Workstation::Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu)
     , m_interactions(m_layouts, std::move(openMenu))
 {
     QObject::connect(&area, &ViewerArea::resized, &area, [this] { m_screen.reconfigure(); });
+    QObject::connect(
+        &m_measurements, &MeasurementList::changed, &area, [this] { updateOverlays(); });
 }
 
 Workstation::~Workstation()
 {
     m_session.close();
+}
+
+void Workstation::updateOverlays()
+{
+    for (WorkstationViewer *viewer : viewers()) {
+        viewer->updateOverlay();
+    }
 }
 
 WorkstationViewer *Workstation::activeViewer() const

@@ -5,6 +5,7 @@
 #include "client/layout/WorkstationScreen.h"
 #include "client/links/ViewerLinks.h"
 #include "client/loading/StudySession.h"
+#include "client/measurements/MeasurementList.h"
 #include "client/viewers/WorkstationViewerManager.h"
 #include "platform/util/McHandle.h"
 
@@ -13,7 +14,8 @@ class ViewerArea;
 class WorkstationViewer;
 
 /// Everything of the workstation but its windows, put together: screen, viewers, links, layouts,
-/// interactions, studies. One in the process, owned by the main window. GUI thread only.
+/// interactions, studies, measurements. One in the process, owned by the main window. GUI thread
+/// only.
 class Workstation
 {
 public:
@@ -26,6 +28,7 @@ public:
 
     [[nodiscard]] StudySession &session() { return m_session; }
     [[nodiscard]] ViewerLayouts &layouts() { return m_layouts; }
+    [[nodiscard]] MeasurementList &measurements() { return m_measurements; }
     [[nodiscard]] WorkstationScreen &screen() { return m_screen; }
     /// Null when there is none.
     [[nodiscard]] WorkstationViewer *activeViewer() const;
@@ -41,6 +44,9 @@ public:
     [[nodiscard]] bool isSettled() const;
 
 private:
+    void updateOverlays();
+
+    MeasurementList m_measurements;
     WorkstationScreen m_screen;
     McHandle<ViewerLinks> m_links;
     WorkstationViewerManager m_manager;

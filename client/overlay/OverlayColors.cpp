@@ -12,6 +12,15 @@ QColor plane(PlaneKind kind)
     return QColor::fromRgb(colors[static_cast<std::size_t>(kind)]);
 }
 
+QColor measurement(int number)
+{
+    // Okabe and Ito's hues, light enough for thin lines on grey: yellow, sky blue, orange, green,
+    // pink, and a pale violet.
+    static constexpr std::array<QRgb, 6> colors{
+        0xfff0e442, 0xff6cc4f5, 0xfff2a93b, 0xff2fd6a4, 0xffef9cc9, 0xffc3b5ff};
+    return QColor::fromRgb(colors[static_cast<std::size_t>(number) % colors.size()]);
+}
+
 QColor accent()
 {
     return QColor::fromRgb(0xff4fa3d9);

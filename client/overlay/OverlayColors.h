@@ -9,6 +9,8 @@ namespace OverlayColors {
 
 /// The colour that a plane's frame and its reference lines share.
 QColor plane(PlaneKind kind);
+/// The colour of a measurement. @param number from 0; colours come again after the last one.
+QColor measurement(int number);
 /// Frame of the active viewer.
 QColor accent();
 /// Text over images.

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QLineF>
+#include <QPolygonF>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -24,6 +25,17 @@ struct OverlayContent
         friend bool operator==(const Line &, const Line &) = default;
     };
 
+    struct Shape
+    {
+        QPolygonF line; ///< open, or ending where it begins
+        QPolygonF handles;
+        QStringList label; ///< is placed where it covers nothing
+        QColor color;
+        bool isPicked = false;
+
+        friend bool operator==(const Shape &, const Shape &) = default;
+    };
+
     /// Lines of text by Corner; the most important one of each is the outermost.
     std::array<QStringList, 4> corners;
     /// Letters of the patient's sides by Edge.
@@ -31,6 +43,8 @@ struct OverlayContent
     /// The plane's colour; not valid for viewers without a plane.
     QColor planeColor;
     QVector<Line> referenceLines;
+    /// Measurements.
+    QVector<Shape> shapes;
     /// Size of a pixel for the scale bar; 0 for none.
     double mmPerPixel = 0;
     bool isActive = false;

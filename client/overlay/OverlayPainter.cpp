@@ -2,6 +2,7 @@
 
 #include "client/overlay/OverlayColors.h"
 #include "client/overlay/ScaleBar.h"
+#include "client/overlay/ShapePainter.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -42,6 +43,7 @@ QRect OverlayPainter::badgeRect(const QSize &size)
 void OverlayPainter::paint(QPainter &painter, const QSize &size, const OverlayContent &content)
 {
     paintLines(painter, content);
+    ShapePainter(painter, m_text, size).paint(content.shapes);
     paintTexts(painter, size, content);
     paintBadge(painter, size, content.link);
     paintProgress(painter, size, content.progress);

@@ -2,6 +2,7 @@
 
 #include "client/geometry/PlaneGeometry.h"
 #include "client/links/ViewerLinks.h"
+#include "client/measurements/MeasurementView.h"
 #include "client/overlay/OverlayColors.h"
 #include "client/overlay/OverlaySettings.h"
 #include "client/overlay/SeriesTexts.h"
@@ -168,5 +169,6 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
         addTexts(content, viewer);
     }
     addReferenceLines(content, viewer);
+    content.shapes = MeasurementView::shapes(viewer);
     return content;
 }

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "client/measurements/Measurement.h"
+#include "client/measurements/RegionStatistics.h"
+
+#include <QObject>
+
+#include <map>
+#include <tuple>
+
+class LoadedSeries;
+
+/// All measurements of the workstation, and which of them is picked. One, owned by the workstation.
+/// GUI thread only.
+class MeasurementList final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(MeasurementList)
+
+public:
+    MeasurementList();
+    ~MeasurementList() override;
+
+    /// Null when there is none.
+    static MeasurementList *instancePointer();
+
+    /// In the order in which they were made.
+    [[nodiscard]] const std::vector<Measurement> &all() const { return m_all; }
+    /// Null for an unknown id.
+    [[nodiscard]] const Measurement *find(int id) const;
+    /// The one that is being drawn, or null.
+    [[nodiscard]] const Measurement *draft() const;
+    /// Adds a measurement under a new id and a name of its own, e.g. "Distance 3". @return the id.
+    int add(Measurement measurement);
+    /// Replaces the one with this id; ignored when there is none, or nothing changes.
+    void update(const Measurement &measurement);
+    /// Ignored for an unknown id.
+    void remove(int id);
+    void clear();
+
+    /// The id of the picked one, 0 for none.
+    [[nodiscard]] int picked() const { return m_picked; }
+    /// An unknown id picks none.
+    void setPicked(int id);
+
+    /// What a region encloses in a phase of a series; kept until the region changes. Nothing while
+    /// the series is still being read, and where RegionStatistics has none.
+    [[nodiscard]] std::optional<RegionStatistics> statistics(
+        const Measurement &region, const LoadedSeries &series, int phase) const;
+
+Q_SIGNALS:
+    void added(int id);
+    void updated(int id);
+    void removed(int id);
+    /// Another one is picked, or none.
+    void pickedChanged(int id);
+    /// After each of the others.
+    void changed();
+
+private:
+    using StatisticsKey = std::tuple<int, std::string, int>;
+
+    void forgetStatistics(int id);
+
+    std::vector<Measurement> m_all;
+    std::map<Measurement::Kind, int> m_numbers;
+    int m_lastId = 0;
+    int m_picked = 0;
+    mutable std::map<StatisticsKey, std::optional<RegionStatistics>> m_statistics;
+};
