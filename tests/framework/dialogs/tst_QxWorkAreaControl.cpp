@@ -38,18 +38,6 @@ class tst_QxWorkAreaControl : public QObject
 private Q_SLOTS:
     void init() { m_app.setProgressInterface(&m_display); }
 
-    void relaysEverything()
-    {
-        QxWorkAreaControl control(nullptr);
-        control.startWorking("Load");
-        control.startWorkingNoStop("Save");
-        control.reportProgress(0.5F);
-        control.setProgressInfo("Slice 3");
-        QCOMPARE(control.wasInterrupted(), 2);
-        control.stopWorking();
-        QCOMPARE(m_display.take(), u"start Load,no stop Save,0.5,info Slice 3,stop"_s);
-    }
-
     void noDelayShowsAtOnce()
     {
         QxTimedWorkAreaControl control(0, nullptr);

@@ -21,8 +21,18 @@ ExNotifiables &bus()
     return ExNotifiables::getInstance();
 }
 
+/// A base of a subscriber that publishes when it goes, after the subscriber's part has gone.
+class LastWord
+{
+public:
+    LastWord() = default;
+    LastWord(const LastWord &) = delete;
+    LastWord &operator=(const LastWord &) = delete;
+    ~LastWord() { ExNotifiable::notify(CLEANUP); }
+};
+
 /// Subscribes too early: in its constructor.
-class Eager : public Recorder
+class Eager : public LastWord, public Recorder
 {
 public:
     explicit Eager(QStringList &log)

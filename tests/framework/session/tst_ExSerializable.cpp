@@ -1,5 +1,4 @@
 #include "framework/session/ExSerializable.h"
-#include "framework/session/ExSessionData.h"
 
 #include <QTest>
 
@@ -48,17 +47,6 @@ private Q_SLOTS:
         ExSerializable::instances(all);
         QCOMPARE(all.size(), 7);
         QVERIFY(all[0] == &first && all[1] == &third && all[5] == &others[3] && all[6] == &last);
-    }
-
-    void sessionData()
-    {
-        ExSessionData session;
-        session.setBlock(u"b"_s, "1");
-        session.setBlock(u"a"_s, {});
-        session.setBlock(u"b"_s, "2");
-        QCOMPARE(session.persistentNames(), QStringList({u"a"_s, u"b"_s}));
-        QCOMPARE(session.block(u"b"_s) + session.block(u"c"_s), QByteArray("2"));
-        QVERIFY(session.contains(u"a"_s) && !session.contains(u"c"_s));
     }
 };
 

@@ -180,9 +180,7 @@ private Q_SLOTS:
     {
         FakeTool tool("t");
         tool.addPropertyKey(std::string("UI.Zoom?.*"));
-        const QRegularExpression pattern = tool.getPropertyKeys().constFirst();
-        QVERIFY(pattern.match(u"UI.Zoom1.Speed"_s).hasMatch());
-        QVERIFY(!pattern.match(u"ui.zoom1.speed"_s).hasMatch());
+        QVERIFY(tool.getPropertyKeys().constFirst().match(u"UI.Zoom1.Speed"_s).hasMatch());
         ExTool::doInitCallbacks();
         ExTool::doInitCallbacks();
         QCOMPARE(callbacks, 110);

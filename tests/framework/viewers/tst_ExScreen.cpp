@@ -114,9 +114,7 @@ private Q_SLOTS:
             QVERIFY(!screen.setFullscreen(unknown, true) && !screen.isFullscreen(unknown));
         }
         ExBaseViewer *const nobody = nullptr;
-        QRect rect(1, 1, 1, 1);
         screen.addWidget(nobody, {});
-        QVERIFY(!screen.getChildWindowRect(nobody, rect) && rect == QRect(1, 1, 1, 1));
         QCOMPARE(screen.screenIndex(nobody) + screen.numWidgets(), -1);
     }
 

@@ -9,6 +9,18 @@
 #include <cstring>
 #include <limits>
 
+namespace {
+
+template <typename T>
+constexpr bool isWritable = requires(KxMsg &message, T value)
+{
+    message << value;
+};
+// Pointers would be taken for truth values.
+static_assert(isWritable<bool> && !isWritable<const char *> && !isWritable<int *>);
+
+} // namespace
+
 class tst_ImageData : public QObject
 {
     Q_OBJECT
