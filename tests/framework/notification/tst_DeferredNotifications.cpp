@@ -115,12 +115,13 @@ private Q_SLOTS:
 
     void publishingAndResettingInsideTheDeferredDelivery()
     {
-        const Recorder publisher(QString(), m_log, {CLEANUP}, [](const ExNotification &n) {
+        const Recorder publisher(QString(), m_log, {CLEANUP}, [this](const ExNotification &n) {
             if (dataOf(n) == 1) {
                 bus().notifyDelayed(note(2)); // Comes after all that waited, though one equals it.
                 bus().notify(note(5));
             } else if (dataOf(n) == 3) {
                 bus().deleteAllTools();
+                bus().addNotification(m_recorder.get(), CLEANUP);
             }
         });
         bus().notifyDelayed(note(1));

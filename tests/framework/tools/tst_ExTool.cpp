@@ -122,8 +122,11 @@ private Q_SLOTS:
             QCOMPARE(ExTool::getToolByDecorationKey(key, true), nullptr);
         }
         m_settings.setPolicy(R"({"renamedTools": {"Make5": "Made5"}})");
-        const McHandle<ExTool> made = ExTool::getToolByDecorationKey("Make5", true);
+        McHandle<ExTool> made = ExTool::getToolByDecorationKey("Make5", true);
         QCOMPARE(made->decorationKey(), "Made5");
+        made.reset();
+        made = ExTool::getToolByDecorationKey("Made5", true); // The factory is still there.
+        QVERIFY(made);
         QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), made.get());
         m_settings.setPolicy(R"({"deniedTools": ["Made5"]})");
         QCOMPARE(ExTool::getToolByDecorationKey("Made5", true), nullptr);

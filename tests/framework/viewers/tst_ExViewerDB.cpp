@@ -136,6 +136,7 @@ private Q_SLOTS:
         QCOMPARE(first->viewers(), Viewers({a, b})); // Keeps listing b, which is found elsewhere.
         DB::clear(c); // However often it is in; groups without viewers go, the others are found.
         QCOMPARE(DB::numGroups(zoom) + DB::numGroups("other"), 2);
+        DB::createGroup(zoom, {}, true); // Where the last one was before.
         QCOMPARE(DB::groupId(zoom, a) + DB::groupId(zoom, b), std::string("13"));
 
         DB::appendViewer(zoom, b, c, true);

@@ -133,20 +133,20 @@ private Q_SLOTS:
     {
         const McHandle<FakeViewer> last(new FakeViewer(u"last"_s, &m_log));
         m_manager->add(last);
-        b->preferred = true;
+        a->preferred = true;
         c->type = static_cast<Ex::ViewerType>(2);
         m_manager->removeAllViewers();
         QCOMPARE(std::exchange(m_log, {}).join(u", "),
             u"last putAside final, c putAside, b putAside, a putAside"_s);
-        a->offScreen = true;
-        QCOMPARE(m_manager->unusedViewer(FakeViewer::usualType), b);
-        QVERIFY(!m_manager->unusedViewer(FakeViewer::usualType));
-        a->offScreen = false;
+        b->offScreen = true;
         QCOMPARE(m_manager->unusedViewer(FakeViewer::usualType), a);
+        QVERIFY(!m_manager->unusedViewer(FakeViewer::usualType));
+        b->offScreen = false;
+        QCOMPARE(m_manager->unusedViewer(FakeViewer::usualType), b);
         m_viewers = {};
         m_manager->deleteUnusedViewers();
         QCOMPARE(std::exchange(m_log, {}).join(u", "),
-            u"b clearCachedImages, b takenBack, a clearCachedImages, a takenBack, a gone, b gone, c gone"_s);
+            u"a clearCachedImages, a takenBack, b clearCachedImages, b takenBack, a gone, b gone, c gone"_s);
     }
 
     void hooksOfAllViewers()

@@ -190,9 +190,8 @@ private Q_SLOTS:
             KxProperty<T> property("k", defaultValue, store);
             const bool read = KxProperty<T>::stored("k", store).has_value();
             // An unreadable text leaves the default, also later and when it is set by hand.
-            const bool keepsDefault = property.value() == defaultValue
-                && !property.changeFromString(text) && !property.reload()
-                && property.value() == defaultValue;
+            const bool keepsDefault = property.value() == defaultValue && !property.reload()
+                && !property.changeFromString(text) && property.value() == defaultValue;
             readBy += read || !keepsDefault ? QString(QLatin1Char(letter)) : QString();
         };
         tryType('b', false);
