@@ -138,8 +138,8 @@ private Q_SLOTS:
         m_manager->removeAllViewers();
         QCOMPARE(std::exchange(m_log, {}).join(u", "),
             u"last putAside final, c putAside, b putAside, a putAside"_s);
-        b->offScreen = true;
         QCOMPARE(m_manager->unusedViewer(FakeViewer::usualType), a);
+        b->offScreen = true;
         QVERIFY(!m_manager->unusedViewer(FakeViewer::usualType));
         b->offScreen = false;
         QCOMPARE(m_manager->unusedViewer(FakeViewer::usualType), b);
