@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/rights/UserFunctionPermissions.h"
+#include "tests/support/Files.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 /// Keeps settings, rights, log and audit file of the process in a folder of their own, so that no
@@ -22,13 +22,10 @@ public:
     /// Puts another policy in force; JSON, see UserFunctionPermissions.
     void setPolicy(const QByteArray &policy)
     {
-        QFile file(path("policy.json"));
-        if (!file.open(QIODevice::WriteOnly) || file.write(policy) != policy.size()) {
-            qFatal("The policy cannot be written");
-        }
-        file.close();
-        qputenv("MOVARA_POLICY_FILE", file.fileName().toUtf8());
-        Zel::UserFunctionPermissions::instance().load(file.fileName());
+        const QString name = path("policy.json");
+        writeFile(name, policy);
+        qputenv("MOVARA_POLICY_FILE", name.toUtf8());
+        Zel::UserFunctionPermissions::instance().load(name);
     }
     /// Full name of a file in the folder.
     [[nodiscard]] QString path(const char *name) const

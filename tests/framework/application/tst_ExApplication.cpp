@@ -3,6 +3,7 @@
 #include "platform/toolkit/QxStyleFactory.h"
 #include "platform/util/McProgressInterface.h"
 #include "tests/support/FakeApplication.h"
+#include "tests/support/Files.h"
 #include "tests/support/PrivateSettings.h"
 #include "tests/support/Rows.h"
 
@@ -50,16 +51,14 @@ private Q_SLOTS:
         QFETCH(QByteArray, policy);
         QFETCH(QByteArray, stored);
         m_settings.setPolicy(policy);
-        QFile file(m_settings.path("settings.ini"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(stored.isEmpty() ? stored : QByteArray("UI.ColorScheme=" + stored + '\n'));
-        file.close();
-        QProcess
-            client; // The setting lives as long as its process, so each row has one of its own.
+        writeFile(m_settings.path("settings.ini"),
+            stored.isEmpty() ? stored : QByteArray("UI.ColorScheme=" + stored + '\n'));
+        // The setting lives as long as its process, so each row has one of its own.
+        QProcess client;
         client.start(QCoreApplication::applicationFilePath(), {u"--style"_qs});
         QVERIFY(client.waitForFinished());
         QTEST(client.readAllStandardOutput(), "style");
-        QVERIFY(file.remove());
+        QVERIFY(QFile::remove(m_settings.path("settings.ini")));
     }
 
     void styles()

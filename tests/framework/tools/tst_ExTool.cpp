@@ -1,6 +1,7 @@
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
+#include "tests/support/Files.h"
 #include "tests/support/PrivateSettings.h"
 
 #include <QDir>
@@ -108,9 +109,8 @@ private Q_SLOTS:
         QVERIFY(QDir::setCurrent(m_settings.path("")));
         ExTool::dumpTools();
         ExTool::dumpTools();
-        QFile file(u"MovaraTools.txt"_s);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("Auto-generated file by Extool.\n\nA\nB\n"));
+        QCOMPARE(
+            readFile(u"MovaraTools.txt"_s), QByteArray("Auto-generated file by Extool.\n\nA\nB\n"));
     }
 
     void creationOnDemand()

@@ -3,6 +3,7 @@
 #include "platform/backend/KxServerPeer.h"
 #include "platform/backend/KxWebServiceServer.h"
 #include "tests/platform/properties/ProgramLog.h"
+#include "tests/support/Files.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -90,11 +91,9 @@ private Q_SLOTS:
         QStringList last;
         const QStringList names = folder.entryList(QDir::Files, QDir::Name);
         for (const QString &name : names) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QVERIFY(file.size() > 0 && file.size() <= 200);
-            last.append(
-                name + u' ' + QString::fromUtf8(file.readAll().trimmed().split('\n').last()));
+            const QByteArray text = readFile(folder.filePath(name));
+            QVERIFY(!text.isEmpty() && text.size() <= 200);
+            last.append(name + u' ' + QString::fromUtf8(text.trimmed().split('\n').last()));
         }
         // 12 lines of 16 bytes fit into a file once all numbers have two digits.
         QCOMPARE(names.join(u' '), u"a.1.jsonl a.2.jsonl a.jsonl"_s);

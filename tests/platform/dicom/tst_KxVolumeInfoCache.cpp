@@ -1,4 +1,5 @@
 #include "platform/dicom/KxVolumeInfoCache.h"
+#include "tests/support/Files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -106,11 +107,9 @@ private Q_SLOTS:
 private:
     McFilename makeFile(const char *name, const QByteArray &content = "x")
     {
-        QFile file(m_folder->filePath(QString::fromLatin1(name)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("cannot write the test file");
-        }
-        return file.filesystemFileName();
+        const QString fileName = m_folder->filePath(QString::fromLatin1(name));
+        writeFile(fileName, content);
+        return fileName.toStdString();
     }
 
     /// A reader that takes a file's content as its name and notes which files it read.

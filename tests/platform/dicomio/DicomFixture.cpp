@@ -1,9 +1,8 @@
 #include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/Files.h"
 
 #include "platform/dicomio/DicomScanner.h"
 #include "platform/dicomio/DicomWriter.h"
-
-#include <QFile>
 
 #include <cstdio>
 #include <numeric>
@@ -102,17 +101,13 @@ McFilename DicomFixture::addBytes(
 
 McFilename DicomFixture::addText(const std::string &name, const QByteArray &content)
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        qFatal("cannot write %s", name.c_str());
-    }
+    writeFile(QString::fromStdString(path(name).string()), content);
     return path(name);
 }
 
 QByteArray DicomFixture::read(const std::string &name) const
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return readFile(QString::fromStdString(path(name).string()));
 }
 
 McHandle<Zel::DicomDirectoryEntry> DicomFixture::onlySeries()

@@ -2,6 +2,7 @@
 #include "platform/properties/KxProperty.h"
 #include "platform/properties/KxSiteSettings.h"
 #include "tests/platform/properties/ProgramLog.h"
+#include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 
 #include <QDir>
@@ -26,19 +27,6 @@ int writeAsSecondProcess(const QString &fileName, const QString &name)
         }
     }
     return 0;
-}
-
-QByteArray contentOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void setContent(const QString &fileName, const QByteArray &content)
-{
-    QFile file(fileName);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), qint64(content.size()));
 }
 
 } // namespace
@@ -90,7 +78,7 @@ private Q_SLOTS:
 
     void filesWrittenByHand()
     {
-        setContent(
+        writeFile(
             m_file, "; comment\nUI.Split=1, 2\nUI.Name=Movara Dark\n[Group]\nUI.Quoted=\"a, b\"\n");
         const KxFileSerializer store(m_file);
         QCOMPARE(KxProperty<QList<int>>::stored("UI.Split", store), (QList<int>{1, 2}));
@@ -101,15 +89,15 @@ private Q_SLOTS:
     void siteDefaultsGiveWayToTheUser()
     {
         const QString siteFile = m_folder->filePath(u"site.ini"_s);
-        setContent(siteFile, "UI.A=site\nUI.B=site\n");
+        writeFile(siteFile, "UI.A=site\nUI.B=site\n");
         const KxSiteSettings site(siteFile);
         KxFileSerializer store(m_file, &site);
         QVERIFY(store.write(u"UI.B"_s, u"user"_s));
         QCOMPARE(store.read(u"UI.A"_s), u"site"_s);
         QCOMPARE(store.read(u"UI.B"_s), u"user"_s);
-        QCOMPARE(contentOf(siteFile), QByteArray("UI.A=site\nUI.B=site\n"));
+        QCOMPARE(readFile(siteFile), QByteArray("UI.A=site\nUI.B=site\n"));
 
-        setContent(siteFile, QByteArray(100, '\0'));
+        writeFile(siteFile, QByteArray(100, '\0'));
         const KxSiteSettings damaged(siteFile);
         QVERIFY(damaged.failed() && damaged.values().isEmpty());
         QVERIFY(!KxSiteSettings(m_folder->filePath(u"absent.ini"_s)).failed());
@@ -163,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(store.write(u"a"_s, u"1111"_s));
         QVERIFY(store.write(u"b"_s, u"1111"_s));
         const QDateTime time = QFileInfo(m_file).lastModified();
-        setContent(m_file, contentOf(m_file).replace("a=1111", "a=2222"));
+        writeFile(m_file, readFile(m_file).replace("a=1111", "a=2222"));
         QFile file(m_file);
         QVERIFY(file.open(QIODevice::ReadWrite)
             && file.setFileTime(time, QFileDevice::FileModificationTime));
@@ -172,7 +160,7 @@ private Q_SLOTS:
 
         QVERIFY(store.write(u"b"_s, u"3333"_s));
         QCOMPARE(store.read(u"a"_s), u"2222"_s);
-        QVERIFY(contentOf(m_file).contains("a=2222\nb=3333"));
+        QVERIFY(readFile(m_file).contains("a=2222\nb=3333"));
     }
 
     void damagedFileIsSetAside_data()
@@ -190,7 +178,7 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, content);
         QFETCH(const bool, writesFirst);
-        setContent(m_file, content);
+        writeFile(m_file, content);
         KxFileSerializer store(m_file);
         if (!writesFirst) {
             KxProperty<int> property("UI.A", 8, store);
@@ -202,7 +190,7 @@ private Q_SLOTS:
         const QStringList now = files();
         QCOMPARE(now.size(), 2);
         QVERIFY2(now[1].startsWith("settings.ini.damaged-"_L1), qUtf8Printable(now[1]));
-        QCOMPARE(contentOf(m_folder->filePath(now[1])), content);
+        QCOMPARE(readFile(m_folder->filePath(now[1])), content);
         const KxFileSerializer restarted(m_file);
         QCOMPARE(restarted.read(u"UI.B"_s), u"2"_s);
         QCOMPARE(m_log.take(),
@@ -234,12 +222,12 @@ private Q_SLOTS:
     void linkIsKept()
     {
         const QString target = m_folder->filePath(u"shared.ini"_s);
-        setContent(target, "UI.A=1\n");
+        writeFile(target, "UI.A=1\n");
         QVERIFY(QFile::link(target, m_file));
         KxFileSerializer store(m_file);
         QVERIFY(store.write(u"UI.B"_s, u"2"_s));
         QCOMPARE(QFile::symLinkTarget(m_file), target);
-        QVERIFY(contentOf(target).contains("UI.B=2"));
+        QVERIFY(readFile(target).contains("UI.B=2"));
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "platform/properties/KxFileSerializer.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "tests/platform/properties/ProgramLog.h"
+#include "tests/support/Files.h"
 
 #include <QTest>
 
@@ -45,10 +46,7 @@ private Q_SLOTS:
     void registrationRunsOnFirstUse()
     {
         const QString siteFile = m_folder.filePath(u"site.ini"_s);
-        QFile site(siteFile);
-        QVERIFY(site.open(QIODevice::WriteOnly));
-        site.write("UI.Size=9\nUI.Scheme=Movara Light\n");
-        site.close();
+        writeFile(siteFile, "UI.Size=9\nUI.Scheme=Movara Light\n");
         qputenv("MOVARA_SITE_SETTINGS", siteFile.toUtf8());
         qputenv("MOVARA_SETTINGS_FILE", m_folder.filePath(u"user/settings.ini"_s).toUtf8());
 

@@ -1,5 +1,6 @@
 #include "platform/rights/UserFunctionPermissions.h"
 #include "tests/platform/properties/ProgramLog.h"
+#include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 
 #include <QProcess>
@@ -158,10 +159,9 @@ private Q_SLOTS:
 private:
     QString write(const char *name, const QByteArray &content)
     {
-        QFile file(m_folder.filePath(QString::fromUtf8(name)));
-        const bool written
-            = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-        return written ? file.fileName() : QString();
+        const QString fileName = m_folder.filePath(QString::fromUtf8(name));
+        writeFile(fileName, content);
+        return fileName;
     }
 
     ProgramLog m_log;

@@ -1,6 +1,6 @@
 #include "platform/util/McLogFile.h"
+#include "tests/support/Files.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -16,9 +16,7 @@ private Q_SLOTS:
         McLogFile log;
         log.print("ToolLog", "100 % of {} {0} triggered");
         log.flush();
-        QFile file(QString::fromStdString(log.fileName()));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
+        const QByteArray text = readFile(QString::fromStdString(log.fileName()));
         QVERIFY2(text.endsWith(" I [ToolLog] 100 % of {} {0} triggered\n"), text.constData());
     }
 
