@@ -10,6 +10,7 @@
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/ProgressLine.h"
 #include "client/panels/StudyTree.h"
+#include "client/toolbars/ToolBars.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/application/BuildVersion.h"
@@ -49,6 +50,7 @@ MainWindow::MainWindow()
     WorkstationApplication::instance().setMainWindow(this);
     WorkstationApplication::instance().setProgressInterface(m_progress);
     MainMenus::build(*menuBar());
+    m_toolBars = std::make_unique<ToolBars>(*this);
     connectSession();
     clearFound();
     m_activeWatch = new NotificationWatch(

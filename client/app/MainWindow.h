@@ -13,6 +13,7 @@ class QLabel;
 class SampleMaker;
 class StudyTree;
 class ThumbnailMaker;
+class ToolBars;
 class ViewerArea;
 
 /// The workstation's main window: list of studies, viewers, menus, status line. Needs the
@@ -69,5 +70,6 @@ private:
     QString m_openProblem;
     bool m_wantsThumbnails = false;
     std::unique_ptr<Workstation> m_workstation;
+    std::unique_ptr<ToolBars> m_toolBars;
     McHandle<ExNotifiable> m_activeWatch;
 };

@@ -6,8 +6,9 @@
 
 #include <QDialogButtonBox>
 #include <QFile>
-#include <QKeySequence>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextCursor>
@@ -121,6 +122,7 @@ HelpWindow::HelpWindow(QWidget *parent)
     setAnchors(*m_text->document(), keys);
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    buttons->button(QDialogButtonBox::Close)->setIcon({});
     auto *const layout = new QVBoxLayout(this);
     layout->addWidget(m_text);
     layout->addWidget(buttons);
@@ -142,6 +144,6 @@ QString HelpWindow::reference(const QString &topic)
 
 void HelpWindow::showTopic(const QString &topic)
 {
-    m_text->moveCursor(QTextCursor::Start);
+    m_text->verticalScrollBar()->setValue(0);
     m_text->scrollToAnchor(reference(topic).section(QLatin1Char('#'), 1));
 }

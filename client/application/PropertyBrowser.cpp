@@ -59,16 +59,23 @@ PropertyBrowser::PropertyBrowser(const std::list<KxVariant *> &properties,
         }
     }
     m_tree->expandAll();
+    m_tree->resizeColumnToContents(Name);
     m_tree->sortItems(Name, Qt::AscendingOrder);
     m_message->setVisible(m_rows.empty());
     update();
 }
 
+PropertyBrowser::~PropertyBrowser()
+{
+    hide(); // Fields that lose the focus tell their values, while there is somebody to be told.
+}
+
 void PropertyBrowser::build()
 {
-    constexpr QSize size(640, 480);
-    constexpr int nameWidth = 288;
+    constexpr QSize size(760, 560);
     constexpr int resetWidth = 40;
+    m_search->setObjectName(QStringLiteral("Search"));
+    m_resetAll->setObjectName(QStringLiteral("ResetAll"));
     m_search->setPlaceholderText(tr("Search settings"));
     m_search->setAccessibleName(tr("Search settings"));
     m_search->setClearButtonEnabled(true);
@@ -76,7 +83,6 @@ void PropertyBrowser::build()
     m_tree->setHeaderLabels({tr("Setting"), tr("Value"), QString()});
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(Value, QHeaderView::Stretch);
-    m_tree->setColumnWidth(Name, nameWidth);
     m_tree->setColumnWidth(Reset, resetWidth);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);
     m_tree->setFocusPolicy(Qt::NoFocus);
@@ -86,7 +92,11 @@ void PropertyBrowser::build()
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     buttons->addButton(m_resetAll, QDialogButtonBox::ResetRole);
     m_resetAll->setToolTip(tr("Puts all settings shown here back to their defaults"));
-    m_resetAll->setAutoDefault(false);
+    // The return key ends the entry of a value, nothing else.
+    for (QPushButton *button : buttons->findChildren<QPushButton *>()) {
+        button->setAutoDefault(false);
+        button->setIcon({});
+    }
     auto *const layout = new QVBoxLayout(this);
     for (QWidget *widget : std::initializer_list<QWidget *>{m_search, m_tree, m_message, buttons}) {
         layout->addWidget(widget);

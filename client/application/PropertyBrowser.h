@@ -26,6 +26,8 @@ public:
     PropertyBrowser(const std::list<KxVariant *> &properties,
         const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden,
         QWidget *parent);
+    /// Takes over what is being entered.
+    ~PropertyBrowser() override;
 
     /// How many settings were changed here, each counted once.
     [[nodiscard]] int numChanged() const;

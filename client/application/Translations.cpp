@@ -39,7 +39,8 @@ void replace(std::unique_ptr<QTranslator> &present, std::unique_ptr<QTranslator>
 
 QString wanted(const QString &given)
 {
-    const QString chosen = given.isEmpty() ? languageProperty().value() : given;
+    const QString setting = languageProperty().value();
+    const QString chosen = given.isEmpty() ? setting : given;
     const QLocale locale = chosen.isEmpty() ? QLocale::system() : QLocale(chosen);
     return locale.name().section(QLatin1Char('_'), 0, 0);
 }

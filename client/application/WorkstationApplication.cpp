@@ -7,6 +7,7 @@
 #include "client/application/PropertyTexts.h"
 #include "client/application/Translations.h"
 #include "framework/dialogs/ExMessageBox.h"
+#include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExTool.h"
 
@@ -22,7 +23,8 @@ namespace {
 const std::vector<ExNotification::Type> stateChanges{ExNotification::ACTIVE_VIEWER_CHANGED,
     ExNotification::VIEWER_VOLUME_CHANGED, ExNotification::VIEWER_SUBTYPE_CHANGED,
     ExNotification::VIEWER_LAYOUT_CHANGED, ExNotification::FULLSCREEN_CHANGED,
-    ExNotification::TIMESERIES_CHANGED, ExNotification::DATA_WINDOW_CHANGED,
+    ExNotification::TIMESERIES_CHANGED, ExNotification::COLORMAP_CHANGED,
+    ExNotification::VIEWER_FLIPPED, ExNotification::CINE_START, ExNotification::CINE_STOP,
     ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
     ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
     ExNotification::GLOBAL_TOGGLE_CHANGED};
@@ -170,9 +172,9 @@ bool WorkstationApplication::helpDisabled()
     return !QFile::exists(HelpWindow::location() % QLatin1String("workstation.md"));
 }
 
-void WorkstationApplication::menuBarAddOnCreated(ExMenuBarAddOn * /*addOn*/)
+void WorkstationApplication::menuBarAddOnCreated(ExMenuBarAddOn *addOn)
 {
-    // The buttons make themselves known in uiRegistry(); the workstation adds none of its own.
+    addOn->setWarning(QCoreApplication::translate("WorkstationApplication", "Not for diagnosis"));
 }
 
 void WorkstationApplication::registerActionUI(ExActionUI *action)

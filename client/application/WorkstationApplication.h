@@ -58,6 +58,7 @@ public:
     [[nodiscard]] QString helpHook(const QString &topic) override;
     [[nodiscard]] QString helpLocation() const override;
     bool helpDisabled() override;
+    /// Has it warn that this is no medical device.
     void menuBarAddOnCreated(ExMenuBarAddOn *addOn) override;
     void registerActionUI(ExActionUI *action) override;
     [[nodiscard]] const WorkstationDecoration *decoration(const char *key) const override;

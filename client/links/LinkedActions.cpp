@@ -87,6 +87,13 @@ void stepPhase(WorkstationViewer &viewer, int steps)
     }
 }
 
+void setInverted(SliceViewer &viewer, bool inverted)
+{
+    viewer.setInverted(inverted);
+    forFollowers(ExViewerDB::WINDOWLEVEL_GROUP, viewer,
+        [inverted](SliceViewer &follower) { follower.setInverted(inverted); });
+}
+
 void reset(SliceViewer &viewer)
 {
     if (viewer.volume(0) == nullptr) {
@@ -95,6 +102,9 @@ void reset(SliceViewer &viewer)
     viewer.fit();
     forFollowers(ExViewerDB::ZOOM_GROUP, viewer, [](SliceViewer &follower) { follower.fit(); });
     setWindow(viewer, viewer.volume(0)->defaultWindow());
+    setInverted(viewer, false);
+    viewer.setFlipped(Qt::Horizontal, false);
+    viewer.setFlipped(Qt::Vertical, false);
 }
 
 } // namespace LinkedActions

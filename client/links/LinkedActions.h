@@ -19,7 +19,10 @@ void pan(SliceViewer &viewer, const McVec3d &shift);
 void setWindow(SliceViewer &viewer, const KxVolume::Window &window);
 /// Steps through the phases, from the last one on to the first.
 void stepPhase(WorkstationViewer &viewer, int steps);
-/// Shows everything in the middle of the viewers, in their first windows.
+/// Exchanges dark and bright where windows are linked.
+void setInverted(SliceViewer &viewer, bool inverted);
+/// Shows everything in the middle of the viewers, in their first windows, neither inverted nor, the
+/// viewer itself, flipped.
 void reset(SliceViewer &viewer);
 
 } // namespace LinkedActions

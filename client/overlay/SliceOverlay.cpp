@@ -62,10 +62,11 @@ QString windowText(const SliceViewer &viewer)
         return Texts::tr("colour");
     }
     return Texts::tr("W %1  L %2 %3")
-        .arg(std::lround(viewer.window().width))
-        .arg(std::lround(viewer.window().center))
-        .arg(QString::fromStdString(volume.unit()))
-        .trimmed();
+               .arg(std::lround(viewer.window().width))
+               .arg(std::lround(viewer.window().center))
+               .arg(QString::fromStdString(volume.unit()))
+               .trimmed()
+        % (viewer.isInverted() ? Texts::tr("  inverted") : QString());
 }
 
 /// Directions have names only where the images are known to lie in the patient.
@@ -160,6 +161,9 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
     }
     content.progress = viewer.series()->isComplete() ? 1 : viewer.series()->progress();
     content.warnings = SeriesTexts::warnings(viewer);
+    if (viewer.isMirrored()) {
+        content.warnings += Texts::tr("mirrored");
+    }
     const KxVolume::Placement placement = viewer.series()->placement();
     content.mmPerPixel = placement == KxVolume::Placement::Pixels ? 0 : 1 / viewer.zoom();
     if (placement == KxVolume::Placement::Patient) {

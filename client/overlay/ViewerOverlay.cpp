@@ -15,6 +15,7 @@ void ViewerOverlay::addNotifications()
         ExNotification::VIEWER_SUBTYPE_CHANGED, ExNotification::ACTIVE_VIEWER_CHANGED,
         ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
         ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
+        ExNotification::COLORMAP_CHANGED, ExNotification::VIEWER_FLIPPED,
         ExNotification::SCREEN_RECONFIGURED, ExNotification::VOLUME_LOADED,
         ExNotification::GLOBAL_TOGGLE_CHANGED, ExNotification::NONE);
 }
@@ -24,7 +25,9 @@ void ViewerOverlay::notified(const ExNotification &notification)
     // What only its own viewer shows; everything else may move a reference line or a frame.
     const bool isOfOneViewer = notification.type() == ExNotification::ZOOM_CHANGED
         || notification.type() == ExNotification::DATA_WINDOW_CHANGED
-        || notification.type() == ExNotification::TIMESERIES_CHANGED;
+        || notification.type() == ExNotification::TIMESERIES_CHANGED
+        || notification.type() == ExNotification::COLORMAP_CHANGED
+        || notification.type() == ExNotification::VIEWER_FLIPPED;
     if (!isOfOneViewer || notification.viewer() == &m_viewer) {
         m_viewer.updateOverlay();
     }

@@ -1,8 +1,14 @@
 #include "client/app/MainWindow.h"
 #include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/toolbars/ToolBars.h"
 #include "client/tools/WorkstationTools.h"
+#include "framework/dialogs/ExMessageBox.h"
 #include "platform/properties/KxPropertyPool.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QUrl>
 
 namespace {
 
@@ -26,6 +32,40 @@ private:
             QRegularExpression(QStringLiteral("^UI\\.DialogPositionSize\\."))};
     }
 };
+
+/// Opens the user's file of the tool bars, which is made first when it is not there.
+class EditToolBars final : public ApplicationCommand
+{
+public:
+    using ApplicationCommand::ApplicationCommand;
+
+protected:
+    void run(MainWindow & /*window*/) override
+    {
+        const QString problem = ToolBars::createUserFile();
+        if (!problem.isEmpty()) {
+            ExMessageBox::error(problem);
+            return;
+        }
+        QDesktopServices::openUrl(QUrl::fromLocalFile(ToolBars::userFile()));
+        ExMessageBox::info(QCoreApplication::translate("EditTools",
+            "The tool bars are described in this file. It is read when the workstation "
+            "starts.\n\n%1")
+                               .arg(ToolBars::userFile()));
+    }
+};
+
+const ToolModule toolBars(
+    {
+        .key = "Edit.ToolBars",
+        .category = QT_TRANSLATE_NOOP("Tools", "Edit"),
+        .text = QT_TRANSLATE_NOOP("Tools", "&Edit tool bars…"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Put the tool bars together"),
+        .description = QT_TRANSLATE_NOOP(
+            "Tools", "They are described in a file of yours, which is read at the next start."),
+        .icon = "tool-bars",
+    },
+    [](int) -> ExTool * { return new EditToolBars("Edit.ToolBars"); });
 
 const ToolModule settings(
     {

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>EditTools</name>
+    <message>
+        <source>The tool bars are described in this file. It is read when the workstation starts.
+
+%1</source>
+        <translation>Diese Datei beschreibt die Werkzeugleisten. Sie wird beim Start der Workstation gelesen.
+
+%1</translation>
+    </message>
+</context>
+<context>
     <name>EntryTexts</name>
     <message>
         <source>(no name)</source>
@@ -36,10 +47,55 @@
     </message>
 </context>
 <context>
+    <name>ExContextToolBar</name>
+    <message>
+        <source>Context toolbar</source>
+        <translation>Kontextleiste</translation>
+    </message>
+</context>
+<context>
     <name>ExHotKeys</name>
     <message>
         <source>Keyboard Shortcuts</source>
         <translation>Tastenkürzel</translation>
+    </message>
+</context>
+<context>
+    <name>ExMainWindow</name>
+    <message>
+        <source>Show All</source>
+        <translation>Alle zeigen</translation>
+    </message>
+    <message>
+        <source>Synchronize with other monitors</source>
+        <translation>Mit anderen Monitoren abgleichen</translation>
+    </message>
+</context>
+<context>
+    <name>ExMenuBarAddOn</name>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Puts the window in the task bar.</source>
+        <translation>Legt das Fenster in die Taskleiste.</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Gives the window its frame.</source>
+        <translation>Gibt dem Fenster seinen Rahmen.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Ends the session.</source>
+        <translation>Beendet die Sitzung.</translation>
     </message>
 </context>
 <context>
@@ -51,6 +107,13 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ExToolBar</name>
+    <message>
+        <source>Properties...</source>
+        <translation>Eigenschaften …</translation>
     </message>
 </context>
 <context>
@@ -193,6 +256,29 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     </message>
 </context>
 <context>
+    <name>PictureTools</name>
+    <message>
+        <source>Save a picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg)</source>
+        <translation>Bilder (*.png *.jpg)</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>The picture cannot be written to %1: %2</source>
+        <translation>Das Bild kann nicht nach %1 geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>unknown kind of picture</source>
+        <translation>unbekannte Art von Bild</translation>
+    </message>
+</context>
+<context>
     <name>Plane</name>
     <message>
         <source>Axial</source>
@@ -282,6 +368,54 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Phases per second</source>
         <translation>Phasen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>Application Font Size (Small Resolution)</source>
+        <translation>Schriftgröße (kleine Auflösung)</translation>
+    </message>
+    <message>
+        <source>Application Font Size (Medium Resolution)</source>
+        <translation>Schriftgröße (mittlere Auflösung)</translation>
+    </message>
+    <message>
+        <source>Application Font Size (Large Resolution)</source>
+        <translation>Schriftgröße (große Auflösung)</translation>
+    </message>
+    <message>
+        <source>Image Thumbnail Size (Small Resolution)</source>
+        <translation>Größe der Vorschaubilder (kleine Auflösung)</translation>
+    </message>
+    <message>
+        <source>Image Thumbnail Size (Medium Resolution)</source>
+        <translation>Größe der Vorschaubilder (mittlere Auflösung)</translation>
+    </message>
+    <message>
+        <source>Image Thumbnail Size (Large Resolution)</source>
+        <translation>Größe der Vorschaubilder (große Auflösung)</translation>
+    </message>
+    <message>
+        <source>Font Size on Image Thumbnail (Small Resolution)</source>
+        <translation>Schriftgröße auf Vorschaubildern (kleine Auflösung)</translation>
+    </message>
+    <message>
+        <source>Font Size on Image Thumbnail (Medium Resolution)</source>
+        <translation>Schriftgröße auf Vorschaubildern (mittlere Auflösung)</translation>
+    </message>
+    <message>
+        <source>Font Size on Image Thumbnail (Large Resolution)</source>
+        <translation>Schriftgröße auf Vorschaubildern (große Auflösung)</translation>
+    </message>
+    <message>
+        <source>Threshold between Small and Medium Resolution (Megapixels)</source>
+        <translation>Grenze zwischen kleiner und mittlerer Auflösung (Megapixel)</translation>
+    </message>
+    <message>
+        <source>Threshold between Medium and Large Resolution (Megapixels)</source>
+        <translation>Grenze zwischen mittlerer und großer Auflösung (Megapixel)</translation>
+    </message>
+    <message>
+        <source>View Screen on Grayscale Monitor</source>
+        <translation>Graustufenmonitor</translation>
     </message>
 </context>
 <context>
@@ -421,6 +555,14 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Im %1/%2</source>
         <translation>Bild %1/%2</translation>
     </message>
+    <message>
+        <source>  inverted</source>
+        <translation>  umgekehrt</translation>
+    </message>
+    <message>
+        <source>mirrored</source>
+        <translation>gespiegelt</translation>
+    </message>
 </context>
 <context>
     <name>StudySession</name>
@@ -454,6 +596,65 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Double-click to open in all viewers, or drag to one viewer.</source>
         <translation>Doppelklick öffnet in allen Ansichten; oder auf eine Ansicht ziehen.</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarLabels</name>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>Aufteilung</translation>
+    </message>
+    <message>
+        <source>Plane</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarLayout</name>
+    <message>
+        <source>There are two tool bars with the Id &quot;%1&quot;.</source>
+        <translation>Es gibt zwei Werkzeugleisten mit der Id &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no size of a spacer: give pixels, 0 to %2.</source>
+        <translation>&quot;%1&quot; ist keine Größe eines Abstands: Geben Sie Pixel an, 0 bis %2.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; is not allowed here.</source>
+        <translation>&lt;%1&gt; ist hier nicht erlaubt.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; has no attribute &quot;%2&quot;.</source>
+        <translation>&lt;%1&gt; hat kein Attribut &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>&lt;%1&gt; needs the attribute &quot;%2&quot;.</source>
+        <translation>&lt;%1&gt; braucht das Attribut &quot;%2&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBars</name>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The tool bars are those of the program, because your file cannot be used.
+%1, line %2: %3</source>
+        <translation>Die Werkzeugleisten sind die des Programms, weil Ihre Datei nicht verwendet werden kann.
+%1, Zeile %2: %3</translation>
     </message>
 </context>
 <context>
@@ -730,6 +931,86 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Show patient, series, position and window</source>
         <translation>Patient, Serie, Ort und Fensterung zeigen</translation>
     </message>
+    <message>
+        <source>&amp;Cine</source>
+        <translation>&amp;Film</translation>
+    </message>
+    <message>
+        <source>Stop &amp;cine</source>
+        <translation>&amp;Film anhalten</translation>
+    </message>
+    <message>
+        <source>Play the time phases one after the other</source>
+        <translation>Die Zeitphasen nacheinander abspielen</translation>
+    </message>
+    <message>
+        <source>How fast is a setting.</source>
+        <translation>Wie schnell, sagt eine Einstellung.</translation>
+    </message>
+    <message>
+        <source>&amp;Edit tool bars…</source>
+        <translation>&amp;Werkzeugleisten bearbeiten …</translation>
+    </message>
+    <message>
+        <source>Put the tool bars together</source>
+        <translation>Die Werkzeugleisten zusammenstellen</translation>
+    </message>
+    <message>
+        <source>They are described in a file of yours, which is read at the next start.</source>
+        <translation>Eine Datei von Ihnen beschreibt sie; sie wird beim nächsten Start gelesen.</translation>
+    </message>
+    <message>
+        <source>&amp;Invert</source>
+        <translation>&amp;Umkehren</translation>
+    </message>
+    <message>
+        <source>Exchange dark and bright</source>
+        <translation>Hell und dunkel vertauschen</translation>
+    </message>
+    <message>
+        <source>Viewers that share their window are inverted together.</source>
+        <translation>Ansichten, die ihre Fensterung teilen, werden gemeinsam umgekehrt.</translation>
+    </message>
+    <message>
+        <source>Flip &amp;horizontally</source>
+        <translation>&amp;Horizontal spiegeln</translation>
+    </message>
+    <message>
+        <source>Exchange left and right of the image</source>
+        <translation>Links und rechts des Bildes vertauschen</translation>
+    </message>
+    <message>
+        <source>The letters at the edges follow, and the viewer says that its image is mirrored.</source>
+        <translation>Die Buchstaben an den Rändern folgen, und die Ansicht sagt, dass ihr Bild gespiegelt ist.</translation>
+    </message>
+    <message>
+        <source>Flip &amp;vertically</source>
+        <translation>&amp;Vertikal spiegeln</translation>
+    </message>
+    <message>
+        <source>Exchange top and bottom of the image</source>
+        <translation>Oben und unten des Bildes vertauschen</translation>
+    </message>
+    <message>
+        <source>Save &amp;picture of viewer…</source>
+        <translation>&amp;Bild der Ansicht speichern …</translation>
+    </message>
+    <message>
+        <source>Save what the active viewer shows to a file</source>
+        <translation>Was die aktive Ansicht zeigt, in einer Datei speichern</translation>
+    </message>
+    <message>
+        <source>With the texts in its corners: switch them off where the patient is to stay unknown.</source>
+        <translation>Mit den Texten in den Ecken: Schalten Sie sie aus, wenn der Patient unerkannt bleiben soll.</translation>
+    </message>
+    <message>
+        <source>Save picture of &amp;window…</source>
+        <translation>Bild des &amp;Fensters speichern …</translation>
+    </message>
+    <message>
+        <source>Save what the window shows to a file</source>
+        <translation>Was das Fenster zeigt, in einer Datei speichern</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>
@@ -805,6 +1086,10 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>Something is still being worked on, and will be lost. Quit all the same?</source>
         <translation>Es wird noch an etwas gearbeitet, das verloren geht. Trotzdem beenden?</translation>
+    </message>
+    <message>
+        <source>Not for diagnosis</source>
+        <translation>Nicht zur Diagnose</translation>
     </message>
 </context>
 </TS>

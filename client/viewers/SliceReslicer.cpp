@@ -86,11 +86,13 @@ QImage paintGreys(vtkImageData &cut, const WindowTable &table)
     });
 }
 
-QImage paintFloats(vtkImageData &cut, const KxVolume::Window &window)
+QImage paintFloats(vtkImageData &cut, const KxVolume::Window &window, bool inverted)
 {
-    return paintLines<float>(cut, [&window](QRgb *line, const float *values, int width) {
+    return paintLines<float>(cut, [&window, inverted](QRgb *line, const float *values, int width) {
         for (int x = 0; x < width; ++x) {
-            const int level = WindowTable::level(static_cast<double>(values[x]), window);
+            constexpr int brightest = 255;
+            const int grey = WindowTable::level(static_cast<double>(values[x]), window);
+            const int level = inverted && std::isfinite(values[x]) ? brightest - grey : grey;
             line[x] = qRgb(level, level, level);
         }
     });
@@ -153,7 +155,7 @@ void SliceReslicer::cut(const KxSlice &slice, double mmPerPixel, const QSize &pi
     m_pipeline->hasCut = true;
 }
 
-QImage SliceReslicer::image(const KxVolume::Window &window)
+QImage SliceReslicer::image(const KxVolume::Window &window, bool inverted)
 {
     if (!m_pipeline->hasCut) {
         return {};
@@ -164,13 +166,13 @@ QImage SliceReslicer::image(const KxVolume::Window &window)
     }
     switch (m_volume->scalarType()) {
     case KxVolume::ScalarType::UInt8:
-        m_table.setWindow(window);
+        m_table.setWindow(window, inverted);
         return paintGreys<std::uint8_t>(cut, m_table);
     case KxVolume::ScalarType::Int16:
-        m_table.setWindow(window);
+        m_table.setWindow(window, inverted);
         return paintGreys<std::int16_t>(cut, m_table);
     case KxVolume::ScalarType::Float32:
         break;
     }
-    return paintFloats(cut, window);
+    return paintFloats(cut, window, inverted);
 }

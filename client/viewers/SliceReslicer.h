@@ -29,7 +29,9 @@ public:
     /// @param mmPerPixel size of a pixel. @param pixels size of the picture, not empty.
     void cut(const KxSlice &slice, double mmPerPixel, const QSize &pixels);
     /// The last cut in a window; black outside the volume. Null before the first cut.
-    [[nodiscard]] QImage image(const KxVolume::Window &window);
+    /// @param inverted dark for bright, of values that are no colours. What lies outside volumes of
+    /// unsigned bytes cannot be told from their zeros, and is then as bright as those.
+    [[nodiscard]] QImage image(const KxVolume::Window &window, bool inverted);
 
 private:
     struct Pipeline;

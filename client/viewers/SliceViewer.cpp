@@ -36,6 +36,8 @@ void SliceViewer::setPlane(PlaneKind plane)
         return;
     }
     m_plane = plane;
+    m_isFlippedAcross = false;
+    m_isFlippedDown = false;
     if (KxVolume *const shown = volume(0)) {
         const McVec3d center = m_slice.center();
         showWholeVolume();
@@ -57,7 +59,7 @@ void SliceViewer::rotate(const McVec3d &axis, double angle)
     }
     m_plane = PlaneKind::Oblique;
     const KxSlice turned = PlaneGeometry::rotated(m_slice, axis, angle);
-    m_stack = SliceStack(turned, *shown);
+    m_stack = SliceStack(flipped(turned), *shown); // Flipping does not turn scrolling round.
     setSlice(turned);
 }
 
@@ -135,6 +137,39 @@ void SliceViewer::setWindow(const KxVolume::Window &window)
     notify(ExNotification::DATA_WINDOW_CHANGED);
 }
 
+void SliceViewer::setInverted(bool inverted)
+{
+    if (inverted != m_isInverted) {
+        m_isInverted = inverted;
+        requestRender();
+        notify(ExNotification::COLORMAP_CHANGED);
+    }
+}
+
+bool SliceViewer::isFlipped(Qt::Orientation orientation) const
+{
+    return orientation == Qt::Horizontal ? m_isFlippedAcross : m_isFlippedDown;
+}
+
+void SliceViewer::setFlipped(Qt::Orientation orientation, bool on)
+{
+    if (on == isFlipped(orientation)) {
+        return;
+    }
+    const KxSlice own = flipped(m_slice);
+    (orientation == Qt::Horizontal ? m_isFlippedAcross : m_isFlippedDown) = on;
+    if (volume(0) != nullptr) {
+        setSlice(flipped(own));
+    }
+    notify(ExNotification::VIEWER_FLIPPED);
+}
+
+KxSlice SliceViewer::flipped(const KxSlice &slice) const
+{
+    return {slice.center(), m_isFlippedAcross ? -slice.right() : slice.right(),
+        m_isFlippedDown ? -slice.down() : slice.down(), slice.thickness()};
+}
+
 McVec3d SliceViewer::patientAt(const QPointF &position) const
 {
     const QPointF offset = (position - QRectF(widget()->rect()).center()) / m_zoom;
@@ -157,18 +192,21 @@ void SliceViewer::setSlice(const KxSlice &slice)
     notify(ExNotification::SLICE_CHANGED);
 }
 
-void SliceViewer::volumeChanged()
+void SliceViewer::volumeChanged(bool isOtherPhase)
 {
     KxVolume *const shown = volume(0);
     m_reslicer.setVolume(shown);
     m_needsCut = true;
-    if (shown == nullptr || phase() > 0) {
+    if (shown == nullptr || isOtherPhase || phase() > 0) {
         return; // All phases lie on one grid: another phase is seen from where the last one was.
     }
     if (m_windowOwner != imageSet(0)) {
         m_window = shown->defaultWindow();
         m_windowOwner = nullptr;
     }
+    m_isInverted = false;
+    m_isFlippedAcross = false;
+    m_isFlippedDown = false;
     showWholeVolume();
 }
 
@@ -191,7 +229,7 @@ void SliceViewer::showWholeVolume()
     const McVec3d middle = shown.voxelToPatient().map(
         {(size[0] - 1) / 2.0, (size[1] - 1) / 2.0, std::floor(size[2] / 2.0)});
     const McVec3d center = m_stack.moved(home.center(), m_stack.nearestIndex(middle));
-    m_slice = KxSlice(center, home.right(), home.down());
+    m_slice = flipped({center, home.right(), home.down()});
     m_isFitting = true;
     m_zoom = fittingZoom();
     m_needsCut = true;
@@ -242,7 +280,8 @@ void SliceViewer::cut()
 bool SliceViewer::isDrawn() const
 {
     return !m_needsCut && m_drawnWindow && m_drawnWindow->center == m_window.center
-        && m_drawnWindow->width == m_window.width && (m_cutIsFinal || isInteracting());
+        && m_drawnWindow->width == m_window.width && m_drawnInverted == m_isInverted
+        && (m_cutIsFinal || isInteracting());
 }
 
 void SliceViewer::renderFrame()
@@ -262,7 +301,8 @@ void SliceViewer::renderFrame()
         cut();
     }
     m_drawnWindow = m_window;
-    showFrame(m_reslicer.image(m_window), m_cutIsFinal);
+    m_drawnInverted = m_isInverted;
+    showFrame(m_reslicer.image(m_window, m_isInverted), m_cutIsFinal);
 }
 
 void SliceViewer::cleanUpNodes()

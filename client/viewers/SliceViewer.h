@@ -54,6 +54,18 @@ public:
     /// A width below the least one is raised to it. Notifies DATA_WINDOW_CHANGED.
     void setWindow(const KxVolume::Window &window);
 
+    /// Whether dark and bright are exchanged.
+    [[nodiscard]] bool isInverted() const { return m_isInverted; }
+    /// Notifies COLORMAP_CHANGED.
+    void setInverted(bool inverted);
+    /// Whether left and right, or top and bottom, are exchanged against the plane's own directions.
+    /// Another plane and other images are shown in theirs.
+    [[nodiscard]] bool isFlipped(Qt::Orientation orientation) const;
+    /// Notifies SLICE_CHANGED and VIEWER_FLIPPED.
+    void setFlipped(Qt::Orientation orientation, bool flipped);
+    /// Whether the picture is one that a mirror would show: flipped one way and not the other.
+    [[nodiscard]] bool isMirrored() const { return m_isFlippedAcross != m_isFlippedDown; }
+
     [[nodiscard]] McVec3d patientAt(const QPointF &position) const;
     [[nodiscard]] QPointF positionOf(const McVec3d &point) const;
 
@@ -65,11 +77,13 @@ public:
 protected:
     ~SliceViewer() override;
 
-    void volumeChanged() override;
+    void volumeChanged(bool isOtherPhase) override;
     void voxelsChanged() override;
 
 private:
     void setSlice(const KxSlice &slice);
+    /// The slice with its directions exchanged as this viewer is flipped; twice gives it back.
+    [[nodiscard]] KxSlice flipped(const KxSlice &slice) const;
     void showWholeVolume();
     [[nodiscard]] double fittingZoom() const;
     [[nodiscard]] QSize frameSize() const;
@@ -82,6 +96,9 @@ private:
     double m_zoom = 1;
     bool m_isFitting = true;
     KxVolume::Window m_window;
+    bool m_isInverted = false;
+    bool m_isFlippedAcross = false;
+    bool m_isFlippedDown = false;
     /// Images that a window was set for by hand keep it.
     const KxImageSeries *m_windowOwner = nullptr;
 
@@ -92,4 +109,5 @@ private:
     bool m_cutIsFinal = true;
     /// What the frame shown was made with; nothing before the first one.
     std::optional<KxVolume::Window> m_drawnWindow;
+    bool m_drawnInverted = false;
 };

@@ -146,7 +146,7 @@ double VolumeViewer::fittingZoom() const
     return std::clamp(room / (2 * radius) * fitFraction, smallestZoom, largestZoom);
 }
 
-void VolumeViewer::volumeChanged()
+void VolumeViewer::volumeChanged(bool isOtherPhase)
 {
     m_picture = {};
     m_needsPicture = true;
@@ -154,7 +154,7 @@ void VolumeViewer::volumeChanged()
         m_thread->clear();
     }
     m_isWaiting = false;
-    if (volume(0) != nullptr && phase() == 0) {
+    if (volume(0) != nullptr && !isOtherPhase && phase() == 0) {
         m_window = firstWindow(*volume(0));
         m_isFitting = true;
         m_zoom = fittingZoom();

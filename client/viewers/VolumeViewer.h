@@ -44,7 +44,7 @@ public:
 protected:
     ~VolumeViewer() override;
 
-    void volumeChanged() override;
+    void volumeChanged(bool isOtherPhase) override;
     void voxelsChanged() override;
 
 private:

@@ -15,8 +15,8 @@ public:
     /// The value of pixels that lie outside the volume; they are black whatever the window.
     static constexpr std::int16_t outside = INT16_MIN;
 
-    /// Makes the table for a window, unless it is there already.
-    void setWindow(const KxVolume::Window &window);
+    /// Makes the table for a window, unless it is there already. @param inverted dark for bright.
+    void setWindow(const KxVolume::Window &window, bool inverted);
     /// The grey of a value. @pre setWindow() has been called.
     [[nodiscard]] QRgb grey(std::int16_t value) const
     {
@@ -27,5 +27,6 @@ public:
 
 private:
     KxVolume::Window m_window;
+    bool m_inverted = false;
     std::vector<QRgb> m_greys;
 };

@@ -69,7 +69,7 @@ void WorkstationViewer::setSeries(const McHandle<LoadedSeries> &series)
     }
     m_series = series;
     m_phase = 0;
-    setVolume();
+    setVolume(false);
     notify(ExNotification::VIEWER_VOLUME_CHANGED);
 }
 
@@ -77,7 +77,7 @@ void WorkstationViewer::seriesChanged()
 {
     KxImageSeries *const images = imageSet(0);
     if (images != nullptr && images->volume(m_phase) != m_volume.get()) {
-        setVolume();
+        setVolume(false);
         notify(ExNotification::VIEWER_VOLUME_CHANGED);
         return;
     }
@@ -101,15 +101,15 @@ void WorkstationViewer::setPhase(int phase)
         return;
     }
     m_phase = inRange;
-    setVolume();
+    setVolume(true);
     notify(ExNotification::TIMESERIES_CHANGED);
 }
 
-void WorkstationViewer::setVolume()
+void WorkstationViewer::setVolume(bool isOtherPhase)
 {
     const KxImageSeries *const images = imageSet(0);
     m_volume = images != nullptr ? images->volume(m_phase) : nullptr;
-    volumeChanged();
+    volumeChanged(isOtherPhase);
     requestRender();
 }
 

@@ -61,7 +61,9 @@ protected:
     ~WorkstationViewer() override;
 
     /// There is another volume than before (null for none): take what is needed of it.
-    virtual void volumeChanged() = 0;
+    /// @param isOtherPhase of the same images, on the same grid: it is seen from where the last one
+    /// was.
+    virtual void volumeChanged(bool isOtherPhase) = 0;
     /// Voxels of the volume have been written to.
     virtual void voxelsChanged() = 0;
 
@@ -73,7 +75,7 @@ protected:
     void notify(ExNotification::Type type);
 
 private:
-    void setVolume();
+    void setVolume(bool isOtherPhase);
 
     Ex::ViewerType m_type;
     std::string m_displaySetId;

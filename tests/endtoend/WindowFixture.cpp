@@ -56,6 +56,12 @@ WindowFixture::~WindowFixture()
     }
 }
 
+PrivateSettings &WindowFixture::settings()
+{
+    static PrivateSettings settings;
+    return settings;
+}
+
 SliceViewer &WindowFixture::slice(int i)
 {
     return *workstation().sliceViewers()[static_cast<std::size_t>(i)];

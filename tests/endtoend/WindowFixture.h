@@ -5,6 +5,7 @@
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "tests/client/support/PhantomSeries.h"
+#include "tests/support/PrivateSettings.h"
 
 #include <QStringList>
 
@@ -16,6 +17,8 @@ public:
     WindowFixture();
     ~WindowFixture();
 
+    /// Settings and rights of the process; not those of whoever runs the tests.
+    static PrivateSettings &settings();
     [[nodiscard]] MainWindow &window() { return *m_window; }
     [[nodiscard]] Workstation &workstation() { return m_window->workstation(); }
     /// The i-th slice viewer.
@@ -32,6 +35,7 @@ public:
     static void clickBadge(WorkstationViewer &viewer);
 
 private:
+    PrivateSettings &m_settings = settings();
     WorkstationApplication m_application{QStringLiteral("en")};
     std::unique_ptr<MainWindow> m_window;
 };

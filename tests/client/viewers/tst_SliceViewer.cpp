@@ -163,7 +163,7 @@ void tst_SliceViewer::colors()
     SliceReslicer reslicer;
     reslicer.setVolume(volume);
     reslicer.cut({{0.5, 0.5, 0}, {1, 0, 0}, {0, 1, 0}}, 1, {2, 2});
-    const QImage image = reslicer.image({128, 256});
+    const QImage image = reslicer.image({128, 256}, false);
     QCOMPARE(image.pixel(0, 0), qRgb(255, 0, 0));
     QCOMPARE(image.pixel(1, 0), qRgb(0, 255, 0));
     QCOMPARE(image.pixel(0, 1), qRgb(0, 0, 255));
@@ -178,7 +178,7 @@ void tst_SliceViewer::floats()
     reslicer.setVolume(volume);
     reslicer.cut({PhantomSeries::middle, {1, 0, 0}, {0, 1, 0}}, 1, {301, 301});
     // 0.5 is a quarter of the way from 0 to 2.
-    const QImage image = reslicer.image({1, 2});
+    const QImage image = reslicer.image({1, 2}, false);
     QCOMPARE(qGray(image.pixel(150, 150)), 64);
     QCOMPARE(qGray(image.pixel(0, 0)), 0);
 }

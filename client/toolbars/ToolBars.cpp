@@ -1,0 +1,183 @@
+#include "client/toolbars/ToolBars.h"
+
+#include "framework/dialogs/ExMessageBox.h"
+#include "framework/tools/ExActionUI.h"
+#include "framework/tools/ExTool.h"
+#include "framework/tools/ExToolBar.h"
+#include "platform/properties/KxFileSerializer.h"
+#include "platform/util/McLogFile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMetaObject>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ToolBars)
+};
+
+/// Labels of the file that comes with the program; those of a user are shown as they are.
+[[maybe_unused]] constexpr const char *labels[] = {
+    QT_TRANSLATE_NOOP("ToolBarLabels", "View"),
+    QT_TRANSLATE_NOOP("ToolBarLabels", "Layout"),
+    QT_TRANSLATE_NOOP("ToolBarLabels", "Plane"),
+    QT_TRANSLATE_NOOP("ToolBarLabels", "Flip"),
+    QT_TRANSLATE_NOOP("ToolBarLabels", "Help"),
+};
+
+QString shownLabel(const QString &label)
+{
+    return QCoreApplication::translate("ToolBarLabels", label.toUtf8().constData());
+}
+
+QString defaultFile()
+{
+    return QStringLiteral(":/movara/toolbars/toolbars.xml");
+}
+
+std::variant<ToolBarLayout, ToolBarLayout::Error> readFile(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return ToolBarLayout::Error{0, file.errorString()};
+    }
+    return ToolBarLayout::read(file.readAll());
+}
+
+/// Null for one that is unknown or that the user has no right to.
+ExTool *findTool(const QString &id)
+{
+    const QByteArray key = id.toUtf8();
+    std::vector<std::string> known;
+    ExTool::getDecorationKeyList(known, true);
+    if (!std::binary_search(known.begin(), known.end(), key.toStdString())) {
+        McLogFile::warnf("tool bars: there is no tool \"%s\"", key.constData());
+    }
+    return ExTool::getToolByDecorationKey(key.constData(), true);
+}
+
+} // namespace
+
+ToolBars::ToolBars(QMainWindow &window)
+    : m_window(window)
+{
+    for (const ToolBarLayout::Bar &bar : layout().bars) {
+        addBar(bar);
+    }
+    if (!m_problem.isEmpty()) {
+        McLogFile::warnf("%s", qUtf8Printable(m_problem));
+        const QString problem = m_problem;
+        QMetaObject::invokeMethod(
+            &window, [problem] { ExMessageBox::warning(problem); }, Qt::QueuedConnection);
+    }
+}
+
+ToolBars::~ToolBars() = default;
+
+QString ToolBars::userFile()
+{
+    return QFileInfo(KxFileSerializer::defaultFileName())
+        .absoluteDir()
+        .filePath(QStringLiteral("toolbars.xml"));
+}
+
+QString ToolBars::createUserFile()
+{
+    const QString name = userFile();
+    if (QFile::exists(name)) {
+        return {};
+    }
+    QDir().mkpath(QFileInfo(name).absolutePath());
+    QFile source(defaultFile());
+    if (!source.copy(name)) {
+        return Texts::tr("%1 cannot be written: %2").arg(name, source.errorString());
+    }
+    // Resources are read-only, and so are their copies.
+    QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    return {};
+}
+
+ToolBarLayout ToolBars::layout()
+{
+    if (QFile::exists(userFile())) {
+        const auto result = readFile(userFile());
+        if (const auto *const own = std::get_if<ToolBarLayout>(&result)) {
+            return *own;
+        }
+        const auto &error = std::get<ToolBarLayout::Error>(result);
+        m_problem = Texts::tr("The tool bars are those of the program, because your file cannot be "
+                              "used.\n%1, line %2: %3")
+                        .arg(userFile())
+                        .arg(error.line)
+                        .arg(error.text);
+    }
+    return std::get<ToolBarLayout>(readFile(defaultFile()));
+}
+
+void ToolBars::addBar(const ToolBarLayout::Bar &bar)
+{
+    auto *const toolBar = new ExToolBar(shownLabel(bar.label));
+    toolBar->setObjectName(bar.id);
+    toolBar->setAccessibleName(shownLabel(bar.label));
+    for (const ToolBarLayout::Item &item : bar.items) {
+        addItem(*toolBar, item);
+    }
+    const QList<QAction *> actions = toolBar->actions();
+    const bool hasTools = std::any_of(actions.begin(), actions.end(),
+        [](const QAction *action) { return qobject_cast<const ExActionUI *>(action) != nullptr; });
+    if (!hasTools) {
+        delete toolBar;
+        return;
+    }
+    m_window.addToolBar(toolBar);
+    toolBar->setVisible(true);
+}
+
+void ToolBars::addItem(ExToolBar &toolBar, const ToolBarLayout::Item &item)
+{
+    switch (item.kind) {
+    case ToolBarLayout::Item::Tool:
+        if (ExTool *const tool = findTool(item.id)) {
+            toolBar.addTool(*tool, true);
+        }
+        break;
+    case ToolBarLayout::Item::Popup:
+        addPopup(toolBar, item);
+        break;
+    case ToolBarLayout::Item::Spacer:
+        toolBar.addSpacer(item.size);
+        break;
+    case ToolBarLayout::Item::Separator:
+        toolBar.addSeparator();
+        break;
+    }
+}
+
+void ToolBars::addPopup(ExToolBar &toolBar, const ToolBarLayout::Item &item)
+{
+    auto group = std::make_unique<ExToolGroup>();
+    group->setBringUp(true);
+    for (const QString &id : item.tools) {
+        group->appendTool(findTool(id), false);
+    }
+    if (group->getTools().empty()) {
+        return;
+    }
+    const McHandle<ExTool> active = group->getActiveTool();
+    ExActionUI *const action = toolBar.addToolPopup(*group, nullptr);
+    if (active) {
+        action->setTool(active);
+    }
+    QWidget *const button = toolBar.widgetForAction(action);
+    button->setObjectName(item.id);
+    button->setAccessibleName(shownLabel(item.label));
+    m_groups.push_back(std::move(group));
+}

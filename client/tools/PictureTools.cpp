@@ -1,0 +1,115 @@
+#include "client/app/MainWindow.h"
+#include "client/application/ToolModule.h"
+#include "client/application/WorkstationApplication.h"
+#include "client/tools/WorkstationTools.h"
+#include "client/viewers/ViewerRenderWidget.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/dialogs/ExMessageBox.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QPixmap>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QStatusBar>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(PictureTools)
+};
+
+/// A name that sorts by time, in the folder of pictures or, from the second time on, where the last
+/// picture went.
+QString defaultName()
+{
+    static const QString folder
+        = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    return folder % QLatin1String("/movara-") % time % QLatin1String(".png");
+}
+
+/// Empty when the user has thought better of it.
+QString askForFile(QWidget &parent)
+{
+    QString file = QFileDialog::getSaveFileName(
+        &parent, Texts::tr("Save a picture"), defaultName(), Texts::tr("Pictures (*.png *.jpg)"));
+    if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) {
+        file += QLatin1String(".png");
+    }
+    return file;
+}
+
+/// The picture is made before the user is asked, so that it shows what was to be seen then.
+void save(const QPixmap &picture, MainWindow &window)
+{
+    const QString name = askForFile(window);
+    if (name.isEmpty()) {
+        return;
+    }
+    QSaveFile file(name);
+    const QByteArray format = QFileInfo(name).suffix().toLatin1();
+    const bool isSaved = file.open(QIODevice::WriteOnly) && picture.save(&file, format.constData())
+        && file.commit();
+    if (isSaved) {
+        constexpr int shownFor = 10000;
+        window.statusBar()->showMessage(Texts::tr("Saved: %1").arg(name), shownFor);
+    } else {
+        ExMessageBox::error(
+            Texts::tr("The picture cannot be written to %1: %2")
+                .arg(name,
+                    file.error() == QFileDevice::NoError ? Texts::tr("unknown kind of picture")
+                                                         : file.errorString()));
+    }
+}
+
+class SaveViewer final : public ViewerCommand
+{
+public:
+    using ViewerCommand::ViewerCommand;
+
+protected:
+    void run(WorkstationViewer &viewer) override
+    {
+        if (MainWindow *const window = WorkstationApplication::instance().mainWindow()) {
+            save(viewer.widget()->grab(), *window);
+        }
+    }
+};
+
+class SaveWindow final : public ApplicationCommand
+{
+public:
+    using ApplicationCommand::ApplicationCommand;
+
+protected:
+    void run(MainWindow &window) override { save(window.grab(), window); }
+};
+
+const ToolModule saveViewer(
+    {
+        .key = "File.SaveViewer",
+        .category = QT_TRANSLATE_NOOP("Tools", "File"),
+        .text = QT_TRANSLATE_NOOP("Tools", "Save &picture of viewer…"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Save what the active viewer shows to a file"),
+        .description = QT_TRANSLATE_NOOP("Tools",
+            "With the texts in its corners: switch them off where the patient is to stay unknown."),
+        .icon = "save-viewer",
+        .shortCut = "Ctrl+S",
+    },
+    [](int) -> ExTool * { return new SaveViewer("File.SaveViewer"); });
+
+const ToolModule saveWindow(
+    {
+        .key = "File.SaveWindow",
+        .category = QT_TRANSLATE_NOOP("Tools", "File"),
+        .text = QT_TRANSLATE_NOOP("Tools", "Save picture of &window…"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Save what the window shows to a file"),
+        .icon = "save-window",
+        .shortCut = "Ctrl+Shift+S",
+    },
+    [](int) -> ExTool * { return new SaveWindow("File.SaveWindow"); });
+
+} // namespace
