@@ -98,6 +98,8 @@ void MainWindow::connectSession()
                 static_cast<WorkstationViewer &>(*widget->viewer()), uid.toStdString());
         }
     });
+    connect(&m_workstation->measurements(), &MeasurementList::changed, this,
+        [] { WorkstationApplication::instance().refreshTools(); });
     connect(m_thumbnails, &ThumbnailMaker::made, m_tree, &StudyTree::setThumbnail);
     connect(m_area, &ViewerArea::pathsDropped, this, &MainWindow::open);
 }

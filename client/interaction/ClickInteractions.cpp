@@ -2,6 +2,7 @@
 
 #include "client/layout/ViewerLayouts.h"
 #include "client/links/ViewerLinks.h"
+#include "client/measurements/MeasurementList.h"
 #include "client/overlay/OverlayPainter.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
@@ -20,6 +21,13 @@ bool isOnBadge(const ExEvent &event, const WorkstationViewer &viewer)
 {
     return viewer.widget()->overlay().link != OverlayContent::Link::None
         && OverlayPainter::badgeRect(viewer.widget()->size()).contains(event.x, event.y);
+}
+
+/// While a measurement is being drawn or dragged, double click and Escape belong to it.
+bool isMeasuring()
+{
+    const MeasurementList *const list = MeasurementList::instancePointer();
+    return list != nullptr && list->draft() != nullptr;
 }
 
 } // namespace
@@ -54,7 +62,7 @@ void FullscreenInteraction::install(ExEventHandler &handler)
 bool FullscreenInteraction::toggle(const ExEvent &event)
 {
     WorkstationViewer *const viewer = viewerOf(event);
-    if (viewer == nullptr) {
+    if (viewer == nullptr || isMeasuring()) {
         return false;
     }
     m_layouts.toggleFullscreen(*viewer);
@@ -64,7 +72,7 @@ bool FullscreenInteraction::toggle(const ExEvent &event)
 bool FullscreenInteraction::leave(const ExEvent &event)
 {
     WorkstationViewer *const viewer = viewerOf(event);
-    if (viewer == nullptr) {
+    if (viewer == nullptr || isMeasuring() || !m_layouts.isFullscreen(*viewer)) {
         return false;
     }
     m_layouts.setFullscreen(*viewer, false);

@@ -1,6 +1,5 @@
 #include "client/interaction/InteractionSet.h"
 
-#include "client/interaction/DragInteractions.h"
 #include "client/interaction/ScrollInteraction.h"
 #include "client/viewers/WorkstationViewer.h"
 
@@ -13,13 +12,6 @@ InteractionSet::InteractionSet(ViewerLayouts &layouts, MenuInteraction::OpenMenu
     m_interactions.push_back(std::make_unique<FullscreenInteraction>(layouts));
     m_interactions.push_back(std::make_unique<MenuInteraction>(std::move(openMenu)));
     m_interactions.push_back(std::make_unique<ScrollInteraction>());
-    m_interactions.push_back(std::make_unique<WindowInteraction>(Qt::NoModifier));
-    m_interactions.push_back(std::make_unique<WindowInteraction>(Qt::ShiftModifier));
-    m_interactions.push_back(std::make_unique<RotateInteraction>());
-    m_interactions.push_back(std::make_unique<ObliqueInteraction>());
-    m_interactions.push_back(std::make_unique<PanInteraction>(Qt::MiddleButton, Qt::NoModifier));
-    m_interactions.push_back(std::make_unique<PanInteraction>(Qt::LeftButton, Qt::ShiftModifier));
-    m_interactions.push_back(std::make_unique<ZoomInteraction>());
 }
 
 void InteractionSet::install(WorkstationViewer &viewer)

@@ -6,7 +6,8 @@
 #include <memory>
 #include <vector>
 
-/// All interactions of the workstation, by the buttons and keys that they are bound to.
+/// What clicks, the wheel and keys do in viewers whatever tool is chosen. Drags belong to modal
+/// tools, which are asked for what is not used here.
 class InteractionSet
 {
 public:

@@ -102,6 +102,11 @@ void ViewerLayouts::setFullscreen(WorkstationViewer &viewer, bool on)
     }
 }
 
+bool ViewerLayouts::isFullscreen(const WorkstationViewer &viewer) const
+{
+    return m_screen.isFullscreen(&viewer);
+}
+
 void ViewerLayouts::toggleFullscreen(WorkstationViewer &viewer)
 {
     setFullscreen(viewer, !m_screen.isFullscreen(&viewer));

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] const QString &current() const { return m_current; }
     /// Notifies FULLSCREEN_CHANGED when that is a change.
     void setFullscreen(WorkstationViewer &viewer, bool on);
+    [[nodiscard]] bool isFullscreen(const WorkstationViewer &viewer) const;
     void toggleFullscreen(WorkstationViewer &viewer);
 
 private:

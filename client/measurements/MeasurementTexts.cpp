@@ -12,10 +12,10 @@ namespace MeasurementTexts {
 
 namespace {
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("MeasurementTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(MeasurementTexts)
+};
 
 /// One decimal, more for what is small.
 QString number(double value)
@@ -44,15 +44,18 @@ QStringList regionLines(
 {
     const auto area = MeasurementGeometry::area(region);
     if (!area) {
-        return {tr("the line crosses itself")};
+        return {Texts::tr("the line crosses itself")};
     }
-    QStringList lines{
-        tr("Area %1").arg(withUnit(*area, isInPixels(series) ? tr("px²") : tr("mm²")))};
+    QStringList lines{Texts::tr("Area %1").arg(
+        withUnit(*area, isInPixels(series) ? Texts::tr("px²") : Texts::tr("mm²")))};
     if (const auto values = list.statistics(region, series, phase)) {
         const QString unit = valueUnit(series, phase);
-        lines << tr("Mean %1 ± %2").arg(number(values->mean), withUnit(values->deviation, unit))
-              << tr("Min %1  Max %2").arg(number(values->minimum), withUnit(values->maximum, unit))
-              << (values->areVoxels ? tr("%1 voxels") : tr("%1 samples")).arg(values->count);
+        lines << Texts::tr("Mean %1 ± %2")
+                     .arg(number(values->mean), withUnit(values->deviation, unit))
+              << Texts::tr("Min %1  Max %2")
+                     .arg(number(values->minimum), withUnit(values->maximum, unit))
+              << (values->areVoxels ? Texts::tr("%1 voxels") : Texts::tr("%1 samples"))
+                     .arg(values->count);
     }
     return lines;
 }
@@ -72,7 +75,7 @@ QString kindName(Measurement::Kind kind)
         QT_TRANSLATE_NOOP("MeasurementTexts", "Ellipse"),
         QT_TRANSLATE_NOOP("MeasurementTexts", "Rectangle"),
         QT_TRANSLATE_NOOP("MeasurementTexts", "Polygon")};
-    return tr(names.at(static_cast<std::size_t>(kind)));
+    return Texts::tr(names.at(static_cast<std::size_t>(kind)));
 }
 
 QStringList result(const Measurement &measurement, const MeasurementList &list,
@@ -83,8 +86,8 @@ QStringList result(const Measurement &measurement, const MeasurementList &list,
     }
     switch (measurement.kind) {
     case Measurement::Kind::Distance:
-        return {withUnit(
-            MeasurementGeometry::distance(measurement), isInPixels(series) ? tr("px") : tr("mm"))};
+        return {withUnit(MeasurementGeometry::distance(measurement),
+            isInPixels(series) ? Texts::tr("px") : Texts::tr("mm"))};
     case Measurement::Kind::Angle: {
         const auto angle = MeasurementGeometry::angle(measurement);
         return angle ? QStringList{QLocale::c().toString(*angle, 'f', 1) % QChar(u'°')}

@@ -40,10 +40,12 @@ QRect OverlayPainter::badgeRect(const QSize &size)
     return {size.width() - border - badgeSize, border, badgeSize, badgeSize};
 }
 
-void OverlayPainter::paint(QPainter &painter, const QSize &size, const OverlayContent &content)
+void OverlayPainter::paint(
+    QPainter &painter, const QSize &size, const OverlayContent &content, const QRect &covered)
 {
+    m_covered = covered;
     paintLines(painter, content);
-    ShapePainter(painter, m_text, size).paint(content.shapes);
+    ShapePainter(painter, m_text, size).paint(content.shapes, covered);
     paintTexts(painter, size, content);
     paintBadge(painter, size, content.link);
     paintProgress(painter, size, content.progress);
@@ -97,7 +99,9 @@ void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
     const int height = HaloText::lineHeight(painter.font());
     const QFontMetrics metrics(painter.font());
     const int room = std::max(size.width() / 2 - inset - border, badgeSize);
-    QPointF anchor(isLeft ? inset : size.width() - inset, isTop ? border : size.height() - border);
+    const bool isUnderBar = corner == OverlayContent::BottomRight && !m_covered.isNull();
+    const int bottom = isUnderBar ? m_covered.top() : size.height();
+    QPointF anchor(isLeft ? inset : size.width() - inset, isTop ? border : bottom - border);
     for (qsizetype i = 0; i < lines.size(); ++i) {
         m_text.draw(painter, anchor, alignment, metrics.elidedText(lines[i], Qt::ElideRight, room),
             painter.font(), i < numTexts ? OverlayColors::text() : OverlayColors::warning());

@@ -16,7 +16,10 @@ public:
     /// Where the link badge is in a viewer of this size, also when it shows none.
     [[nodiscard]] static QRect badgeRect(const QSize &size);
 
-    void paint(QPainter &painter, const QSize &size, const OverlayContent &content);
+    /// @param covered what floats over the picture in its bottom right corner, so that texts and
+    /// labels keep clear of it; a null rectangle for nothing.
+    void paint(QPainter &painter, const QSize &size, const OverlayContent &content,
+        const QRect &covered = {});
 
 private:
     void paintLines(QPainter &painter, const OverlayContent &content) const;
@@ -31,4 +34,5 @@ private:
     void paintMessage(QPainter &painter, const QSize &size, const QString &message);
 
     HaloText m_text;
+    QRect m_covered;
 };

@@ -1,6 +1,10 @@
 #include "client/overlay/SeriesTexts.h"
 
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/application/ExApplication.h"
+#include "framework/tools/ExDecoration.h"
+#include "framework/tools/ExModal.h"
+#include "framework/viewers/ExViewerManager.h"
 
 #include <QCoreApplication>
 
@@ -55,6 +59,25 @@ QString phase(const WorkstationViewer &viewer)
         .arg(viewer.numPhases())
         .arg(label)
         .trimmed();
+}
+
+QString tool(const WorkstationViewer &viewer)
+{
+    const bool isActive
+        = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
+    if (!isActive || !ExApplication::hasInstance()) {
+        return {};
+    }
+    for (const ExModal *each : viewer.modalTools()) {
+        const char *const key = each->decorationKey();
+        const ExDecoration *const decoration = ExApplication::instance().decoration(key);
+        const bool isChosen = each->stateForUse() == Kx::LeftButton && decoration != nullptr
+            && decoration->isKnown(key);
+        if (isChosen) {
+            return decoration->text(key, true).remove(QLatin1Char('&'));
+        }
+    }
+    return {};
 }
 
 QStringList warnings(const WorkstationViewer &viewer)

@@ -13,6 +13,9 @@ QStringList patient(const WorkstationViewer &viewer);
 QStringList study(const WorkstationViewer &viewer, const QString &view);
 /// The phase shown; empty when the series has only one.
 QString phase(const WorkstationViewer &viewer);
+/// The tool that the user has chosen for the left button, where it is of use on the viewer and that
+/// is the active one; else empty.
+QString tool(const WorkstationViewer &viewer);
 /// What is odd about the images, and whether they are a quick picture only.
 QStringList warnings(const WorkstationViewer &viewer);
 /// What to say where there is no image; empty when there is one.

@@ -77,7 +77,7 @@ ShapePainter::ShapePainter(QPainter &painter, HaloText &text, const QSize &size)
     , m_size(size)
 { }
 
-void ShapePainter::paint(const QVector<OverlayContent::Shape> &shapes)
+void ShapePainter::paint(const QVector<OverlayContent::Shape> &shapes, const QRectF &covered)
 {
     m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing);
@@ -87,15 +87,15 @@ void ShapePainter::paint(const QVector<OverlayContent::Shape> &shapes)
         paintHandles(shape);
         sizes.append(labelSize(shape));
     }
-    const QVector<QRectF> places = labelPlaces(shapes, sizes, m_size);
+    const QVector<QRectF> places = labelPlaces(shapes, sizes, m_size, covered);
     for (qsizetype i = 0; i < shapes.size(); ++i) {
         paintLabel(shapes[i], places[i]);
     }
     m_painter.restore();
 }
 
-QVector<QRectF> ShapePainter::labelPlaces(
-    const QVector<OverlayContent::Shape> &shapes, const QVector<QSizeF> &sizes, const QSize &viewer)
+QVector<QRectF> ShapePainter::labelPlaces(const QVector<OverlayContent::Shape> &shapes,
+    const QVector<QSizeF> &sizes, const QSize &viewer, const QRectF &covered)
 {
     const QRectF room = QRectF(QPointF(), viewer).adjusted(border, border, -border, -border);
     QVector<QRectF> taken;
@@ -106,7 +106,7 @@ QVector<QRectF> ShapePainter::labelPlaces(
         for (const QRectF &wish :
             hasLabel ? candidates(shapes[i].line, sizes[i]) : QVector<QRectF>()) {
             const QRectF place = broughtInside(wish, room);
-            qreal cost = 0;
+            qreal cost = coveredArea(place, covered);
             for (const OverlayContent::Shape &shape : shapes) {
                 cost += 20 * lengthInside(shape.line, place.adjusted(-3, -3, 3, 3));
             }

@@ -104,6 +104,9 @@ void addTexts(OverlayContent &content, const SliceViewer &viewer)
     if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
         values += phase;
     }
+    if (const QString tool = SeriesTexts::tool(viewer); !tool.isEmpty()) {
+        values += tool;
+    }
 }
 
 void addLetters(OverlayContent &content, const KxSlice &slice)

@@ -17,6 +17,7 @@ void ViewerOverlay::addNotifications()
         ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
         ExNotification::COLORMAP_CHANGED, ExNotification::VIEWER_FLIPPED,
         ExNotification::SCREEN_RECONFIGURED, ExNotification::VOLUME_LOADED,
+        ExNotification::TOOL_ACTIVATED, ExNotification::TOOL_DEACTIVATED,
         ExNotification::GLOBAL_TOGGLE_CHANGED, ExNotification::NONE);
 }
 

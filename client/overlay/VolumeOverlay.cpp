@@ -41,6 +41,9 @@ void addTexts(OverlayContent &content, const VolumeViewer &viewer)
     if (const QString phase = SeriesTexts::phase(viewer); !phase.isEmpty()) {
         values += phase;
     }
+    if (const QString tool = SeriesTexts::tool(viewer); !tool.isEmpty()) {
+        values += tool;
+    }
 }
 
 } // namespace

@@ -52,7 +52,7 @@ void ViewerRenderWidget::paintEvent(QPaintEvent * /*event*/)
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(rect(), m_frame);
     }
-    m_painter.paint(painter, size(), m_overlay);
+    m_painter.paint(painter, size(), m_overlay, coveredCorner());
     painter.end();
     Q_EMIT painted();
 }
@@ -63,6 +63,19 @@ void ViewerRenderWidget::resizeEvent(QResizeEvent *event)
     if (m_viewer != nullptr) {
         m_viewer->resized();
     }
+}
+
+QRect ViewerRenderWidget::coveredCorner() const
+{
+    QRect covered;
+    for (const QObject *each : children()) {
+        const auto *const child = qobject_cast<const QWidget *>(each);
+        const bool floats = child != nullptr && child->isVisible() && !child->isWindow();
+        if (floats) {
+            covered |= child->geometry();
+        }
+    }
+    return covered;
 }
 
 QString ViewerRenderWidget::toolTipAt(const QPoint &position) const
@@ -83,6 +96,9 @@ bool ViewerRenderWidget::event(QEvent *event)
         const auto &help = static_cast<const QHelpEvent &>(*event);
         QToolTip::showText(help.globalPos(), toolTipAt(help.pos()), this);
         return true;
+    }
+    if (event->type() == QEvent::LayoutRequest) {
+        update(); // The context tool bar has come, gone or got another size.
     }
     return ExBaseViewerRenderWidget::event(event);
 }

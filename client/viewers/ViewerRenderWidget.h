@@ -41,6 +41,8 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    /// What floats in the bottom right corner.
+    [[nodiscard]] QRect coveredCorner() const;
     [[nodiscard]] QString toolTipAt(const QPoint &position) const;
 
     WorkstationViewer *m_viewer;
