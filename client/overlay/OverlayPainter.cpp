@@ -116,7 +116,10 @@ void OverlayPainter::paintLetters(
     font.setBold(true);
     const qreal middleX = size.width() / 2.0;
     const qreal middleY = size.height() / 2.0;
-    const qreal aboveScaleBar = size.height() - border - 2.0 * HaloText::lineHeight(font);
+    const bool isCovered = !m_covered.isNull() && m_covered.left() < middleX + badgeSize;
+    const qreal bottom = isCovered ? m_covered.top() : size.height();
+    const qreal aboveScaleBar
+        = bottom - border - (isCovered ? 0.0 : 2.0 * HaloText::lineHeight(font));
     struct Place
     {
         OverlayContent::Edge edge = OverlayContent::Left;
@@ -140,7 +143,8 @@ void OverlayPainter::paintScaleBar(QPainter &painter, const QSize &size, double 
 {
     const ScaleBar bar = ScaleBar::fitting(size.width() / 4.0 * mmPerPixel);
     const qreal half = bar.millimetres / mmPerPixel / 2;
-    const qreal middle = size.width() / 2.0;
+    const qreal beforeBar = m_covered.isNull() ? size.width() : m_covered.left() - border - half;
+    const qreal middle = std::min(size.width() / 2.0, beforeBar);
     const qreal y = size.height() - border - 3;
     constexpr qreal tick = 3;
     QPainterPath path(QPointF(middle - half, y - tick));

@@ -190,6 +190,10 @@ void MeasureTool::pressAgain(SliceViewer &viewer, const QPoint &position)
 {
     const Measurement *const drawn = draft();
     if (drawn->kind == Measurement::Kind::Polygon) {
+        movePoint(viewer, position);
+        if (pixelsBetween(viewer, drawn->points.end()[-2], drawn->points.back()) >= leastExtent) {
+            placePoint(viewer, position);
+        }
         complete(viewer);
     } else if (drawn->points.size() == 2 && !hasExtent(*drawn, viewer)) {
         giveUp(); // A double click without a shape.

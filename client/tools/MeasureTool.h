@@ -32,7 +32,7 @@ protected:
     bool pickShape(ExBaseViewer *viewer, int x, int y, float &distance) override;
     /// What is made next.
     [[nodiscard]] virtual Measurement::Kind kind() const = 0;
-    /// What to do to make one.
+    /// What to do to make one; in short lines, since it stands over a narrow bar.
     [[nodiscard]] virtual QString hint() const = 0;
     /// Adds a sub-tool by its key; one that the user has no right to is left out.
     void addSubTool(const char *key);

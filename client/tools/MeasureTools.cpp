@@ -32,7 +32,7 @@ protected:
     [[nodiscard]] Measurement::Kind kind() const override { return Measurement::Kind::Distance; }
     [[nodiscard]] QString hint() const override
     {
-        return Texts::tr("Click the two ends of the distance, or drag from one to the other.");
+        return Texts::tr("Click the two ends,\nor drag across");
     }
 };
 
@@ -49,7 +49,7 @@ protected:
     [[nodiscard]] Measurement::Kind kind() const override { return Measurement::Kind::Angle; }
     [[nodiscard]] QString hint() const override
     {
-        return Texts::tr("Click the end of one leg, the apex, and the end of the other leg.");
+        return Texts::tr("Click one leg,\nthe apex and\nthe other leg");
     }
 };
 
@@ -77,9 +77,8 @@ protected:
     [[nodiscard]] QString hint() const override
     {
         return m_form == Measurement::Kind::Polygon
-            ? Texts::tr(
-                "Click the corners and double-click the last one, or draw around the region.")
-            : Texts::tr("Drag from corner to corner of the region, or click the two corners.");
+            ? Texts::tr("Click the corners, double-click the last,\nor draw around")
+            : Texts::tr("Drag from corner to corner,\nor click both corners");
     }
 
 private:
