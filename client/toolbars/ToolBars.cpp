@@ -27,6 +27,7 @@ struct Texts
 /// Labels of the file that comes with the program; those of a user are shown as they are.
 [[maybe_unused]] constexpr const char *labels[] = {
     QT_TRANSLATE_NOOP("ToolBarLabels", "View"),
+    QT_TRANSLATE_NOOP("ToolBarLabels", "Mouse"),
     QT_TRANSLATE_NOOP("ToolBarLabels", "Layout"),
     QT_TRANSLATE_NOOP("ToolBarLabels", "Plane"),
     QT_TRANSLATE_NOOP("ToolBarLabels", "Flip"),

@@ -256,6 +256,98 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     </message>
 </context>
 <context>
+    <name>MeasureTools</name>
+    <message>
+        <source>Click the two ends,
+or drag across</source>
+        <translation>Beide Enden anklicken
+oder hinüberziehen</translation>
+    </message>
+    <message>
+        <source>Click one leg,
+the apex and
+the other leg</source>
+        <translation>Schenkel, Scheitel
+und anderen Schenkel
+anklicken</translation>
+    </message>
+    <message>
+        <source>Click the corners, double-click the last,
+or draw around</source>
+        <translation>Ecken anklicken, die letzte doppelt,
+oder umfahren</translation>
+    </message>
+    <message>
+        <source>Drag from corner to corner,
+or click both corners</source>
+        <translation>Von Ecke zu Ecke ziehen
+oder beide anklicken</translation>
+    </message>
+</context>
+<context>
+    <name>MeasurementTexts</name>
+    <message>
+        <source>the line crosses itself</source>
+        <translation>die Linie kreuzt sich</translation>
+    </message>
+    <message>
+        <source>Area %1</source>
+        <translation>Fläche %1</translation>
+    </message>
+    <message>
+        <source>px²</source>
+        <translation>px²</translation>
+    </message>
+    <message>
+        <source>mm²</source>
+        <translation>mm²</translation>
+    </message>
+    <message>
+        <source>Mean %1 ± %2</source>
+        <translation>Mittel %1 ± %2</translation>
+    </message>
+    <message>
+        <source>Min %1  Max %2</source>
+        <translation>Min %1  Max %2</translation>
+    </message>
+    <message>
+        <source>%1 voxels</source>
+        <translation>%1 Voxel</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Abtastwerte</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>Strecke</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>Polygon</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>px</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+</context>
+<context>
     <name>PictureTools</name>
     <message>
         <source>Save a picture</source>
@@ -619,6 +711,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Help</source>
         <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
     </message>
 </context>
 <context>
@@ -1010,6 +1106,146 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Save what the window shows to a file</source>
         <translation>Was das Fenster zeigt, in einer Datei speichern</translation>
+    </message>
+    <message>
+        <source>Measuring</source>
+        <translation>Messen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy results</source>
+        <translation>Ergebnisse &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the results of these images as text</source>
+        <translation>Die Ergebnisse dieser Bilder als Text kopieren</translation>
+    </message>
+    <message>
+        <source>D&amp;elete measurement</source>
+        <translation>Messung &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Delete the picked measurement (Del)</source>
+        <translation>Die gewählte Messung löschen (Entf)</translation>
+    </message>
+    <message>
+        <source>Delete a&amp;ll measurements</source>
+        <translation>A&amp;lle Messungen löschen</translation>
+    </message>
+    <message>
+        <source>Delete all measurements of these images</source>
+        <translation>Alle Messungen dieser Bilder löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Distance</source>
+        <translation>&amp;Strecke</translation>
+    </message>
+    <message>
+        <source>Left button: measure a distance</source>
+        <translation>Linke Taste: eine Strecke messen</translation>
+    </message>
+    <message>
+        <source>Click the two ends, or drag from one to the other. Shapes and their handles can be dragged; Del removes the picked one, Esc gives up the one being drawn.</source>
+        <translation>Klicken Sie die beiden Enden an, oder ziehen Sie von einem zum anderen. Figuren und ihre Griffe lassen sich ziehen; Entf löscht die gewählte, Esc gibt die auf, die gerade gezeichnet wird.</translation>
+    </message>
+    <message>
+        <source>&amp;Angle</source>
+        <translation>&amp;Winkel</translation>
+    </message>
+    <message>
+        <source>Left button: measure an angle</source>
+        <translation>Linke Taste: einen Winkel messen</translation>
+    </message>
+    <message>
+        <source>Click the end of one leg, the apex, and the end of the other leg.</source>
+        <translation>Klicken Sie das Ende eines Schenkels, den Scheitel und das Ende des anderen Schenkels an.</translation>
+    </message>
+    <message>
+        <source>&amp;Region</source>
+        <translation>&amp;Bereich</translation>
+    </message>
+    <message>
+        <source>Left button: measure area and values of a region</source>
+        <translation>Linke Taste: Fläche und Werte eines Bereichs messen</translation>
+    </message>
+    <message>
+        <source>Tells the area, and mean, standard deviation, least and greatest value in it. On a plane across the acquired images the values are interpolated.</source>
+        <translation>Nennt die Fläche sowie Mittel, Standardabweichung, kleinsten und größten Wert darin. Auf einer Ebene quer zu den aufgenommenen Bildern werden die Werte interpoliert.</translation>
+    </message>
+    <message>
+        <source>&amp;Ellipse</source>
+        <translation>&amp;Ellipse</translation>
+    </message>
+    <message>
+        <source>Regions are ellipses</source>
+        <translation>Bereiche sind Ellipsen</translation>
+    </message>
+    <message>
+        <source>&amp;Rectangle</source>
+        <translation>&amp;Rechteck</translation>
+    </message>
+    <message>
+        <source>Regions are rectangles</source>
+        <translation>Bereiche sind Rechtecke</translation>
+    </message>
+    <message>
+        <source>&amp;Polygon</source>
+        <translation>&amp;Polygon</translation>
+    </message>
+    <message>
+        <source>Regions are drawn freely, or by their corners</source>
+        <translation>Bereiche werden frei oder mit ihren Ecken gezeichnet</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Left button: change the window of values</source>
+        <translation>Linke Taste: die Fensterung ändern</translation>
+    </message>
+    <message>
+        <source>To the right widens the window, downwards raises its level. In 3D, Shift and the left button do so.</source>
+        <translation>Nach rechts wird das Fenster breiter, nach unten steigt seine Mitte. In 3D tun das Umschalt und die linke Taste.</translation>
+    </message>
+    <message>
+        <source>&amp;Scroll</source>
+        <translation>&amp;Blättern</translation>
+    </message>
+    <message>
+        <source>Left button: go through the slices</source>
+        <translation>Linke Taste: durch die Schichten blättern</translation>
+    </message>
+    <message>
+        <source>The wheel, and the arrow and page keys, do so whatever tool is chosen.</source>
+        <translation>Das Rad sowie die Pfeil- und Bildtasten tun das bei jedem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Left button: enlarge or make smaller</source>
+        <translation>Linke Taste: vergrößern oder verkleinern</translation>
+    </message>
+    <message>
+        <source>The right button, and the wheel with Ctrl, do so whatever tool is chosen.</source>
+        <translation>Die rechte Taste, und das Rad mit Strg, tun das bei jedem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Left button: move the image</source>
+        <translation>Linke Taste: das Bild verschieben</translation>
+    </message>
+    <message>
+        <source>The middle button, and Shift with the left one, do so whatever tool is chosen.</source>
+        <translation>Die mittlere Taste, und Umschalt mit der linken, tun das bei jedem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>&amp;Turn</source>
+        <translation>&amp;Drehen</translation>
+    </message>
+    <message>
+        <source>Left button: turn the plane, or the volume in 3D</source>
+        <translation>Linke Taste: die Ebene drehen, oder das Volumen in 3D</translation>
+    </message>
+    <message>
+        <source>Ctrl and the left button do so whatever tool is chosen.</source>
+        <translation>Strg und die linke Taste tun das bei jedem Werkzeug.</translation>
     </message>
 </context>
 <context>
