@@ -83,10 +83,12 @@ if(MOVARA_SANITIZE)
         "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp:history_size=7:halt_on_error=1:second_deadlock_stack=1:die_after_fork=0")
 endif()
 
-# movara_add_test(NAME SOURCES ... LIBRARIES ... [LABELS ...] [ENVIRONMENT ...])
+# movara_add_test(NAME SOURCES ... LIBRARIES ... [LABELS ...] [ENVIRONMENT ...] [LAUNCHER ...])
 # A Qt Test program run by ctest on the offscreen platform. NAME is the file and test name, e.g. tst_McHandle.
+# LAUNCHER is a program that gets the test program's path and runs it in surroundings of its own; its exit code 77
+# says that these cannot be had here.
 function(movara_add_test name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS;ENVIRONMENT;LAUNCHER" ${ARGN})
     if(NOT arg_SOURCES)
         set(arg_SOURCES ${name}.cpp)
     endif()
@@ -94,9 +96,10 @@ function(movara_add_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} MovaraSettings Qt6::Test)
-    add_test(NAME ${name} COMMAND ${name})
+    add_test(NAME ${name} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${name}>)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 120
+        SKIP_RETURN_CODE 77
         LABELS "${arg_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;${MOVARA_SANITIZER_OPTIONS};${arg_ENVIRONMENT}")
 endfunction()

@@ -30,6 +30,7 @@ ExMonitorManagerPrivate::ExMonitorManagerPrivate(ExMonitorManager &owner)
     , announced(set)
 {
     QObject::connect(&watch, &ScreenWatch::settled, &watch, [this] { displaysChanged(); });
+    QObject::connect(&watch, &ScreenWatch::followed, &watch, [this] { updateStates(); });
     watch.start();
 }
 
@@ -133,6 +134,15 @@ void ExMonitorManagerPrivate::updateState(ExMonitorWidget &widget) const
         widget.showNormal(false);
     } else if (!widget.isMaximizedBySystem()) {
         widget.setGeometry(manager.normalWindowRect(&widget));
+    }
+}
+
+void ExMonitorManagerPrivate::updateStates() const
+{
+    for (const auto &[widget, shown] : widgets) {
+        if (!shown.isEmpty() && widget->isVisible() && !widget->isMinimized()) {
+            updateState(*widget);
+        }
     }
 }
 

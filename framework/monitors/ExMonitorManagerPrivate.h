@@ -61,6 +61,8 @@ public:
     void hideEmptyWidgets() const;
     /// Takes the state of the record, when the window is on screen.
     void updateState(ExMonitorWidget &widget) const;
+    /// The same for all that are on screen.
+    void updateStates() const;
 
     /// The displays have changed and come to rest.
     void displaysChanged();

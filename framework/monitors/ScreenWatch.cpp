@@ -10,7 +10,13 @@ ScreenWatch::ScreenWatch()
     using namespace std::chrono_literals;
     m_rest.setSingleShot(true);
     m_rest.setInterval(200ms);
-    connect(&m_rest, &QTimer::timeout, this, &ScreenWatch::settled);
+    m_after.setSingleShot(true);
+    m_after.setInterval(600ms);
+    connect(&m_rest, &QTimer::timeout, this, [this] {
+        m_after.start();
+        Q_EMIT settled();
+    });
+    connect(&m_after, &QTimer::timeout, this, &ScreenWatch::followed);
 }
 
 void ScreenWatch::start()
@@ -29,6 +35,7 @@ void ScreenWatch::start()
     connect(application, &QGuiApplication::primaryScreenChanged, this, changed);
     // A timer must not outlive the event loop that it belongs to.
     connect(application, &QCoreApplication::aboutToQuit, &m_rest, &QTimer::stop);
+    connect(application, &QCoreApplication::aboutToQuit, &m_after, &QTimer::stop);
     const QList<QScreen *> screens = QGuiApplication::screens();
     for (QScreen *const screen : screens) {
         watch(screen);
