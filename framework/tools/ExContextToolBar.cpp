@@ -191,6 +191,10 @@ void ExContextToolBar::place()
         return;
     }
     m_bar->adjustSize();
+    if (m_hint != nullptr && !m_hint->text().isEmpty()) {
+        // The hint begins at the bar's left edge; a bar that is as wide keeps it in the viewer.
+        m_bar->resize(std::max(m_bar->width(), m_hint->width()), m_bar->height());
+    }
     m_bar->move(
         m_attached->width() - gap - m_bar->width(), m_attached->height() - gap - m_bar->height());
     if (m_hint != nullptr) {
