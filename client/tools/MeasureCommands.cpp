@@ -1,8 +1,9 @@
 #include "client/application/ToolModule.h"
 #include "client/measurements/MeasurementList.h"
 #include "client/measurements/MeasurementTexts.h"
+#include "client/measurements/MeasurementView.h"
 #include "client/tools/WorkstationTools.h"
-#include "client/viewers/WorkstationViewer.h"
+#include "client/viewers/SliceViewer.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -78,10 +79,14 @@ public:
     }
 
 protected:
-    void run(WorkstationViewer & /*viewer*/) override
+    /// What cannot be seen is not to be lost by a click.
+    void run(WorkstationViewer &viewer) override
     {
         MeasurementList &list = *MeasurementList::instancePointer();
-        list.remove(list.picked());
+        const auto *const slice = dynamic_cast<const SliceViewer *>(&viewer);
+        if (slice != nullptr && MeasurementView::isShown(*list.find(list.picked()), *slice)) {
+            list.remove(list.picked());
+        }
     }
 };
 

@@ -364,7 +364,11 @@ bool MeasureTool::processKeyEvent(
         complete(static_cast<SliceViewer &>(*viewer));
         return true;
     }
-    if ((key == Kx::DeleteKey || key == Kx::BackspaceKey) && list->picked() != 0) {
+    const bool isDelete = key == Kx::DeleteKey || key == Kx::BackspaceKey;
+    const Measurement *const picked = list->find(list->picked());
+    // What cannot be seen is not to be lost by a key.
+    if (isDelete && picked != nullptr
+        && MeasurementView::isShown(*picked, static_cast<SliceViewer &>(*viewer))) {
         giveUp();
         list->remove(list->picked());
         return true;

@@ -260,15 +260,16 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Click the two ends,
 or drag across</source>
-        <translation>Beide Enden anklicken
-oder hinüberziehen</translation>
+        <translation>Beide Enden
+anklicken oder
+hinüberziehen</translation>
     </message>
     <message>
         <source>Click one leg,
 the apex and
 the other leg</source>
-        <translation>Schenkel, Scheitel
-und anderen Schenkel
+        <translation>Schenkel, Scheitel,
+anderen Schenkel
 anklicken</translation>
     </message>
     <message>

@@ -244,6 +244,10 @@ void tst_MouseTools::handleAndShapeAreDragged()
     QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
     QCOMPARE(list().all().size(), 1U);
     click({170, 150});
+    m_fixture->wheel(slice(0), 1);
+    QTest::keyClick(slice(0).widget(), Qt::Key_Delete); // It is not seen here.
+    QCOMPARE(list().all().size(), 1U);
+    m_fixture->wheel(slice(0), -1);
     QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
     QVERIFY(list().all().empty());
 }
