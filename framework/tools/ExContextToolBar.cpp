@@ -37,6 +37,10 @@ public:
 protected:
     QWidget *createWidget(QWidget *parent) override
     {
+        // The menu of what has no room on the bar asks for one as well.
+        if (!createdWidgets().isEmpty()) {
+            return nullptr;
+        }
         m_widget->setParent(parent);
         return m_widget;
     }

@@ -43,12 +43,17 @@ public:
     {
         log.append(u"edit " % patterns.constFirst().pattern());
     }
-    [[nodiscard]] bool toolContextMenuHidesProperties() const override { return false; }
-    [[nodiscard]] bool toolContextMenuShowsIdentification() const override { return false; }
+    [[nodiscard]] bool toolContextMenuHidesProperties() const override { return hidesProperties; }
+    [[nodiscard]] bool toolContextMenuShowsIdentification() const override
+    {
+        return showsIdentification;
+    }
 
     QStringList log;
     FakeDecoration decorations;
     QPointer<QWidget> mainWidget;
     std::vector<ExActionUI *> actions;
     bool hasNoHelp = false;
+    bool hidesProperties = false;
+    bool showsIdentification = false;
 };

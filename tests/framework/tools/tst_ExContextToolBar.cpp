@@ -1,0 +1,411 @@
+#include "framework/tools/ExActionUI.h"
+#include "framework/tools/ExContextToolBar.h"
+#include "framework/tools/ExToolBar.h"
+#include "tests/framework/tools/FakeTool.h"
+#include "tests/support/FakeApplication.h"
+#include "tests/support/FakeViewerManager.h"
+#include "tests/support/PrivateSettings.h"
+#include "tests/support/Recorder.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+#include <QToolButton>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A tool with sub-tools.
+class FakeToolOfTools : public FakeTool, public ExToolGroup
+{
+public:
+    using FakeTool::FakeTool;
+};
+
+QString keys(const QWidget &widget)
+{
+    QStringList all;
+    const QList<QAction *> actions = widget.actions();
+    for (const QAction *action : actions) {
+        all.append(action->objectName().isEmpty() ? u"-"_s : action->objectName());
+    }
+    return all.join(u' ');
+}
+
+} // namespace
+
+class tst_ExContextToolBar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_app = std::make_unique<FakeApplication>();
+        m_manager = std::make_unique<FakeViewerManager>();
+        m_context = std::make_unique<ExContextToolBar>();
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(400, 300);
+        m_context->attachTo(m_window.get(), Qt::BottomRightCorner);
+        m_bar = m_window->findChild<ExToolBar *>();
+        m_hint = m_window->findChild<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        makeMeasure();
+        takeLog();
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_context.reset();
+        m_measure.reset();
+        qDeleteAll(std::exchange(m_app->actions, {}));
+        m_manager.reset();
+        m_app.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+    }
+
+    void attaching()
+    {
+        QVERIFY(m_bar->windowTitle() == u"Context toolbar"_s && m_hint->margin() == 2);
+        m_window->show();
+        QVERIFY(!m_context->isVisible()); // There is nothing in it.
+        m_context->appendSubTools(m_measure);
+        QWidget hidden;
+        m_context->attachTo(&hidden, Qt::TopLeftCorner);
+        QVERIFY(m_bar->parent() == &hidden && m_hint->parent() == &hidden && !m_bar->isVisible());
+        m_context->setVisible(false);
+        hidden.resize(400, 300);
+        hidden.show();
+        QVERIFY(m_context->isVisible());
+        QCOMPARE(m_bar->geometry().bottomRight(), QPoint(393, 293));
+        hidden.resize(500, 200);
+        QCOMPARE(m_bar->geometry().bottomRight(), QPoint(493, 193));
+        m_context->setVisible(false);
+        hidden.hide();
+        hidden.show();
+        QVERIFY(m_context->isVisible());
+        m_context->detachFrom(m_window.get());
+        QVERIFY(m_context->isVisible());
+        m_context->detachFrom(&hidden);
+        m_context->attachTo(&hidden, Qt::BottomRightCorner); // Still counts as attached.
+        QVERIFY(m_bar->parent() == nullptr && !m_bar->isVisible());
+        hidden.hide();
+        hidden.show();
+        m_context->setVisible(true);
+        QCoreApplication::processEvents();
+        QVERIFY(!m_bar->isVisible()); // No window of its own.
+        m_context->attachTo(m_window.get(), Qt::BottomRightCorner);
+        QVERIFY(m_context->isVisible());
+        m_context->attachTo(nullptr, Qt::BottomRightCorner);
+        QVERIFY(m_bar->parent() == nullptr && !m_bar->isVisible());
+    }
+
+    void showing()
+    {
+        m_context->appendSubTools(m_measure);
+        m_context->setVisible(true); // Of no effect while the widget is hidden.
+        QCoreApplication::processEvents();
+        m_window->show();
+        m_context->setVisible(false);
+        m_context->setVisible(true);
+        QVERIFY(!m_context->isVisible());
+        QTRY_VERIFY(m_context->isVisible());
+        m_context->setVisible(false);
+        QVERIFY(!m_context->isVisible());
+        m_context->setVisible(true);
+        m_context->setVisible(false);
+        QCoreApplication::processEvents();
+        QVERIFY(!m_context->isVisible());
+        QVERIFY(QMetaObject::invokeMethod(m_context.get(), "delayedShow"));
+        QVERIFY(m_context->isVisible());
+    }
+
+    void hints()
+    {
+        m_window->show();
+        m_context->setDisplayHint(u"Click two points"_s);
+        QVERIFY(!m_hint->isVisible());
+        m_context->appendSubTools(m_measure);
+        m_context->setVisible(true);
+        QTRY_VERIFY(m_hint->isVisible());
+        for (const int pointSize : {8, 20, 0}) {
+            m_context->setDisplayHintFontSize(pointSize);
+            QCOMPARE(m_hint->font().pointSize(), pointSize == 0 ? 20 : pointSize);
+            QCOMPARE(m_hint->geometry(),
+                QRect(QPoint(m_bar->x(), m_bar->y() - 6 - m_hint->height()), m_hint->sizeHint()));
+        }
+        m_context->setDisplayHint(QString());
+        QVERIFY(!m_hint->isVisible() && m_context->isVisible());
+        m_context->setDisplayHint(u"Click a third one"_s);
+        QVERIFY(m_hint->isVisible());
+        m_context->setVisible(false);
+        QVERIFY(!m_hint->isVisible());
+    }
+
+    void widgets()
+    {
+        m_window->show();
+        auto slider = std::make_unique<QWidget>();
+        auto box = std::make_unique<QWidget>();
+        auto first = std::make_unique<QWidget>();
+        QPointer<QWidget> last = new QWidget;
+        m_context->addWidget(slider.get());
+        m_context->addWidget(slider.get());
+        m_context->addWidget(nullptr);
+        m_context->insertWidget(box.get(), 0);
+        m_context->insertWidget(first.get(), -1);
+        m_context->insertWidget(last, 9);
+        QList<QWidget *> inBar;
+        for (QAction *action : m_bar->actions()) {
+            inBar.append(m_bar->widgetForAction(action));
+        }
+        QCOMPARE(inBar, QList<QWidget *>({first.get(), box.get(), slider.get(), last}));
+        QVERIFY(slider->isVisible() && m_context->isVisible());
+        m_context->removeWidget(slider.get());
+        QVERIFY(slider->isHidden() && slider->parent() == nullptr);
+        m_context->addWidget(slider.get()); // Can come back.
+        QVERIFY(slider->isVisible());
+        slider.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(m_bar->actions().size(), 3);
+        m_context->removeAll();
+        QVERIFY(box->parent() == nullptr && m_bar->actions().isEmpty() && !m_context->isVisible());
+        QWidget other(m_window.get());
+        other.show();
+        m_context->attachTo(&other, Qt::BottomRightCorner);
+        m_context->addWidget(box.get());
+        m_context->removeWidget(box.get());
+        QVERIFY(!m_context->isVisible()); // Nothing left.
+        m_context->addWidget(last);
+        m_context.reset();
+        QVERIFY(last.isNull()); // Went with the bar that had it.
+    }
+
+    void subTools()
+    {
+        m_window->show();
+        FakeTool *const plain = makeTool("Plain");
+        auto *const areas = makeTool<FakeToolOfTools>("Areas");
+        areas->appendTool(makeTool("Circle"), false);
+        m_measure->appendTool(areas, false);
+        m_measure->appendTool(plain, false);
+        m_context->appendSubTools(m_measure);
+        m_context->appendSubTools(m_measure);
+        m_context->appendSubTools(McHandle<ExTool>(plain)); // Has none.
+        QCOMPARE(keys(*m_bar), u"Distance Angle Areas Plain"_s);
+        QCOMPARE(keys(*m_bar->actions().at(2)->menu()), u"Circle"_s);
+        QVERIFY(m_bar->getTools().size() == 4 && !m_context->isVisible());
+        m_measure->removeTool(m_measure->getTools().front()); // Stays on the bar.
+        auto *const action = dynamic_cast<ExActionUI *>(plain->getUI());
+        std::erase(m_app->actions, action);
+        delete action;
+        m_context->removeSubTools(m_measure);
+        QCOMPARE(keys(*m_bar), u"Distance"_s);
+        QVERIFY(m_bar->getTools().size() == 1 && m_context->isVisible());
+        m_context->removeAll();
+        QVERIFY(m_bar->actions().isEmpty() && m_bar->getTools().empty());
+        m_context->appendSubTools(m_measure);
+        QCOMPARE(keys(*m_bar), u"Angle Areas Plain"_s);
+    }
+
+    void attachedWidgetDies()
+    {
+        m_window->show();
+        m_context->appendSubTools(m_measure);
+        m_context->setDisplayHint(u"Hint"_s);
+        auto *const inner = new QWidget(m_window.get());
+        inner->show();
+        m_context->attachTo(inner, Qt::BottomRightCorner);
+        QVERIFY(m_context->isVisible());
+        m_window = std::make_unique<QWidget>(); // Takes the inner one with it.
+        QVERIFY(m_bar != nullptr && m_hint != nullptr && !m_context->isVisible());
+        m_window->show();
+        m_context->attachTo(m_window.get(), Qt::BottomRightCorner);
+        QVERIFY(m_context->isVisible() && keys(*m_bar) == u"Distance Angle"_s);
+        delete m_bar;
+        delete m_hint;
+        m_context->appendSubTools(m_measure);
+        m_context->removeSubTools(m_measure);
+        m_context->setDisplayHint(u"Nobody there"_s);
+        m_context->setVisible(true);
+        QCoreApplication::processEvents();
+        m_context->removeAll();
+    }
+
+    void followsTheActiveViewer()
+    {
+        const McHandle<FakeViewer> a = viewerWithVolume();
+        const McHandle<FakeViewer> b = viewerWithVolume();
+        for (const McHandle<FakeViewer> &viewer : {a, b}) {
+            viewer->makeWidget().show();
+            m_manager->add(viewer);
+        }
+        const auto place = [&a, &b]() -> QString {
+            const bool isInA = a->renderWidget()->findChild<ExToolBar *>() != nullptr;
+            const bool isInB = b->renderWidget()->findChild<ExToolBar *>() != nullptr;
+            return isInA ? (isInB ? u"both"_s : u"a"_s) : (isInB ? u"b"_s : u"nowhere"_s);
+        };
+        QStringList log;
+        const Recorder recorder(u"told"_s, log, {ExNotification::ACTIVE_VIEWER_CHANGED},
+            [&](const ExNotification &notification) {
+                log.append(place());
+                if (notification.viewer() == nullptr) {
+                    m_manager->setActiveViewer(a);
+                }
+            });
+        ExContextToolBar *const context = m_manager->contextToolBar();
+        for (FakeViewer *viewer : {a.get(), b.get(), static_cast<FakeViewer *>(nullptr)}) {
+            m_manager->setActiveViewer(viewer);
+            log.append(place());
+        }
+        m_manager->removeViewer(b);
+        log.append(place());
+        context->appendSubTools(m_measure);
+        context->setVisible(true);
+        QTRY_VERIFY(context->isVisible());
+        m_manager->removeViewer(a);
+        log.append(place());
+        m_manager->setActiveViewer(b);
+        m_manager->setActiveViewer(a); // The bar comes back to a widget that it had left.
+        log.append(place());
+        m_manager->removeAllViewers();
+        QVERIFY(!context->isVisible() && place() == u"nowhere"_s);
+        delete context;
+        QVERIFY(m_manager->contextToolBar() != nullptr);
+        QCOMPARE(log.filter(QRegularExpression(u"^(?!told)"_s)).join(u' '),
+            u"nowhere a nowhere b nowhere nowhere a a nowhere nowhere nowhere a"_s);
+    }
+
+    void destructionInAnyOrder()
+    {
+        for (unsigned seed = 1; seed <= 60; ++seed) {
+            m_app->actions.clear();
+            takeLog();
+            Scene scene;
+            fill(scene);
+            std::vector<std::function<void()>> deeds = scene.deeds;
+            for (ExActionUI *action : m_app->actions) {
+                deeds.emplace_back([held = QPointer(action)] { delete held; });
+            }
+            std::mt19937 random(seed);
+            std::shuffle(deeds.begin(), deeds.end(), random);
+            for (const std::function<void()> &deed : deeds) {
+                deed();
+                scene.use();
+                if (random() % 2 == 0) {
+                    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                }
+            }
+            QCOMPARE(takeLog().count(u" gone"_s), 5);
+        }
+        m_app->actions.clear();
+    }
+
+private:
+    template <typename Tool = FakeTool>
+    Tool *makeTool(const char *key)
+    {
+        m_app->decorations.entries[QLatin1String(key)] = {};
+        auto *const tool = new Tool(key);
+        tool->enabled = true;
+        return tool;
+    }
+    void makeMeasure()
+    {
+        m_measure = makeTool<FakeToolOfTools>("Measure");
+        m_measure->appendTool(makeTool("Distance"), false);
+        m_measure->appendTool(makeTool("Angle"), false);
+    }
+    /// Tools, groups, bars and windows that know each other, and how each is destroyed.
+    struct Scene
+    {
+        void use() const
+        {
+            for (const McHandle<FakeTool> &tool : tools) {
+                if (tool) {
+                    tool->setActive(!tool->isActive());
+                }
+            }
+            for (QMenu *menu : menus) {
+                if (menu != nullptr) {
+                    Q_EMIT menu->aboutToShow();
+                }
+            }
+            if (window) {
+                window->resize(window->size() + QSize(1, 1));
+            }
+            if (context) {
+                context->setDisplayHint(u"Hint"_s);
+                context->setVisible(true);
+            }
+            QCoreApplication::processEvents();
+        }
+
+        std::vector<McHandle<FakeTool>> tools;
+        std::unique_ptr<ExToolGroup> group;
+        std::unique_ptr<QWidget> window;
+        std::unique_ptr<ExContextToolBar> context;
+        std::vector<QPointer<ExToolBar>> bars;
+        QList<QPointer<QMenu>> menus;
+        std::vector<std::function<void()>> deeds;
+    };
+    void fill(Scene &scene)
+    {
+        auto *const outer = makeTool<FakeToolOfTools>("Outer");
+        auto *const inner = makeTool<FakeToolOfTools>("Inner");
+        scene.tools = {outer, inner, makeTool("Zoom"), makeTool("Pan"), makeTool("Window")};
+        scene.group = std::make_unique<ExToolGroup>();
+        scene.group->setBringUp(true);
+        scene.group->setExclusive(true);
+        for (std::size_t i = 2; i < scene.tools.size(); ++i) {
+            inner->appendTool(scene.tools[i], false);
+            scene.group->appendTool(scene.tools[i], i == 2);
+        }
+        outer->appendTool(inner, false);
+        scene.window = std::make_unique<QWidget>();
+        auto *const viewer = new QWidget(scene.window.get());
+        scene.window->show();
+        scene.context = std::make_unique<ExContextToolBar>();
+        scene.context->attachTo(viewer, Qt::BottomRightCorner);
+        scene.context->appendSubTools(McHandle<ExTool>(outer));
+        auto *const first = new ExToolBar(scene.window.get());
+        first->addToolPopup(*scene.group, nullptr);
+        first->addTool(*scene.tools[2], false);
+        auto *const second = new ExToolBar(u"Second"_s);
+        second->addPopup(first);
+        second->addToolPopup(*scene.group, nullptr);
+        scene.bars = {first, second, new ExToolBar(*first)};
+        for (ExActionUI *action : m_app->actions) {
+            scene.menus.append(action->menu());
+        }
+        for (McHandle<FakeTool> &tool : scene.tools) {
+            scene.deeds.emplace_back([&tool] { tool.reset(); });
+        }
+        for (QPointer<ExToolBar> &bar : scene.bars) {
+            scene.deeds.emplace_back([&bar] { delete bar; });
+        }
+        scene.deeds.emplace_back([&scene] { scene.group.reset(); });
+        scene.deeds.emplace_back([&scene] { scene.window.reset(); });
+        scene.deeds.emplace_back([viewer = QPointer<QWidget>(viewer)] { delete viewer; });
+        scene.deeds.emplace_back([&scene] { scene.context.reset(); });
+    }
+
+    PrivateSettings m_settings;
+    std::unique_ptr<FakeApplication> m_app;
+    std::unique_ptr<FakeViewerManager> m_manager;
+    std::unique_ptr<ExContextToolBar> m_context;
+    QPointer<ExToolBar> m_bar;
+    QPointer<QLabel> m_hint;
+    McHandle<FakeToolOfTools> m_measure;
+    std::unique_ptr<QWidget> m_window;
+};
+
+QTEST_MAIN(tst_ExContextToolBar)
+#include "tst_ExContextToolBar.moc"
