@@ -10,6 +10,7 @@
 #include "framework/application/ExUIRegistry.h"
 
 #include <QActionEvent>
+#include <QApplication>
 #include <QMenu>
 #include <QPointer>
 #include <QToolButton>
@@ -216,9 +217,15 @@ void ExToolBar::applyColors()
 {
     const QxStyleFactory &factory = QxStyleFactory::instance();
     QPalette colors; // What it does not set comes from the widgets around.
+    QString sheet;
     QColor color;
     if (factory.userDefinedColor("KORVATE_ExToolBarBackground", color)) {
         colors.setColor(QPalette::Window, color);
+        // The style's own sheet would paint over a colour of the client's.
+        if (!qApp->styleSheet().isEmpty()
+            && color != factory.color(QxStyleFactory::ColorRole::Panel)) {
+            sheet = u"ExToolBar { background: " % color.name() % u"; }";
+        }
     }
     if (factory.userDefinedColor("HALDO_ViewerControlArrow", color)) {
         for (const QPalette::ColorRole role : {QPalette::Light, QPalette::Shadow, QPalette::Mid}) {
@@ -230,6 +237,9 @@ void ExToolBar::applyColors()
         }
     }
     setPalette(colors);
+    if (sheet != styleSheet()) {
+        setStyleSheet(sheet);
+    }
 }
 
 void ExToolBar::addToolsContextMenu(QAction *action)

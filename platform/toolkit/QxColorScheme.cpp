@@ -55,6 +55,7 @@ QToolBar { background: @panel; border: none; padding: 4px; spacing: 4px; }
 QToolBar::separator { background: @hairline; width: 1px; height: 1px; margin: 4px; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 1px 2px 2px 1px; }
 QToolButton[popupMode="MenuButtonPopup"], QToolButton[popupMode="InstantPopup"] { padding-right: 14px; }
+QToolButton::menu-button { background: transparent; border: none; width: 14px; }
 QToolButton:hover { background: @raised; }
 QToolButton:pressed { background: @hairline; }
 QToolButton:checked { background: @raised; border-color: @accent; }
