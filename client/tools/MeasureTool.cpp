@@ -115,7 +115,7 @@ QString MeasureTool::displayHint(const ExBaseViewer * /*viewer*/) const
     return hint();
 }
 
-bool MeasureTool::pickShape(ExBaseViewer *viewer, int x, int y, float &distance)
+bool MeasureTool::pick(ExBaseViewer *viewer, int x, int y, float &distance)
 {
     const auto *const slice = dynamic_cast<const SliceViewer *>(viewer);
     const auto found

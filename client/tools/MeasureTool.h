@@ -29,7 +29,8 @@ protected:
 
     [[nodiscard]] bool supports(Ex::ViewerType type) const override;
     /// Any measurement, not those of this tool only.
-    bool pickShape(ExBaseViewer *viewer, int x, int y, float &distance) override;
+    bool pick(ExBaseViewer *viewer, int x, int y, float &distance) override;
+    using ExShapeTool::pick;
     /// What is made next.
     [[nodiscard]] virtual Measurement::Kind kind() const = 0;
     /// What to do to make one; in short lines, since it stands over a narrow bar.

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace {
 
@@ -43,28 +44,36 @@ QMessageBox::StandardButton ExMessageBox::run()
     return static_cast<StandardButton>(exec());
 }
 
+QMessageBox::StandardButton ExMessageBox::runAndDelete(ExMessageBox *box)
+{
+    const QPointer<ExMessageBox> guard(box);
+    const StandardButton answer = box->run();
+    delete guard;
+    return answer;
+}
+
 QMessageBox::StandardButton ExMessageBox::error(const QString &text, StandardButtons buttons,
     StandardButton defaultButton, QWidget *parent, const QString &title)
 {
-    return ExMessageBox(Critical, text, buttons, defaultButton, parent, title).run();
+    return runAndDelete(new ExMessageBox(Critical, text, buttons, defaultButton, parent, title));
 }
 
 QMessageBox::StandardButton ExMessageBox::warning(const QString &text, StandardButtons buttons,
     StandardButton defaultButton, QWidget *parent, const QString &title)
 {
-    return ExMessageBox(Warning, text, buttons, defaultButton, parent, title).run();
+    return runAndDelete(new ExMessageBox(Warning, text, buttons, defaultButton, parent, title));
 }
 
 QMessageBox::StandardButton ExMessageBox::information(const QString &text, StandardButtons buttons,
     StandardButton defaultButton, QWidget *parent, const QString &title)
 {
-    return ExMessageBox(Information, text, buttons, defaultButton, parent, title).run();
+    return runAndDelete(new ExMessageBox(Information, text, buttons, defaultButton, parent, title));
 }
 
 QMessageBox::StandardButton ExMessageBox::question(const QString &text, StandardButtons buttons,
     StandardButton defaultButton, QWidget *parent, const QString &title)
 {
-    return ExMessageBox(Question, text, buttons, defaultButton, parent, title).run();
+    return runAndDelete(new ExMessageBox(Question, text, buttons, defaultButton, parent, title));
 }
 
 void ExMessageBox::info(const QString &text, QWidget *parent)
@@ -74,9 +83,10 @@ void ExMessageBox::info(const QString &text, QWidget *parent)
 
 bool ExMessageBox::confirm(const QString &text, const QString &okText, QWidget *parent)
 {
-    ExMessageBox box(Information, text, Ok | Cancel, Cancel, parent, nullString());
-    box.button(Ok)->setText(okText);
-    return box.run() == Ok;
+    auto *const box
+        = new ExMessageBox(Information, text, Ok | Cancel, Cancel, parent, nullString());
+    box->button(Ok)->setText(okText);
+    return runAndDelete(box) == Ok;
 }
 
 bool ExMessageBox::overwriteConfirmation(const QString &fileName, QWidget *parent)
@@ -93,11 +103,15 @@ bool ExMessageBox::deleteConfirmation(const QString &text, QWidget *parent)
 QString ExMessageBox::password(
     const QString &text, QWidget *parent, const QString &title, bool generate)
 {
-    ExPasswordInputWidget dialog(text, parentFor(parent));
-    dialog.setWindowTitle(titleFor(title));
+    const QPointer<ExPasswordInputWidget> dialog
+        = new ExPasswordInputWidget(text, parentFor(parent));
+    dialog->setWindowTitle(titleFor(title));
     if (generate) {
-        dialog.slotGenerateClicked();
+        dialog->slotGenerateClicked();
     }
     const McHandle<ExTempCursorHandle> arrow = ExApplication::tempNotBusy();
-    return dialog.exec() == QDialog::Accepted ? dialog.password() : QString();
+    const bool accepted = dialog->exec() == QDialog::Accepted && dialog != nullptr;
+    const QString password = accepted ? dialog->password() : QString();
+    delete dialog;
+    return password;
 }

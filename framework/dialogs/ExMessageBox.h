@@ -46,4 +46,6 @@ private:
 
     static bool confirm(const QString &text, const QString &okText, QWidget *parent);
     StandardButton run();
+    /// Runs a box that its parent may take with it, and deletes it.
+    static StandardButton runAndDelete(ExMessageBox *box);
 };

@@ -248,6 +248,8 @@ void ExContextToolBar::insertWidget(QWidget *widget, int index)
     auto *const action = new BorrowedWidgetAction(widget, m_bar);
     m_bar->insertAction(before, action);
     action->setVisible(true);
+    // The widget may be destroyed by somebody else, and takes its action with it.
+    QObject::connect(action, &QObject::destroyed, this, [this] { hideWhenEmpty(); });
     showParts();
 }
 
@@ -263,7 +265,17 @@ void ExContextToolBar::removeWidget(QWidget *widget)
             widget->hide();
         }
     }
-    if (m_bar->actions().isEmpty()) {
+    hideWhenEmpty();
+}
+
+bool ExContextToolBar::isEmpty() const
+{
+    return m_bar == nullptr || m_bar->actions().isEmpty();
+}
+
+void ExContextToolBar::hideWhenEmpty()
+{
+    if (isEmpty()) {
         hideParts();
     }
 }
@@ -291,11 +303,16 @@ void ExContextToolBar::addSubTool(ExTool &member)
 
 void ExContextToolBar::removeSubTools(const McHandle<ExTool> &tool)
 {
+    removeSubTools(subToolsOf(tool));
+}
+
+void ExContextToolBar::removeSubTools(const std::vector<McHandle<ExTool>> &members)
+{
     if (m_bar == nullptr) {
         return;
     }
     bool wasHidden = false;
-    for (const McHandle<ExTool> &member : subToolsOf(tool)) {
+    for (const McHandle<ExTool> &member : members) {
         const auto found = m_subTools.find(member);
         if (found != m_subTools.end()) {
             m_bar->hide();
@@ -304,7 +321,11 @@ void ExContextToolBar::removeSubTools(const McHandle<ExTool> &tool)
             wasHidden = true;
         }
     }
-    if (wasHidden && !m_bar->actions().isEmpty()) {
+    if (m_bar->actions().isEmpty()) {
+        // Also when it is still to be shown: an empty bar is not to appear.
+        m_showTimer.stop();
+        hideParts();
+    } else if (wasHidden) {
         showParts();
     }
 }
@@ -343,7 +364,10 @@ bool ExContextToolBar::eventFilter(QObject *watched, QEvent *event)
         place();
         break;
     case QEvent::Show:
-        if (m_bar->isHidden() && !m_bar->actions().isEmpty()) {
+        if (isEmpty() && m_hint != nullptr && m_hint->text().isEmpty()) {
+            // Its last tool has left while the widget was hidden.
+            hideParts();
+        } else if (m_bar->isHidden() && !isEmpty()) {
             showParts();
         }
         break;

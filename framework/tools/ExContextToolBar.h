@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <map>
+#include <vector>
 
 class ExActionUI;
 class ExTool;
@@ -40,6 +41,8 @@ public:
     /// once. Nothing unless the attached widget is visible.
     void setVisible(bool visible);
     [[nodiscard]] bool isVisible() const;
+    /// Whether nothing is on the bar.
+    [[nodiscard]] bool isEmpty() const;
 
     /// Sets the text above the bar; an empty one hides it.
     void setDisplayHint(const QString &hint);
@@ -61,6 +64,8 @@ public:
     void appendSubTools(const McHandle<ExTool> &tool);
     /// Takes the members of such a tool off the bar, which is shown again with what is left.
     void removeSubTools(const McHandle<ExTool> &tool);
+    /// The same with the members themselves, for a tool that is being destroyed.
+    void removeSubTools(const std::vector<McHandle<ExTool>> &members);
     /// Hides, detaches and empties the bar.
     void removeAll();
 
@@ -73,6 +78,7 @@ private:
     void setParentOfParts(QWidget *parent);
     void showParts();
     void hideParts();
+    void hideWhenEmpty();
     void place();
     void addSubTool(ExTool &member);
     void removeSubTool(ExTool &member, ExActionUI *action);

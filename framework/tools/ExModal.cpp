@@ -127,9 +127,11 @@ void ExModal::begin()
 
 void ExModal::end()
 {
-    if (ModalStage::instance().leave(this)) {
-        ModalStage::removeSubTools(this);
-        ModalStage::instance().showHint();
+    ModalStage &stage = ModalStage::instance();
+    if (stage.leave(this)) {
+        const McHandle<ExModal> held = ModalStage::keep(this);
+        stage.removeSubTools(this);
+        stage.showHint();
         publish(ExNotification::TOOL_DEACTIVATED, this);
     }
 }

@@ -9,12 +9,12 @@ ExShapeTool::~ExShapeTool() = default;
 bool ExShapeTool::pick(
     ExBaseViewer *viewer, int x, int y, float &distance, Kx::ButtonState /*state*/)
 {
-    return pickShape(viewer, x, y, distance);
+    return pick(viewer, x, y, distance);
 }
 
 void ExShapeTool::registerContextMenu(const ExBaseViewer * /*viewer*/) { }
 
-bool ExShapeTool::pickShape(ExBaseViewer * /*viewer*/, int /*x*/, int /*y*/, float & /*distance*/)
+bool ExShapeTool::pick(ExBaseViewer * /*viewer*/, int /*x*/, int /*y*/, float & /*distance*/)
 {
     return false;
 }

@@ -11,18 +11,15 @@ public:
     ExShapeTool(const char *name, int state, bool exclusive);
     ~ExShapeTool() override;
 
-    /// Looks for a shape at a position in a viewer. The base asks pickShape(), whatever the state.
+    /// Looks for a shape at a position in a viewer. The base has no shapes, and so never finds one.
     /// @param x,y in the render widget, in device-independent pixels.
     /// @param distance set to how far the nearest shape within reach is from there, in
     /// device-independent pixels, 0 inside it; left as it is when there is none.
-    /// @param state the buttons and modifiers held.
     /// @return whether there is one.
+    virtual bool pick(ExBaseViewer *viewer, int x, int y, float &distance);
+    /// The same for a tool that regards the buttons and modifiers held. The base asks the other one
+    /// whatever the state. A tool that overrides one of the two says `using ExShapeTool::pick`.
     virtual bool pick(ExBaseViewer *viewer, int x, int y, float &distance, Kx::ButtonState state);
     /// Adds what can be done with the shapes to a viewer's context menu. The base adds nothing.
     virtual void registerContextMenu(const ExBaseViewer *viewer);
-
-protected:
-    /// The same as pick() without regard to buttons and modifiers: what is in reach, and how far,
-    /// is known by the tool. The base has no shapes, and so never finds one.
-    virtual bool pickShape(ExBaseViewer *viewer, int x, int y, float &distance);
 };

@@ -104,6 +104,7 @@ void ModalStage::toolMade()
 void ModalStage::toolGone(ExModal *tool)
 {
     leave(tool);
+    removeSubTools(tool);
     if (--m_numTools == 0) {
         m_watch.reset();
     }
@@ -199,40 +200,37 @@ void ModalStage::beginWaiting()
 
 void ModalStage::showHint()
 {
-    ExContextToolBar *const bar = contextToolBar();
-    if (bar == nullptr) {
-        return;
-    }
-    const QString hint = currentHint();
-    bar->setDisplayHint(hint);
-    // Without sub-tools, and so hidden, the bar shows for the hint alone.
-    if (hint.isEmpty() && m_showsBarForHint) {
-        bar->setVisible(false);
-        m_showsBarForHint = false;
-    } else if (!hint.isEmpty() && !bar->isVisible()) {
-        bar->setVisible(true);
-        m_showsBarForHint = true;
+    if (ExContextToolBar *const bar = contextToolBar()) {
+        const QString hint = currentHint();
+        bar->setDisplayHint(hint);
+        // Without sub-tools the bar shows for the hint alone.
+        bar->setVisible(!bar->isEmpty() || !hint.isEmpty());
     }
 }
 
-void ModalStage::removeSubTools(ExModal *tool)
+void ModalStage::removeSubTools(const ExModal *tool)
 {
-    const McHandle<ExModal> held = keep(tool);
-    ExContextToolBar *const bar = contextToolBar();
-    if (bar != nullptr && held) {
-        bar->removeSubTools(held);
+    const auto shown = m_subTools.find(tool);
+    if (shown == m_subTools.end()) {
+        return;
+    }
+    const std::vector<McHandle<ExTool>> members = shown->second;
+    m_subTools.erase(shown);
+    if (ExContextToolBar *const bar = contextToolBar()) {
+        bar->removeSubTools(members);
     }
 }
 
 void ModalStage::refreshToolBar()
 {
-    ExContextToolBar *const bar = contextToolBar();
     for (ExModal *const tool : std::vector<ExModal *>(m_atWork)) {
-        const McHandle<ExModal> held = keep(tool);
-        if (bar != nullptr && dynamic_cast<ExToolGroup *>(held.get()) != nullptr) {
+        // The bar asks the client for actions: it may switch tools off meanwhile.
+        ExContextToolBar *const bar = contextToolBar();
+        const McHandle<ExModal> held = isAtWork(tool) ? keep(tool) : nullptr;
+        const auto *const group = dynamic_cast<ExToolGroup *>(held.get());
+        if (bar != nullptr && group != nullptr) {
+            m_subTools[tool] = group->getTools();
             bar->appendSubTools(held);
-            bar->setVisible(true);
-            m_showsBarForHint = false;
         }
     }
     showHint();

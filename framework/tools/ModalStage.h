@@ -2,12 +2,14 @@
 
 #include "platform/util/McHandle.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
 class ExBaseViewer;
 class ExModal;
 class ExNotifiable;
+class ExTool;
 
 /// The modal tools at work, in the order of their activation, those that wait for an active viewer,
 /// and what becomes of them when viewers come and change. One for the process, never destroyed.
@@ -37,8 +39,8 @@ public:
     void beginWaiting();
     /// Shows the hint of the tool that is asked first on the active viewer.
     void showHint();
-    /// Sub-tools on the context tool bar, for a tool that is held. Nothing without a manager.
-    static void removeSubTools(ExModal *tool);
+    /// Takes the sub-tools of a tool off the context tool bar. Only its address is used.
+    void removeSubTools(const ExModal *tool);
     /// Brings the context tool bar up to date with the tools at work.
     void refreshToolBar();
 
@@ -59,6 +61,7 @@ private:
     /// Subscribes anew with the first tool, as every tool does that is made after the dispatcher
     /// has let all subscribers go.
     std::unique_ptr<ExNotifiable> m_watch;
-    bool m_showsBarForHint = false;
+    /// Sub-tools that were put on the context tool bar, by the tool that they belong to.
+    std::map<const ExModal *, std::vector<McHandle<ExTool>>> m_subTools;
     int m_numTools = 0;
 };
