@@ -161,6 +161,21 @@ private Q_SLOTS:
         QVERIFY2(QRegularExpression(form).match(answer).hasMatch(), qPrintable(answer));
     }
 
+    void parentGoesFirst()
+    {
+        for (const bool asksPassword : {false, true}) {
+            auto *const parent = new QWidget;
+            const NextDialog user([parent](QWidget &) { delete parent; });
+            if (asksPassword) {
+                QCOMPARE(ExMessageBox::password(u"Why"_s, parent, u"Export"_s, true), QString());
+            } else {
+                QCOMPARE(ExMessageBox::question(
+                             u"Why"_s, Box::Yes | Box::No, Box::Yes, parent, QString()),
+                    Box::NoButton);
+            }
+            QVERIFY(user.hasAppeared());
+        }
+    }
     void passwordDialog()
     {
         ExPasswordInputWidget dialog(u"Why"_s);

@@ -101,6 +101,7 @@ class FakeModalGroup : public FakeModal, public ExToolGroup
 {
 public:
     using FakeModal::FakeModal;
+    using FakeModal::updateDisplayHint;
 };
 
 /// What the context tool bar shows in a viewer: its hint, if any, and how many sub-tools; empty for
@@ -463,6 +464,28 @@ private Q_SLOTS:
         angle->setActive(false);
         QTRY_COMPARE(barIn(*a), QStringLiteral("Two points, 0 actions"));
         line->setActive(false);
+        QCOMPARE(barIn(*a), QString());
+
+        // A hint that goes leaves the sub-tools; a tool that is switched on and off, or has nothing
+        // to show, leaves no empty bar; one that is destroyed at work takes its sub-tools along.
+        angle->hint = QStringLiteral("Three points");
+        angle->setActive(true);
+        QTRY_COMPARE(barIn(*a), QStringLiteral("Three points, 1 actions"));
+        angle->hint.clear();
+        angle->updateDisplayHint();
+        QTRY_COMPARE(barIn(*a), QStringLiteral("-, 1 actions"));
+        angle->setActive(false);
+        angle->setActive(true);
+        angle->setActive(false);
+        const McHandle<FakeModalGroup> empty = new FakeModalGroup("empty", 2);
+        empty->setActive(true);
+        QCoreApplication::processEvents();
+        QCOMPARE(barIn(*a), QString());
+        McHandle<FakeModalGroup> going = new FakeModalGroup("going", 1);
+        going->appendTool(sub, false);
+        going->setActive(true);
+        QTRY_COMPARE(barIn(*a), QStringLiteral("-, 1 actions"));
+        going = nullptr;
         QCOMPARE(barIn(*a), QString());
     }
 
