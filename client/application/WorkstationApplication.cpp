@@ -179,10 +179,14 @@ void WorkstationApplication::menuBarAddOnCreated(ExMenuBarAddOn *addOn)
 
 void WorkstationApplication::registerActionUI(ExActionUI *action)
 {
-    // Actions get their texts only later; the status line tells what the tool tip does.
+    // Actions get what they show only later.
     QObject::connect(action, &QAction::changed, action, [action] {
         if (action->statusTip() != action->toolTip()) {
             action->setStatusTip(action->toolTip());
+        }
+        // An icon would stand in the place of the mark that tells whether it is on.
+        if (action->isIconVisibleInMenu() == action->isCheckable()) {
+            action->setIconVisibleInMenu(!action->isCheckable());
         }
     });
 }

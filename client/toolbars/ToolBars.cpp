@@ -1,9 +1,11 @@
 #include "client/toolbars/ToolBars.h"
 
+#include "client/app/NotificationWatch.h"
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolBar.h"
+#include "framework/tools/ExToolUI.h"
 #include "platform/properties/KxFileSerializer.h"
 #include "platform/util/McLogFile.h"
 
@@ -69,6 +71,10 @@ ExTool *findTool(const QString &id)
 
 ToolBars::ToolBars(QMainWindow &window)
     : m_window(window)
+    , m_watch(new NotificationWatch(
+          {ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::VIEWER_SUBTYPE_CHANGED,
+              ExNotification::VIEWER_LAYOUT_CHANGED},
+          [this](const ExNotification & /*notification*/) { showActiveTools(); }))
 {
     for (const ToolBarLayout::Bar &bar : layout().bars) {
         addBar(bar);
@@ -172,13 +178,20 @@ void ToolBars::addPopup(ExToolBar &toolBar, const ToolBarLayout::Item &item)
     if (group->getTools().empty()) {
         return;
     }
-    const McHandle<ExTool> active = group->getActiveTool();
     ExActionUI *const action = toolBar.addToolPopup(*group, nullptr);
-    if (active) {
-        action->setTool(active);
-    }
     QWidget *const button = toolBar.widgetForAction(action);
     button->setObjectName(item.id);
     button->setAccessibleName(shownLabel(item.label));
     m_groups.push_back(std::move(group));
+    showActiveTools();
+}
+
+void ToolBars::showActiveTools()
+{
+    for (const auto &group : m_groups) {
+        const McHandle<ExTool> active = group->getActiveTool();
+        if (active) {
+            group->getGroupUI()->setTool(active);
+        }
+    }
 }

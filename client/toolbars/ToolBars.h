@@ -1,7 +1,9 @@
 #pragma once
 
 #include "client/toolbars/ToolBarLayout.h"
+#include "framework/notification/ExNotifiable.h"
 #include "framework/tools/ExToolGroup.h"
+#include "platform/util/McHandle.h"
 
 #include <QString>
 
@@ -37,8 +39,11 @@ private:
     void addBar(const ToolBarLayout::Bar &bar);
     void addItem(ExToolBar &toolBar, const ToolBarLayout::Item &item);
     void addPopup(ExToolBar &toolBar, const ToolBarLayout::Item &item);
+    /// Has the buttons of pop-ups stand for what is active, also where that was not chosen here.
+    void showActiveTools();
 
     QMainWindow &m_window;
     QString m_problem;
     std::vector<std::unique_ptr<ExToolGroup>> m_groups;
+    McHandle<ExNotifiable> m_watch;
 };

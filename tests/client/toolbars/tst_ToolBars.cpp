@@ -152,6 +152,10 @@ void tst_ToolBars::barsOfTheUser()
     QCOMPARE(shownBars(fixture.window()),
         QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Coronal")));
     QCOMPARE(fixture.slice(0).plane(), PlaneKind::Coronal);
+    // Nor does it matter how it was chosen.
+    fixture.slice(0).setPlane(PlaneKind::Axial);
+    QCOMPARE(shownBars(fixture.window()),
+        QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Axial")));
 }
 
 void tst_ToolBars::damagedFileOfTheUser()

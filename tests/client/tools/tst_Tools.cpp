@@ -13,7 +13,9 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/NextDialog.h"
 
+#include <QAbstractSpinBox>
 #include <QAccessible>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QKeySequence>
 #include <QLineEdit>
@@ -23,6 +25,7 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolButton>
+#include <QTreeWidget>
 
 /// The workstation's tools as the user meets them: texts, icons, menus, bars, keys, and what they
 /// do to the pictures.
@@ -201,10 +204,14 @@ void tst_Tools::everythingHasAnAccessibleName()
     QStringList nameless;
     for (QWidget *widget : fixture.window().findChildren<QWidget *>()) {
         const bool isNamed = qobject_cast<QAbstractButton *>(widget) != nullptr
-            || (qobject_cast<QLineEdit *>(widget) != nullptr && widget->focusProxy() == nullptr);
+            || qobject_cast<QTreeWidget *>(widget) != nullptr
+            || qobject_cast<QComboBox *>(widget) != nullptr
+            || qobject_cast<QAbstractSpinBox *>(widget) != nullptr
+            || qobject_cast<QLineEdit *>(widget) != nullptr;
         // Parts that the toolkit makes are known by the whole.
         const bool isPart = widget->objectName().startsWith(QStringLiteral("qt_"))
-            || qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr;
+            || qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr
+            || qobject_cast<QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
         if (!isNamed || isPart) {
             continue;
         }
