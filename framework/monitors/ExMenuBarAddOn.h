@@ -20,7 +20,7 @@ public:
     void setWarning(const QString &text);
     [[nodiscard]] const QString &warning() const { return m_warning; }
 
-    // The parts of the form; owned by it.
+    // The widgets of the form; owned by it.
     QLabel *mWarning;
     QPushButton *mMinimize;
     QPushButton *mNormal;

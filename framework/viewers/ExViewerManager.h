@@ -91,7 +91,7 @@ protected:
 
 private:
     void leaveScreen(ExBaseViewer *viewer);
-    /// The part of setActiveViewer() for a viewer that is not the active one.
+    /// What setActiveViewer() does for a viewer that is not the active one.
     void changeActiveViewer(ExBaseViewer *viewer);
 
     std::unique_ptr<ExViewerManagerPrivate> d;

@@ -43,6 +43,6 @@ public:
     [[nodiscard]] QString folder() const { return m_folder.path(); }
 
 private:
-    QTemporaryDir m_folder{QStringLiteral("/dev/shm/movara-fuzz-XXXXXX")};
+    QTemporaryDir m_folder{QStringLiteral("/dev/shm/movara-fuzz")};
     QString m_name;
 };

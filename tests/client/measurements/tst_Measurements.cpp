@@ -140,7 +140,7 @@ void tst_Measurements::bodyAndBall()
     QVERIFY(values && values->count > 5);
     QVERIFY2(isNear(values->mean, 1000, 0.5), qPrintable(QString::number(values->mean)));
     QVERIFY(isNear(values->deviation, 0, 0.5));
-    // Far around it, the part of the ball in the area, and what surrounds it.
+    // Far around it: what of the ball is in the area, and what surrounds it.
     const Measurement around = drawn(Kind::Rectangle, viewer, boxAround(slice, middle, 24, 24));
     const auto wide = RegionStatistics::of(around, *viewer.volume(0));
     const double off = slice.distance(PhantomSeries::ball);
