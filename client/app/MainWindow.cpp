@@ -1,5 +1,6 @@
 #include "client/app/MainWindow.h"
 
+#include "client/app/FocusOrder.h"
 #include "client/app/MainMenus.h"
 #include "client/app/NotificationWatch.h"
 #include "client/app/ViewerMenu.h"
@@ -51,6 +52,7 @@ MainWindow::MainWindow()
     WorkstationApplication::instance().setProgressInterface(m_progress);
     MainMenus::build(*menuBar());
     m_toolBars = std::make_unique<ToolBars>(*this);
+    m_focusOrder = std::make_unique<FocusOrder>(*this, *m_tree, *m_workstation);
     connectSession();
     clearFound();
     m_activeWatch = new NotificationWatch(
@@ -65,6 +67,7 @@ MainWindow::~MainWindow()
     application.setProgressInterface(nullptr);
     application.setMainWindow(nullptr);
     m_activeWatch.reset();
+    m_focusOrder.reset();
     m_workstation.reset(); // Its viewers' widgets are children of the area.
 }
 

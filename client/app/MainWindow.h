@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class FocusOrder;
 class ProblemsButton;
 class ProgressLine;
 class QLabel;
@@ -73,3 +74,4 @@ private:
     std::unique_ptr<ToolBars> m_toolBars;
     McHandle<ExNotifiable> m_activeWatch;
 };
+    std::unique_ptr<FocusOrder> m_focusOrder;

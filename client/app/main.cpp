@@ -60,7 +60,8 @@ int main(int argc, char **argv)
         return 1;
     }
     QxApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("movara-workstation"));
+    // What message boxes are titled with.
+    QCoreApplication::setApplicationName(QStringLiteral("Movara"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MOVARA_VERSION));
     return runWindow(command);
 }

@@ -9,6 +9,7 @@
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/tools/ExActionUI.h"
+#include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"
 
 #include <QCoreApplication>
@@ -38,6 +39,13 @@ void updateTools()
             tool->updateUI(nullptr);
         }
     }
+}
+
+/// Without the marks of the letters that choose an entry of a menu; "&&" stands for itself.
+QString withoutMarks(QString text)
+{
+    static const QRegularExpression mark(QStringLiteral("&(&?)"));
+    return text.replace(mark, QStringLiteral("\\1\\1"));
 }
 
 /// Once in the process: what they have made stays as long as that.
@@ -136,6 +144,7 @@ void WorkstationApplication::showBrowser(const std::list<KxVariant *> &propertie
     delete m_browser;
     m_browser = new PropertyBrowser(properties, shown, hidden, dialogParent());
     m_browser->setAttribute(Qt::WA_DeleteOnClose);
+    ExHotKeys::addTo(*m_browser);
     m_browser->show();
 }
 
@@ -150,6 +159,7 @@ void WorkstationApplication::showHelp(const QString &topic)
     if (!m_help) {
         m_help = new HelpWindow(dialogParent());
         m_help->setAttribute(Qt::WA_DeleteOnClose);
+        ExHotKeys::addTo(*m_help);
     }
     m_help->show();
     m_help->raise();
@@ -187,6 +197,10 @@ void WorkstationApplication::registerActionUI(ExActionUI *action)
         // An icon would stand in the place of the mark that tells whether it is on.
         if (action->isIconVisibleInMenu() == action->isCheckable()) {
             action->setIconVisibleInMenu(!action->isCheckable());
+        }
+        // Buttons would take the marked letters as keys of theirs, away from the menu bar.
+        if (const QString plain = withoutMarks(action->iconText()); plain != action->iconText()) {
+            action->setIconText(plain);
         }
     });
 }

@@ -59,8 +59,8 @@ SampleMaker::~SampleMaker()
 
 QString SampleMaker::folder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation)
-        % QLatin1String("/sample-study-" MOVARA_VERSION);
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)
+        % QLatin1String("/movara-workstation/sample-study-" MOVARA_VERSION);
 }
 
 void SampleMaker::start()

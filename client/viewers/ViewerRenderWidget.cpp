@@ -1,8 +1,10 @@
 #include "client/viewers/ViewerRenderWidget.h"
 
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/viewers/ExViewerManager.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -62,6 +64,19 @@ void ViewerRenderWidget::resizeEvent(QResizeEvent *event)
     ExBaseViewerRenderWidget::resizeEvent(event);
     if (m_viewer != nullptr) {
         m_viewer->resized();
+    }
+}
+
+void ViewerRenderWidget::focusInEvent(QFocusEvent *event)
+{
+    ExBaseViewerRenderWidget::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    const bool isByKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason;
+    ExViewerManager *const manager = ExViewerManager::instancePointer();
+    // Of a viewer that goes the focus may come to another one that goes too.
+    if (isByKey && manager != nullptr && manager->viewerIndex(m_viewer) >= 0) {
+        manager->setActiveViewer(m_viewer);
     }
 }
 

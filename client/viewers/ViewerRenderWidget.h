@@ -38,6 +38,8 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    /// A viewer that the keyboard has moved to becomes the active one.
+    void focusInEvent(QFocusEvent *event) override;
     bool event(QEvent *event) override;
 
 private:

@@ -10,9 +10,13 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QFontMetricsF>
+#include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -119,6 +123,21 @@ QString lineFor(const QKeySequence &sequence, const std::vector<ExTool *> &tools
     return sequence.toString() + QLatin1Char('\t') + keys.join(QStringLiteral(", "));
 }
 
+/// One line for each sequence, the tools in a column of their own, seen from the first line on.
+void fillList(QTextEdit &list)
+{
+    list.ensurePolished(); // The style gives the font.
+    const QFontMetricsF metrics(list.font());
+    qreal widest = 0;
+    for (const auto &[sequence, tools] : ExHotKeyMap::instance().tools()) {
+        list.append(lineFor(sequence, tools));
+        widest = std::max(widest, metrics.horizontalAdvance(sequence.toString()));
+    }
+    constexpr int gap = 4;
+    list.setTabStopDistance(widest + gap * metrics.averageCharWidth());
+    list.moveCursor(QTextCursor::Start);
+}
+
 } // namespace
 
 void ExHotKeys::setHotKey(ExTool *tool, const QKeySequence &sequence)
@@ -155,6 +174,17 @@ bool ExHotKeys::triggerHotKey(const QKeySequence &sequence, const ExBaseViewer *
     return ExHotKeyMap::instance().trigger({sequence, false}, {viewer, sequence});
 }
 
+void ExHotKeys::addTo(QWidget &window)
+{
+    for (const ExTool *tool : hotKeyTools()) {
+        const ExToolUI *const ui = tool->getUI();
+        QAction *const action = ui == nullptr ? nullptr : ui->action();
+        if (action != nullptr) {
+            window.addAction(action);
+        }
+    }
+}
+
 void ExHotKeys::showHotKeyList()
 {
     constexpr QSize size(600, 400);
@@ -165,10 +195,15 @@ void ExHotKeys::showHotKeyList()
     auto *const list = new QTextEdit(dialog);
     list->setObjectName(QStringLiteral("wShortCutList"));
     list->setReadOnly(true);
-    (new QVBoxLayout(dialog))->addWidget(list);
+    list->setLineWrapMode(QTextEdit::NoWrap);
+    auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setIcon({});
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    auto *const layout = new QVBoxLayout(dialog);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
     dialog->resize(size);
-    for (const auto &[sequence, tools] : ExHotKeyMap::instance().tools()) {
-        list->append(lineFor(sequence, tools));
-    }
+    fillList(*list);
+    addTo(*dialog);
     dialog->show();
 }

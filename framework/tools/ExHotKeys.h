@@ -8,6 +8,7 @@
 
 class ExBaseViewer;
 class ExTool;
+class QWidget;
 
 /// Process-wide registry of the keyboard shortcuts of tools. A global tool has its sequence for
 /// itself among the global tools; tools that are not global may share one. A tool that goes leaves
@@ -29,6 +30,9 @@ public:
     /// it.
     /// @param viewer where it was pressed; may be null. @return whether a tool has consumed it.
     static bool triggerHotKey(const QKeySequence &sequence, const ExBaseViewer *viewer);
+    /// Has the present hot keys work in a further window too, as they do where the tools' actions
+    /// are shown. Not for modal windows.
+    static void addTo(QWidget &window);
     /// Shows a window with all shortcuts and their tools; does not wait for it. It deletes itself
     /// when it is closed.
     static void showHotKeyList();

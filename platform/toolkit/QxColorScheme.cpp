@@ -59,7 +59,7 @@ QToolButton::menu-button { background: transparent; border: none; width: 14px; }
 QToolButton:hover { background: @raised; }
 QToolButton:pressed { background: @hairline; }
 QToolButton:checked { background: @raised; border-color: @accent; }
-QToolButton:focus { border-color: @accent; }
+QToolButton:focus { border-color: @text; }
 QToolButton:disabled { color: @disabled; }
 QPushButton { background: @raised; border: 1px solid @hairline; border-radius: 4px; min-height: 24px; padding: 0 12px; }
 QPushButton:hover, QPushButton:focus, QPushButton:default { border-color: @accent; }

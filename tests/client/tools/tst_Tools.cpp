@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -43,6 +44,8 @@ private Q_SLOTS:
     void keyActsOnce_data();
     void keyActsOnce();
     void keysLeaveTextsAndDialogsAlone();
+    void altOpensMenus();
+    void keyboardChoosesTheActiveViewer();
     void everyLayoutHasATool();
     void invertedInLinkedViewers();
     void flipped_data();
@@ -227,7 +230,8 @@ void tst_Tools::everythingHasAnAccessibleName()
 void tst_Tools::keyActsOnce_data()
 {
     QTest::addColumn<QString>("focus");
-    for (const char *focus : {"viewer", "panel", "floating window"}) {
+    for (const char *focus : {"viewer", "panel", "floating window", "Help.Manual",
+             "Help.ShortCuts", "Edit.Settings"}) {
         QTest::newRow(focus) << focus;
     }
 }
@@ -245,6 +249,10 @@ void tst_Tools::keyActsOnce()
         target = &floating;
         floating.setFocusPolicy(Qt::StrongFocus);
         floating.show();
+    } else if (focus.contains(u'.')) {
+        tool(qPrintable(focus)).setActive(true);
+        const auto *const window = fixture.window().findChild<QDialog *>();
+        target = window->findChild<QPushButton *>();
     }
     target->window()->activateWindow();
     target->setFocus();
@@ -276,6 +284,58 @@ void tst_Tools::keysLeaveTextsAndDialogsAlone()
     WorkstationApplication::instance().propertyBrowser({}, {}, {}, true);
     QVERIFY(dialog.hasAppeared());
     QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
+}
+
+void tst_Tools::altOpensMenus()
+{
+    WindowFixture fixture;
+    fixture.show(PhantomSeries::make(Grid::Axial));
+    for (const QAction *action : fixture.window().menuBar()->actions()) {
+        const QString letter = action->text().section(u'&', 1).left(1).toUpper();
+        QTest::keyClick(fixture.window().windowHandle(),
+            static_cast<Qt::Key>(letter.at(0).unicode()), Qt::AltModifier);
+        QVERIFY2(action->menu()->isVisible(), qPrintable(letter));
+        action->menu()->close();
+    }
+}
+
+void tst_Tools::keyboardChoosesTheActiveViewer()
+{
+    WindowFixture fixture;
+    fixture.show(PhantomSeries::make(Grid::Axial));
+    auto *const list = fixture.window().findChild<StudyTree *>();
+    list->setFocus();
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(fixture.window().windowHandle(), key, modifiers);
+    };
+    const auto isAt = [&](int i) {
+        const WorkstationViewer *const viewer
+            = fixture.workstation().viewers()[static_cast<std::size_t>(i)];
+        return fixture.workstation().activeViewer() == viewer
+            && QApplication::focusWidget() == viewer->widget();
+    };
+    for (int i = 0; i < 4; ++i) {
+        press(Qt::Key_Tab);
+        QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+    }
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(isAt(2));
+    press(Qt::Key_F6);
+    auto *const button = qobject_cast<QToolButton *>(QApplication::focusWidget());
+    QVERIFY(button != nullptr && button->isEnabled());
+    press(Qt::Key_F6);
+    QCOMPARE(QApplication::focusWidget(), list);
+    press(Qt::Key_F6);
+    QVERIFY(isAt(2));
+    // A layout with other viewers; those that stay and those that come, in its order.
+    QVERIFY(fixture.window().setLayoutByName(QStringLiteral("1+3")));
+    list->setFocus();
+    for (int i = 0; i < 4; ++i) {
+        press(Qt::Key_Tab);
+        QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+    }
+    press(Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(QApplication::focusWidget(), list);
 }
 
 void tst_Tools::everyLayoutHasATool()

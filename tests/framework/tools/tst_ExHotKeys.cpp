@@ -93,7 +93,7 @@ private:
         const auto *const dialog = mainWidget.findChild<QDialog *>();
         const auto *const list = dialog->findChild<QTextEdit *>(u"wShortCutList"_s);
         const bool isRight = dialog->isVisible() && !dialog->isModal() && list->isReadOnly()
-            && dialog->size() == QSize(600, 400)
+            && dialog->size() == QSize(600, 400) && list->textCursor().atStart()
             && dialog->windowTitle() == "Keyboard Shortcuts"_L1;
         return isRight ? list->toPlainText() : u"not as it should look"_s;
     }

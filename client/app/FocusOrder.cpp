@@ -1,0 +1,107 @@
+#include "client/app/FocusOrder.h"
+
+#include "client/app/NotificationWatch.h"
+#include "client/app/Workstation.h"
+#include "client/viewers/WorkstationViewer.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace {
+
+bool canTakeFocus(const QWidget *widget)
+{
+    return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+} // namespace
+
+FocusOrder::FocusOrder(QMainWindow &window, QWidget &list, Workstation &workstation)
+    : m_window(window)
+    , m_list(list)
+    , m_workstation(workstation)
+    , m_layoutWatch(new NotificationWatch({ExNotification::VIEWER_LAYOUT_CHANGED},
+          [this](const ExNotification & /*notification*/) { arrange(); }))
+{
+    for (QWidget *button : buttons()) {
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+    addKey(Qt::Key_F6, 1);
+    addKey(Qt::SHIFT | Qt::Key_F6, -1);
+    arrange();
+}
+
+void FocusOrder::addKey(const QKeySequence &key, int step)
+{
+    auto *const shortcut = new QShortcut(key, &m_window);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { moveToArea(step); });
+}
+
+void FocusOrder::arrange()
+{
+    std::vector<QWidget *> order{&m_list};
+    for (const WorkstationViewer *viewer : m_workstation.viewers()) {
+        order.push_back(viewer->widget());
+    }
+    const std::vector<QWidget *> last = buttons();
+    order.insert(order.end(), last.begin(), last.end());
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    }
+}
+
+void FocusOrder::moveToArea(int step)
+{
+    const std::vector<QWidget *> all = areas();
+    const int count = static_cast<int>(all.size());
+    const int current = currentArea();
+    int next = current < 0 && step < 0 ? 0 : current;
+    for (int tried = 0; tried < count; ++tried) {
+        next = (next + step + count) % count;
+        if (QWidget *const widget = all[static_cast<std::size_t>(next)]; canTakeFocus(widget)) {
+            widget->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+    }
+}
+
+int FocusOrder::currentArea() const
+{
+    const QWidget *const focused = QApplication::focusWidget();
+    if (focused == nullptr) {
+        return -1;
+    }
+    const bool isInBar = qobject_cast<const QToolBar *>(focused->parentWidget()) != nullptr;
+    return focused == &m_list                                          ? 0
+        : qobject_cast<const ViewerRenderWidget *>(focused) != nullptr ? 1
+        : isInBar                                                      ? 2
+                                                                       : -1;
+}
+
+std::vector<QWidget *> FocusOrder::areas() const
+{
+    const WorkstationViewer *const viewer = m_workstation.activeViewer();
+    const std::vector<QWidget *> all = buttons();
+    const auto button = std::find_if(all.begin(), all.end(), &canTakeFocus);
+    return {&m_list, viewer == nullptr ? nullptr : viewer->widget(),
+        button == all.end() ? nullptr : *button};
+}
+
+std::vector<QWidget *> FocusOrder::buttons() const
+{
+    std::vector<QWidget *> found;
+    const auto bars = m_window.findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QToolBar *bar : bars) {
+        for (QAction *action : bar->actions()) {
+            if (auto *const button = qobject_cast<QToolButton *>(bar->widgetForAction(action))) {
+                found.push_back(button);
+            }
+        }
+    }
+    return found;
+}
