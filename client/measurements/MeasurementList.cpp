@@ -10,6 +10,9 @@ namespace {
 
 MeasurementList *theList = nullptr;
 
+/// So many deletions and changes can be undone.
+constexpr std::size_t keptSteps = 50;
+
 auto withId(int id)
 {
     return [id](const Measurement &each) { return each.id == id; };
@@ -90,6 +93,67 @@ void MeasurementList::clear()
         remove(m_all.back().id);
     }
     m_numbers.clear();
+    m_history.clear();
+    Q_EMIT changed();
+}
+
+void MeasurementList::removeByUser(const std::vector<int> &ids)
+{
+    Step step;
+    for (const int id : ids) {
+        if (const Measurement *const found = find(id)) {
+            step.push_back(*found);
+        }
+    }
+    remember(step);
+    for (const Measurement &each : step) {
+        remove(each.id);
+    }
+}
+
+void MeasurementList::updateByUser(const Measurement &measurement, const Measurement &before)
+{
+    if (!(measurement == before)) {
+        remember({before});
+    }
+    update(measurement);
+}
+
+void MeasurementList::undo()
+{
+    if (!canUndo()) {
+        return;
+    }
+    const Step step = std::move(m_history.back());
+    m_history.pop_back();
+    for (const Measurement &each : step) {
+        restore(each);
+    }
+}
+
+void MeasurementList::remember(Step step)
+{
+    if (step.empty()) {
+        return;
+    }
+    m_history.push_back(std::move(step));
+    if (m_history.size() > keptSteps) {
+        m_history.pop_front();
+    }
+}
+
+void MeasurementList::restore(const Measurement &before)
+{
+    if (find(before.id) != nullptr) {
+        update(before);
+        return;
+    }
+    // Ids grow in the order in which measurements are made.
+    const auto next = std::find_if(m_all.begin(), m_all.end(),
+        [&before](const Measurement &each) { return each.id > before.id; });
+    m_all.insert(next, before);
+    Q_EMIT added(before.id);
+    Q_EMIT changed();
 }
 
 void MeasurementList::setPicked(int id)

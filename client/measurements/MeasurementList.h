@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <deque>
 #include <map>
 #include <tuple>
 
@@ -34,9 +35,20 @@ public:
     int add(Measurement measurement);
     /// Replaces the one with this id; ignored when there is none, or nothing changes.
     void update(const Measurement &measurement);
-    /// Ignored for an unknown id.
+    /// For good. Ignored for an unknown id.
     void remove(int id);
+    /// All for good, and nothing can be undone any more.
     void clear();
+
+    /// Removes what the user deletes at once; undo() brings it back. Unknown ids are ignored.
+    void removeByUser(const std::vector<int> &ids);
+    /// Replaces one that the user has changed; undo() makes it again what it was before.
+    void updateByUser(const Measurement &measurement, const Measurement &before);
+    /// Not while something is being drawn or dragged.
+    [[nodiscard]] bool canUndo() const { return !m_history.empty() && draft() == nullptr; }
+    /// Takes back the last deletion or change by the user that has not been taken back yet; the
+    /// oldest ones are forgotten.
+    void undo();
 
     /// The id of the picked one, 0 for none.
     [[nodiscard]] int picked() const { return m_picked; }
@@ -60,11 +72,17 @@ Q_SIGNALS:
 private:
     using StatisticsKey = std::tuple<int, std::string, int>;
 
+    /// What the user has deleted or changed at once, as it was before.
+    using Step = std::vector<Measurement>;
+
+    void remember(Step step);
+    void restore(const Measurement &before);
     void forgetStatistics(int id);
 
     std::vector<Measurement> m_all;
     std::map<Measurement::Kind, int> m_numbers;
     int m_lastId = 0;
     int m_picked = 0;
+    std::deque<Step> m_history;
     mutable std::map<StatisticsKey, std::optional<RegionStatistics>> m_statistics;
 };

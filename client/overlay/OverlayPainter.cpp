@@ -18,6 +18,8 @@ constexpr int lowViewer = 260;
 constexpr int linesInLowViewer = 2;
 /// Viewers narrower or lower than this show no letters and no scale bar.
 constexpr int tinyViewer = 140;
+/// Half the height of the ends of the scale bar.
+constexpr qreal tick = 3;
 
 QPen cosmeticPen(const QColor &color, qreal width)
 {
@@ -33,7 +35,29 @@ void strokeWithHalo(QPainter &painter, const QPainterPath &path, const QColor &c
     painter.strokePath(path, QPen(color, width));
 }
 
+bool isTiny(const QSize &size)
+{
+    return std::min(size.width(), size.height()) < tinyViewer;
+}
+
 } // namespace
+
+struct OverlayPainter::Text
+{
+    QPointF anchor;
+    Qt::Alignment alignment;
+    QString text;
+    QFont font;
+    QColor color;
+};
+
+struct OverlayPainter::PlacedBar
+{
+    QString label;
+    QPointF middle; ///< of the line
+    qreal half = 0; ///< of its length
+    QRectF rect;
+};
 
 QRect OverlayPainter::badgeRect(const QSize &size)
 {
@@ -45,8 +69,21 @@ void OverlayPainter::paint(
 {
     m_covered = covered;
     paintLines(painter, content);
-    ShapePainter(painter, m_text, size).paint(content.shapes, covered);
-    paintTexts(painter, size, content);
+    const QVector<Text> texts = placeTexts(painter.font(), size, content);
+    QVector<QRectF> taken;
+    for (const Text &each : texts) {
+        taken.append(HaloText::rect(each.anchor, each.alignment, each.text, each.font));
+    }
+    const auto bar = placeScaleBar(painter.font(), size, content.mmPerPixel, taken);
+    taken << covered << (bar ? bar->rect : QRectF())
+          << (content.link == OverlayContent::Link::None ? QRect() : badgeRect(size));
+    ShapePainter(painter, m_text, size).paint(content.shapes, taken);
+    for (const Text &each : texts) {
+        m_text.draw(painter, each.anchor, each.alignment, each.text, each.font, each.color);
+    }
+    if (bar) {
+        paintScaleBar(painter, *bar);
+    }
     paintBadge(painter, size, content.link);
     paintProgress(painter, size, content.progress);
     paintMessage(painter, size, content.message);
@@ -65,23 +102,19 @@ void OverlayPainter::paintLines(QPainter &painter, const OverlayContent &content
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void OverlayPainter::paintTexts(QPainter &painter, const QSize &size, const OverlayContent &content)
+QVector<OverlayPainter::Text> OverlayPainter::placeTexts(
+    const QFont &font, const QSize &size, const OverlayContent &content) const
 {
+    QVector<Text> texts;
     for (const auto corner : {OverlayContent::TopLeft, OverlayContent::TopRight,
              OverlayContent::BottomLeft, OverlayContent::BottomRight}) {
-        paintCorner(painter, size, content, corner);
+        texts += placeCorner(font, size, content, corner);
     }
-    if (std::min(size.width(), size.height()) < tinyViewer) {
-        return;
-    }
-    paintLetters(painter, size, content);
-    if (content.mmPerPixel > 0) {
-        paintScaleBar(painter, size, content.mmPerPixel);
-    }
+    return isTiny(size) ? texts : texts + placeLetters(font, size, content);
 }
 
-void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
-    const OverlayContent &content, OverlayContent::Corner corner)
+QVector<OverlayPainter::Text> OverlayPainter::placeCorner(const QFont &font, const QSize &size,
+    const OverlayContent &content, OverlayContent::Corner corner) const
 {
     const bool isTop = corner == OverlayContent::TopLeft || corner == OverlayContent::TopRight;
     const bool isLeft = corner == OverlayContent::TopLeft || corner == OverlayContent::BottomLeft;
@@ -96,23 +129,25 @@ void OverlayPainter::paintCorner(QPainter &painter, const QSize &size,
     }
     const qsizetype numTexts = lines.size();
     lines += corner == OverlayContent::BottomRight ? content.warnings : QStringList();
-    const int height = HaloText::lineHeight(painter.font());
-    const QFontMetrics metrics(painter.font());
+    const int height = HaloText::lineHeight(font);
+    const QFontMetrics metrics(font);
     const int room = std::max(size.width() / 2 - inset - border, badgeSize);
     const bool isUnderBar = corner == OverlayContent::BottomRight && !m_covered.isNull();
     const int bottom = isUnderBar ? m_covered.top() : size.height();
     QPointF anchor(isLeft ? inset : size.width() - inset, isTop ? border : bottom - border);
+    QVector<Text> texts;
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        m_text.draw(painter, anchor, alignment, metrics.elidedText(lines[i], Qt::ElideRight, room),
-            painter.font(), i < numTexts ? OverlayColors::text() : OverlayColors::warning());
+        texts.append({anchor, alignment, metrics.elidedText(lines[i], Qt::ElideRight, room), font,
+            i < numTexts ? OverlayColors::text() : OverlayColors::warning()});
         anchor.ry() += isTop ? height : -height;
     }
+    return texts;
 }
 
-void OverlayPainter::paintLetters(
-    QPainter &painter, const QSize &size, const OverlayContent &content)
+QVector<OverlayPainter::Text> OverlayPainter::placeLetters(
+    const QFont &textFont, const QSize &size, const OverlayContent &content) const
 {
-    QFont font = painter.font();
+    QFont font = textFont;
     font.setBold(true);
     const qreal middleX = size.width() / 2.0;
     const qreal middleY = size.height() / 2.0;
@@ -120,41 +155,53 @@ void OverlayPainter::paintLetters(
     const qreal bottom = isCovered ? m_covered.top() : size.height();
     const qreal aboveScaleBar
         = bottom - border - (isCovered ? 0.0 : 2.0 * HaloText::lineHeight(font));
-    struct Place
-    {
-        OverlayContent::Edge edge = OverlayContent::Left;
-        QPointF anchor;
-        Qt::Alignment alignment;
+    const auto letter
+        = [&](OverlayContent::Edge edge, const QPointF &anchor, Qt::Alignment alignment) {
+              return Text{anchor, alignment, content.letters[edge], font, OverlayColors::text()};
+          };
+    return {
+        letter(OverlayContent::Left, {border + 2.0, middleY}, Qt::AlignLeft | Qt::AlignVCenter),
+        letter(OverlayContent::Right, {size.width() - border - 2.0, middleY},
+            Qt::AlignRight | Qt::AlignVCenter),
+        letter(OverlayContent::Top, {middleX, border}, Qt::AlignHCenter | Qt::AlignTop),
+        letter(
+            OverlayContent::Bottom, {middleX, aboveScaleBar}, Qt::AlignHCenter | Qt::AlignBottom),
     };
-    const std::array<Place, 4> places{{
-        {OverlayContent::Left, {border + 2.0, middleY}, Qt::AlignLeft | Qt::AlignVCenter},
-        {OverlayContent::Right, {size.width() - border - 2.0, middleY},
-            Qt::AlignRight | Qt::AlignVCenter},
-        {OverlayContent::Top, {middleX, border}, Qt::AlignHCenter | Qt::AlignTop},
-        {OverlayContent::Bottom, {middleX, aboveScaleBar}, Qt::AlignHCenter | Qt::AlignBottom},
-    }};
-    for (const Place &place : places) {
-        m_text.draw(painter, place.anchor, place.alignment, content.letters[place.edge], font,
-            OverlayColors::text());
-    }
 }
 
-void OverlayPainter::paintScaleBar(QPainter &painter, const QSize &size, double mmPerPixel)
+std::optional<OverlayPainter::PlacedBar> OverlayPainter::placeScaleBar(
+    const QFont &font, const QSize &size, double mmPerPixel, const QVector<QRectF> &texts) const
 {
+    if (mmPerPixel <= 0 || isTiny(size)) {
+        return std::nullopt;
+    }
     const ScaleBar bar = ScaleBar::fitting(size.width() / 4.0 * mmPerPixel);
     const qreal half = bar.millimetres / mmPerPixel / 2;
     const qreal beforeBar = m_covered.isNull() ? size.width() : m_covered.left() - border - half;
-    const qreal middle = std::min(size.width() / 2.0, beforeBar);
-    const qreal y = size.height() - border - 3;
-    constexpr qreal tick = 3;
-    QPainterPath path(QPointF(middle - half, y - tick));
-    path.lineTo(middle - half, y + tick);
-    path.moveTo(middle - half, y);
-    path.lineTo(middle + half, y);
-    path.moveTo(middle + half, y - tick);
-    path.lineTo(middle + half, y + tick);
+    const QPointF middle(std::min(size.width() / 2.0, beforeBar), size.height() - border - 3);
+    const QRectF line(middle.x() - half, middle.y() - tick, 2 * half, 2 * tick);
+    const QRectF label = HaloText::rect(
+        {middle.x(), line.top()}, Qt::AlignHCenter | Qt::AlignBottom, bar.label, font);
+    const QRectF rect = line | label;
+    const bool hasRoom = rect.left() >= border
+        && std::none_of(texts.begin(), texts.end(),
+            [&rect](const QRectF &text) { return text.intersects(rect); });
+    return hasRoom ? std::optional(PlacedBar{bar.label, middle, half, rect}) : std::nullopt;
+}
+
+void OverlayPainter::paintScaleBar(QPainter &painter, const PlacedBar &bar)
+{
+    const qreal y = bar.middle.y();
+    const qreal left = bar.middle.x() - bar.half;
+    const qreal right = bar.middle.x() + bar.half;
+    QPainterPath path(QPointF(left, y - tick));
+    path.lineTo(left, y + tick);
+    path.moveTo(left, y);
+    path.lineTo(right, y);
+    path.moveTo(right, y - tick);
+    path.lineTo(right, y + tick);
     strokeWithHalo(painter, path, OverlayColors::text(), 1);
-    m_text.draw(painter, {middle, y - tick}, Qt::AlignHCenter | Qt::AlignBottom, bar.label,
+    m_text.draw(painter, {bar.middle.x(), y - tick}, Qt::AlignHCenter | Qt::AlignBottom, bar.label,
         painter.font(), OverlayColors::text());
 }
 

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QSize>
 
+#include <optional>
+
 class QPainter;
 
 /// Draws what lies over a viewer's image: texts, letters, lines, scale bar, frame, marks. One for
@@ -23,11 +25,21 @@ public:
 
 private:
     void paintLines(QPainter &painter, const OverlayContent &content) const;
-    void paintTexts(QPainter &painter, const QSize &size, const OverlayContent &content);
-    void paintCorner(QPainter &painter, const QSize &size, const OverlayContent &content,
-        OverlayContent::Corner corner);
-    void paintLetters(QPainter &painter, const QSize &size, const OverlayContent &content);
-    void paintScaleBar(QPainter &painter, const QSize &size, double mmPerPixel);
+    /// A line of text and where it goes.
+    struct Text;
+    /// The scale bar and where it goes.
+    struct PlacedBar;
+
+    [[nodiscard]] QVector<Text> placeTexts(
+        const QFont &font, const QSize &size, const OverlayContent &content) const;
+    [[nodiscard]] QVector<Text> placeCorner(const QFont &font, const QSize &size,
+        const OverlayContent &content, OverlayContent::Corner corner) const;
+    [[nodiscard]] QVector<Text> placeLetters(
+        const QFont &font, const QSize &size, const OverlayContent &content) const;
+    /// Nothing where there is no room for it beside the texts.
+    [[nodiscard]] std::optional<PlacedBar> placeScaleBar(const QFont &font, const QSize &size,
+        double mmPerPixel, const QVector<QRectF> &texts) const;
+    void paintScaleBar(QPainter &painter, const PlacedBar &bar);
     void paintBadge(QPainter &painter, const QSize &size, OverlayContent::Link link) const;
     void paintFrame(QPainter &painter, const QSize &size, const OverlayContent &content) const;
     void paintProgress(QPainter &painter, const QSize &size, double progress) const;

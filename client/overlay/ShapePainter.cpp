@@ -21,6 +21,9 @@ const QColor halo(0, 0, 0, 200);
 /// How much of a place a shape's line runs through, in pixels.
 qreal lengthInside(const QPolygonF &line, const QRectF &place)
 {
+    if (!line.boundingRect().adjusted(-1, -1, 1, 1).intersects(place)) {
+        return 0;
+    }
     qreal sum = 0;
     for (qsizetype i = 0; i + 1 < line.size(); ++i) {
         const QLineF side(line[i], line[i + 1]);
@@ -34,7 +37,7 @@ qreal lengthInside(const QPolygonF &line, const QRectF &place)
     return sum;
 }
 
-/// Right of, left of, below, above the shape, then at its ends.
+/// Right of, left of, below, above the shape, then at its ends, then further up and down.
 QVector<QRectF> candidates(const QPolygonF &line, const QSizeF &size)
 {
     const QRectF shape = line.boundingRect();
@@ -53,6 +56,14 @@ QVector<QRectF> candidates(const QPolygonF &line, const QSizeF &size)
             }
         }
     }
+    constexpr int steps = 6;
+    const QVector<QRectF> nearest = places;
+    for (int step = 1; step <= steps; ++step) {
+        const qreal shift = step * (size.height() / 2 + 2);
+        for (const QRectF &place : nearest) {
+            places << place.translated(0, shift) << place.translated(0, -shift);
+        }
+    }
     return places;
 }
 
@@ -69,6 +80,42 @@ QRectF broughtInside(QRectF place, const QRectF &room)
     return place;
 }
 
+/// How bad a place is: text over text is worse than a line through it.
+qreal costOf(
+    const QRectF &place, const QVector<OverlayContent::Shape> &shapes, const QVector<QRectF> &taken)
+{
+    constexpr qreal ofTexts = 10;
+    constexpr qreal ofLines = 20;
+    qreal cost = 0;
+    for (const OverlayContent::Shape &shape : shapes) {
+        cost += ofLines * lengthInside(shape.line, place.adjusted(-3, -3, 3, 3));
+    }
+    for (const QRectF &other : taken) {
+        cost += ofTexts * coveredArea(place, other);
+    }
+    return cost;
+}
+
+/// Of equally good ones the first.
+QRectF bestPlace(const QVector<QRectF> &wishes, const QRectF &room,
+    const QVector<OverlayContent::Shape> &shapes, const QVector<QRectF> &taken)
+{
+    QRectF best;
+    qreal leastCost = std::numeric_limits<qreal>::max();
+    for (const QRectF &wish : wishes) {
+        const QRectF place = broughtInside(wish, room);
+        const qreal cost = costOf(place, shapes, taken);
+        if (cost < leastCost) {
+            leastCost = cost;
+            best = place;
+        }
+        if (leastCost == 0) {
+            break;
+        }
+    }
+    return best;
+}
+
 } // namespace
 
 ShapePainter::ShapePainter(QPainter &painter, HaloText &text, const QSize &size)
@@ -77,7 +124,8 @@ ShapePainter::ShapePainter(QPainter &painter, HaloText &text, const QSize &size)
     , m_size(size)
 { }
 
-void ShapePainter::paint(const QVector<OverlayContent::Shape> &shapes, const QRectF &covered)
+void ShapePainter::paint(
+    const QVector<OverlayContent::Shape> &shapes, const QVector<QRectF> &covered)
 {
     m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing);
@@ -95,32 +143,17 @@ void ShapePainter::paint(const QVector<OverlayContent::Shape> &shapes, const QRe
 }
 
 QVector<QRectF> ShapePainter::labelPlaces(const QVector<OverlayContent::Shape> &shapes,
-    const QVector<QSizeF> &sizes, const QSize &viewer, const QRectF &covered)
+    const QVector<QSizeF> &sizes, const QSize &viewer, const QVector<QRectF> &covered)
 {
     const QRectF room = QRectF(QPointF(), viewer).adjusted(border, border, -border, -border);
-    QVector<QRectF> taken;
+    QVector<QRectF> places;
     for (qsizetype i = 0; i < shapes.size(); ++i) {
-        QRectF best;
-        qreal leastCost = std::numeric_limits<qreal>::max();
         const bool hasLabel = !sizes[i].isEmpty() && !shapes[i].line.isEmpty();
-        for (const QRectF &wish :
-            hasLabel ? candidates(shapes[i].line, sizes[i]) : QVector<QRectF>()) {
-            const QRectF place = broughtInside(wish, room);
-            qreal cost = coveredArea(place, covered);
-            for (const OverlayContent::Shape &shape : shapes) {
-                cost += 20 * lengthInside(shape.line, place.adjusted(-3, -3, 3, 3));
-            }
-            for (const QRectF &other : taken) {
-                cost += coveredArea(place, other);
-            }
-            if (cost < leastCost) { // Of equally good ones the first.
-                leastCost = cost;
-                best = place;
-            }
-        }
-        taken.append(best);
+        places.append(hasLabel
+                ? bestPlace(candidates(shapes[i].line, sizes[i]), room, shapes, covered + places)
+                : QRectF());
     }
-    return taken;
+    return places;
 }
 
 void ShapePainter::paintLine(const OverlayContent::Shape &shape)

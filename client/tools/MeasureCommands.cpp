@@ -4,6 +4,7 @@
 #include "client/measurements/MeasurementView.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/SliceViewer.h"
+#include "framework/notification/ExNotifiables.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -48,9 +49,7 @@ public:
 protected:
     void run(WorkstationViewer &viewer) override
     {
-        for (const int id : measurementsOf(viewer)) {
-            MeasurementList::instancePointer()->remove(id);
-        }
+        MeasurementList::instancePointer()->removeByUser(measurementsOf(viewer));
     }
 };
 
@@ -67,6 +66,8 @@ protected:
     }
 };
 
+/// Can be used while the picked one is seen in the active viewer: what cannot be seen is not to be
+/// lost by a click.
 class DeletePicked final : public ViewerCommand
 {
 public:
@@ -74,20 +75,52 @@ public:
 
     [[nodiscard]] bool isEnabled(const ExBaseViewer *viewer) const override
     {
-        const MeasurementList *const list = MeasurementList::instancePointer();
-        return ViewerCommand::isEnabled(viewer) && list != nullptr && list->picked() != 0;
+        const auto *const slice = dynamic_cast<const SliceViewer *>(viewer);
+        const Measurement *const picked = pickedOne();
+        return ViewerCommand::isEnabled(viewer) && slice != nullptr && picked != nullptr
+            && MeasurementView::isShown(*picked, *slice);
+    }
+    /// Scrolling may bring it out of sight.
+    void notified(const ExNotification & /*notification*/) override
+    {
+        if (pickedOne() != nullptr) {
+            updateUI(nullptr);
+        }
+    }
+    void addNotifications() override
+    {
+        ExNotifiables::getInstance().addNotifications(
+            this, ExNotification::SLICE_CHANGED, ExNotification::NONE);
     }
 
 protected:
-    /// What cannot be seen is not to be lost by a click.
-    void run(WorkstationViewer &viewer) override
+    void run(WorkstationViewer & /*viewer*/) override
     {
-        MeasurementList &list = *MeasurementList::instancePointer();
-        const auto *const slice = dynamic_cast<const SliceViewer *>(&viewer);
-        if (slice != nullptr && MeasurementView::isShown(*list.find(list.picked()), *slice)) {
-            list.remove(list.picked());
-        }
+        MeasurementList::instancePointer()->removeByUser({pickedOne()->id});
     }
+
+private:
+    static const Measurement *pickedOne()
+    {
+        const MeasurementList *const list = MeasurementList::instancePointer();
+        return list == nullptr ? nullptr : list->find(list->picked());
+    }
+};
+
+/// Takes back what the user has deleted or changed last.
+class Undo final : public ApplicationCommand
+{
+public:
+    using ApplicationCommand::ApplicationCommand;
+
+    [[nodiscard]] bool isEnabled(const ExBaseViewer * /*viewer*/) const override
+    {
+        const MeasurementList *const list = MeasurementList::instancePointer();
+        return list != nullptr && list->canUndo();
+    }
+
+protected:
+    void run(MainWindow & /*window*/) override { MeasurementList::instancePointer()->undo(); }
 };
 
 const ToolModule copyResults(
@@ -120,5 +153,19 @@ const ToolModule deleteAll(
         .icon = "delete-all",
     },
     [](int) -> ExTool * { return new DeleteAll("Measure.DeleteAll"); });
+
+const ToolModule undo(
+    {
+        .key = "Edit.Undo",
+        .category = QT_TRANSLATE_NOOP("Tools", "Edit"),
+        .text = QT_TRANSLATE_NOOP("Tools", "&Undo"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Bring back deleted or moved measurements"),
+        .description = QT_TRANSLATE_NOOP("Tools",
+            "Takes back, one after the other, what was deleted of the measurements or changed by "
+            "dragging them."),
+        .icon = "undo",
+        .shortCut = "Ctrl+Z",
+    },
+    [](int) -> ExTool * { return new Undo("Edit.Undo"); });
 
 } // namespace

@@ -86,11 +86,25 @@ bool MeasureTool::setActive(bool on)
 {
     if (!on && isActive()) {
         giveUp();
+        if (MeasurementList *const list = MeasurementList::instancePointer()) {
+            list->setPicked(0);
+        }
         if (LeftButtonTools::replace(*this)) {
             return true;
         }
     }
     return ExShapeTool::setActive(on);
+}
+
+bool MeasureTool::isEnabled(const ExBaseViewer *viewer) const
+{
+    const KxImageSeries *const images = viewer == nullptr ? nullptr : viewer->imageSet(0);
+    return images != nullptr && images->numVolumes() > 0;
+}
+
+bool MeasureTool::needsExclusiveClickForActivation() const
+{
+    return true;
 }
 
 bool MeasureTool::supports(Ex::ViewerType type) const
@@ -309,6 +323,17 @@ void MeasureTool::placePoint(SliceViewer &viewer, const QPoint &position)
     MeasurementList::instancePointer()->update(changed);
 }
 
+void MeasureTool::takePointBack()
+{
+    Measurement changed = *draft();
+    if (changed.points.size() <= 2) {
+        giveUp();
+        return;
+    }
+    changed.points.erase(changed.points.end() - 2); // The last one follows the pointer.
+    MeasurementList::instancePointer()->update(changed);
+}
+
 void MeasureTool::complete(SliceViewer &viewer)
 {
     MeasurementList &list = *MeasurementList::instancePointer();
@@ -318,12 +343,16 @@ void MeasureTool::complete(SliceViewer &viewer)
     if (hasLoosePoint) {
         done.points.pop_back();
     }
+    if (hasLoosePoint && !isBigEnough(done, viewer)) {
+        m_isDrag = false;
+        return; // Corners that were clicked are not lost: it goes on.
+    }
     if (!m_isEditing && !isBigEnough(done, viewer)) {
         giveUp();
         return;
     }
     done.isComplete = true;
-    list.update(done);
+    m_isEditing ? list.updateByUser(done, m_original) : list.update(done);
     list.setPicked(done.id);
     m_id = 0;
     m_isEditing = false;
@@ -364,14 +393,24 @@ bool MeasureTool::processKeyEvent(
         complete(static_cast<SliceViewer &>(*viewer));
         return true;
     }
-    const bool isDelete = key == Kx::DeleteKey || key == Kx::BackspaceKey;
-    const Measurement *const picked = list->find(list->picked());
-    // What cannot be seen is not to be lost by a key.
-    if (isDelete && picked != nullptr
-        && MeasurementView::isShown(*picked, static_cast<SliceViewer &>(*viewer))) {
-        giveUp();
-        list->remove(list->picked());
+    if (key == Kx::BackspaceKey && isUnderWay && !m_isEditing) {
+        takePointBack();
         return true;
     }
-    return false;
+    const bool isDelete = key == Kx::DeleteKey || key == Kx::BackspaceKey;
+    return isDelete && removePicked(static_cast<SliceViewer &>(*viewer));
+}
+
+bool MeasureTool::removePicked(const SliceViewer &viewer)
+{
+    MeasurementList &list = *MeasurementList::instancePointer();
+    const int id = list.picked();
+    const Measurement *const picked = list.find(id);
+    // What cannot be seen is not to be lost by a key.
+    if (picked == nullptr || !MeasurementView::isShown(*picked, viewer)) {
+        return false;
+    }
+    giveUp();
+    list.removeByUser({id});
+    return true;
 }

@@ -10,14 +10,18 @@ class SliceViewer;
 
 /// Base of the tools that measure. A click sets a point, or a drag two; a shape, or a handle of
 /// one, whichever tool has made it, is picked by a press and can be dragged. Delete removes the
-/// picked shape, Escape gives up what is being drawn or dragged. Its members as a group are its
-/// sub-tools.
+/// picked shape, Backspace takes back the last point of what is being drawn, Escape gives up what
+/// is being drawn or dragged. Nothing stays picked when the tool is left, and a click that
+/// activates a viewer does not draw. Its members as a group are its sub-tools.
 class MeasureTool : public ExShapeTool, public ExToolGroup
 {
 public:
     ~MeasureTool() override;
 
     bool setActive(bool on) override;
+    /// While the viewer, of whatever type, shows a series.
+    [[nodiscard]] bool isEnabled(const ExBaseViewer *viewer) const override;
+    [[nodiscard]] bool needsExclusiveClickForActivation() const override;
     [[nodiscard]] QString displayHint(const ExBaseViewer *viewer) const override;
     bool processMouseEvent(ExBaseViewer *viewer, Kx::MouseEvent event, int x, int y,
         Kx::ButtonState state, Kx::KxCursorShape &cursorShape) override;
@@ -53,7 +57,9 @@ private:
     void release(SliceViewer &viewer, const QPoint &position);
     void placePoint(SliceViewer &viewer, const QPoint &position);
     void movePoint(SliceViewer &viewer, const QPoint &position);
+    void takePointBack();
     void complete(SliceViewer &viewer);
+    bool removePicked(const SliceViewer &viewer);
     [[nodiscard]] bool isAway(const QPoint &position) const;
     [[nodiscard]] bool isFit(const SliceViewer &viewer) const;
 

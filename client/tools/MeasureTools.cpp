@@ -133,7 +133,8 @@ const ToolModule distance(
         .toolTip = QT_TRANSLATE_NOOP("Tools", "Left button: measure a distance"),
         .description = QT_TRANSLATE_NOOP("Tools",
             "Click the two ends, or drag from one to the other. Shapes and their handles can be "
-            "dragged; Del removes the picked one, Esc gives up the one being drawn."),
+            "dragged; Del removes the picked one. Of the one being drawn Backspace takes the last "
+            "point back, and Esc gives it up."),
         .icon = "measure-distance",
         .shortCut = "D",
     },

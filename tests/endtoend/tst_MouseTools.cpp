@@ -29,6 +29,10 @@ private Q_SLOTS:
     void distance();
     void handleAndShapeAreDragged();
     void escapeGivesUp();
+    void cornersAreTakenBack();
+    void undone();
+    void toolIsLeft();
+    void clickThatActivatesDoesNotDraw();
     void angle();
     void regions();
     void otherViewersShowIt();
@@ -272,6 +276,93 @@ void tst_MouseTools::escapeGivesUp()
     QCOMPARE(list().all().size(), 1U);
     click({300, 300});
     activate("Tool.Pan"); // or with another tool is given up.
+    QCOMPARE(list().all().size(), 1U);
+}
+
+void tst_MouseTools::cornersAreTakenBack()
+{
+    activate("Measure.Region");
+    activate("Measure.Polygon");
+    QStringList numCorners;
+    const auto note = [&] {
+        const Measurement *const draft = list().draft();
+        numCorners
+            += draft == nullptr ? QStringLiteral("-") : QString::number(draft->points.size() - 1);
+    };
+    click({60, 60});
+    click({140, 60});
+    QTest::keyClick(slice(0).widget(), Qt::Key_Return); // Two corners are no polygon yet.
+    note();
+    click({140, 160});
+    note();
+    QTest::keyClick(slice(0).widget(), Qt::Key_Backspace);
+    note();
+    click({60, 220});
+    note();
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(slice(0).widget(), Qt::Key_Backspace);
+        note();
+    }
+    QCOMPARE(numCorners.join(u' '), QStringLiteral("2 3 2 3 2 1 -"));
+    QVERIFY(list().all().empty());
+}
+
+void tst_MouseTools::undone()
+{
+    ExTool &undo = *ExTool::getToolByDecorationKey("Edit.Undo", true);
+    const auto pressUndo = [this] {
+        QCoreApplication::processEvents(); // The tool becomes enabled.
+        QTest::keyClick(m_fixture->window().windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+    };
+    activate("Measure.Distance");
+    drag({100, 100}, {200, 100});
+    drag({100, 200}, {200, 200});
+    QVERIFY(!undo.isEnabled(&slice(0)));
+    const std::vector<Measurement> drawn = list().all();
+    drag({150, 100}, {150, 140});
+    const std::vector<Measurement> dragged = list().all();
+    QVERIFY(dragged != drawn);
+    QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+    QCOMPARE(list().all().size(), 1U);
+    activate("Measure.DeleteAll");
+    QVERIFY(list().all().empty());
+    pressUndo();
+    pressUndo();
+    QVERIFY(list().all() == dragged); // In their order
+    press({150, 200});
+    move({150, 260});
+    QVERIFY(!undo.isEnabled(&slice(0))); // while one is dragged
+    QTest::keyClick(slice(0).widget(), Qt::Key_Escape);
+    release({150, 260});
+    pressUndo();
+    QVERIFY(list().all() == drawn);
+    QVERIFY(!undo.isEnabled(&slice(0)));
+}
+
+void tst_MouseTools::toolIsLeft()
+{
+    const ExTool &erase = *ExTool::getToolByDecorationKey("Measure.Delete", true);
+    activate("Measure.Region");
+    drag({60, 60}, {160, 160});
+    QVERIFY(erase.isEnabled(&slice(0)));
+    QVERIFY(!erase.isEnabled(&slice(1))); // It is not seen there.
+    activate("Tool.WindowLevel");
+    QCOMPARE(list().picked(), 0);
+    QVERIFY(!slice(0).widget()->overlay().shapes.value(0).isPicked);
+    QVERIFY(!erase.isEnabled(&slice(0)));
+    const ExTool &region = *ExTool::getToolByDecorationKey("Measure.Region", true);
+    QVERIFY(region.isEnabled(&slice(0)));
+    slice(0).setSeries({});
+    QVERIFY(!region.isEnabled(&slice(0)) && !region.isEnabled(nullptr));
+}
+
+void tst_MouseTools::clickThatActivatesDoesNotDraw()
+{
+    activate("Measure.Distance");
+    m_fixture->drag(slice(1), Qt::LeftButton, {60, 0});
+    QVERIFY(list().all().empty());
+    QCoreApplication::processEvents(); // The press is over when the viewer is painted anew.
+    m_fixture->drag(slice(1), Qt::LeftButton, {60, 0});
     QCOMPARE(list().all().size(), 1U);
 }
 

@@ -325,12 +325,15 @@ void tst_Measurements::labelsCoverNothing()
     other.line = QPolygonF(QVector<QPointF>{{20, 250}, {300, 250}});
     const QVector<OverlayContent::Shape> shapes{shape, other, other};
     const QSize viewer(500, 300);
-    const auto places = ShapePainter::labelPlaces(shapes, QVector<QSizeF>(3, {110, 60}), viewer);
+    const QRectF cornerText(10, 255, 150, 40);
+    const auto places
+        = ShapePainter::labelPlaces(shapes, QVector<QSizeF>(3, {110, 60}), viewer, {cornerText});
     for (qsizetype i = 0; i < places.size(); ++i) {
         QVERIFY(QRectF(QPointF(), viewer).contains(places[i]));
         QVERIFY(!places[i].intersects(shape.line.boundingRect()));
         QVERIFY(places[i].bottom() < 250 || places[i].top() > 250 || places[i].left() > 300);
-        QVERIFY(i == 0 || !places[i].intersects(places[i - 1]));
+        QVERIFY(!places[i].intersects(cornerText));
+        QVERIFY(!places[i].intersects(places[(i + 1) % places.size()]));
     }
 }
 
