@@ -10,6 +10,7 @@
 #include "client/loading/ThumbnailMaker.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/ProgressLine.h"
+#include "client/panels/StatusText.h"
 #include "client/panels/StudyTree.h"
 #include "client/toolbars/ToolBars.h"
 #include "client/viewers/ViewerRenderWidget.h"
@@ -19,7 +20,6 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
-#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSplitter>
@@ -37,7 +37,7 @@ MainWindow::MainWindow()
     , m_tree(new StudyTree)
     , m_progress(new ProgressLine)
     , m_problems(new ProblemsButton)
-    , m_status(new QLabel)
+    , m_status(new StatusText)
     , m_thumbnails(new ThumbnailMaker(this))
     , m_workstation(std::make_unique<Workstation>(
           *m_area, [](WorkstationViewer &viewer, const QPoint &position) {
@@ -89,6 +89,7 @@ void MainWindow::connectSession()
 {
     StudySession &session = m_workstation->session();
     connect(&session, &StudySession::scanned, this, &MainWindow::showFound);
+    connect(&session, &StudySession::nothingFound, this, &MainWindow::tellNothingFound);
     connect(&session, &StudySession::closed, this, &MainWindow::clearFound);
     connect(&session, &StudySession::busyChanged, this, &MainWindow::showBusy);
     connect(&session, &StudySession::progressChanged, m_progress, &ProgressLine::setProgress);
@@ -117,9 +118,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::open(const QStringList &paths)
 {
+    m_openProblem.clear();
     m_workstation->session().open(paths);
     m_tree->setEmptyText(tr("Looking for DICOM files…"));
-    m_status->setText(tr("Opening %1").arg(paths.join(QStringLiteral(", "))));
+    m_status->showText(tr("Opening %1").arg(paths.join(QStringLiteral(", "))));
 }
 
 void MainWindow::openSample()
@@ -159,7 +161,7 @@ void MainWindow::cancel()
 void MainWindow::setProblem(const QString &problem)
 {
     m_openProblem = problem;
-    m_status->setText(problem);
+    m_status->showWarning(problem);
     m_tree->setEmptyText(problem);
 }
 
@@ -188,25 +190,44 @@ void MainWindow::showAbout()
             .arg(QString::fromUtf8(movaraBuildVersionTag())));
 }
 
+QString MainWindow::emptyText(const DicomScanner::Result &result)
+{
+    if (result.wasCancelled) {
+        return tr("Opening was cancelled.");
+    }
+    if (result.numFiles == 0) {
+        return tr("There are no files here. Open another folder with File > Open folder.");
+    }
+    return tr("There are no images here (files looked at: %1). Open another folder with "
+              "File > "
+              "Open folder.")
+        .arg(result.numFiles);
+}
+
 void MainWindow::showFound()
 {
     const DicomScanner::Result &found = m_workstation->session().found();
     m_tree->setPatients(found.patients);
-    m_problems->setProblems(found.problems);
+    m_problems->setProblems(found.problems, found.wasCancelled);
     const auto largest = m_workstation->session().largestSeries();
     m_wantsThumbnails = true;
     if (largest) {
-        m_status->setText(tr("Files looked at: %1").arg(found.numFiles));
+        const QString looked = tr("Files looked at: %1").arg(found.numFiles);
+        if (found.wasCancelled) {
+            m_status->showWarning(ProblemsButton::incompleteText() % u' ' % looked);
+        } else {
+            m_status->showText(looked);
+        }
         m_workstation->openInAll(largest->uid());
     } else {
-        setProblem(found.wasCancelled ? tr("Opening was cancelled.")
-                : found.numFiles == 0
-                ? tr("There are no files here. Open another folder with File > Open folder.")
-                : tr("There are no images here (files looked at: %1). Open another folder with "
-                     "File > "
-                     "Open folder.")
-                      .arg(found.numFiles));
+        setProblem(emptyText(found));
     }
+    Q_EMIT opened();
+}
+
+void MainWindow::tellNothingFound(const DicomScanner::Result &result)
+{
+    setProblem(emptyText(result) % u' ' % tr("What was open stays open."));
     Q_EMIT opened();
 }
 
@@ -242,8 +263,8 @@ void MainWindow::clearFound()
     m_tree->setPatients({});
     m_tree->setEmptyText(
         tr("No studies are open.\n\nOpen a folder with File > Open folder, or drop one here."));
-    m_problems->setProblems({});
-    m_status->clear();
+    m_problems->setProblems({}, false);
+    m_status->showText({});
 }
 
 void MainWindow::markShownSeries()

@@ -10,8 +10,8 @@
 class FocusOrder;
 class ProblemsButton;
 class ProgressLine;
-class QLabel;
 class SampleMaker;
+class StatusText;
 class StudyTree;
 class ThumbnailMaker;
 class ToolBars;
@@ -28,7 +28,8 @@ public:
     ~MainWindow() override;
 
     [[nodiscard]] Workstation &workstation() { return *m_workstation; }
-    /// Opens folders or files; the largest series found is shown in all viewers.
+    /// Opens folders or files; the largest series found is shown in all viewers. What is open stays
+    /// when there are no images.
     void open(const QStringList &paths);
     /// Opens the sample study, which is made first when it is not there yet.
     void openSample();
@@ -53,6 +54,9 @@ private:
     void buildPanels();
     void connectSession();
     void showFound();
+    /// Why a scan that has found no images has not.
+    [[nodiscard]] static QString emptyText(const DicomScanner::Result &result);
+    void tellNothingFound(const DicomScanner::Result &result);
     void startThumbnails();
     void showBusy(bool busy);
     void sampleFinished(const QString &problem);
@@ -65,13 +69,13 @@ private:
     StudyTree *m_tree;
     ProgressLine *m_progress;
     ProblemsButton *m_problems;
-    QLabel *m_status;
+    StatusText *m_status;
     SampleMaker *m_sample = nullptr; ///< while it works
     ThumbnailMaker *m_thumbnails;
     QString m_openProblem;
     bool m_wantsThumbnails = false;
     std::unique_ptr<Workstation> m_workstation;
     std::unique_ptr<ToolBars> m_toolBars;
+    std::unique_ptr<FocusOrder> m_focusOrder;
     McHandle<ExNotifiable> m_activeWatch;
 };
-    std::unique_ptr<FocusOrder> m_focusOrder;

@@ -12,17 +12,30 @@ Workstation::Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu)
     , m_links(new ViewerLinks)
     , m_manager(m_screen)
     , m_layouts(area, m_screen, m_manager,
-          [this](WorkstationViewer &viewer) { m_interactions.install(viewer); })
+          [this](WorkstationViewer &viewer) {
+              m_interactions.install(viewer);
+              viewer.setSeriesOffered(!m_session.imageSeries().empty());
+          })
     , m_interactions(m_layouts, std::move(openMenu))
 {
     QObject::connect(&area, &ViewerArea::resized, &area, [this] { m_screen.reconfigure(); });
     QObject::connect(
         &m_measurements, &MeasurementList::changed, &area, [this] { updateOverlays(); });
+    QObject::connect(&m_session, &StudySession::scanned, &area, [this] { offerSeries(); });
+    QObject::connect(&m_session, &StudySession::closed, &area, [this] { offerSeries(); });
 }
 
 Workstation::~Workstation()
 {
     m_session.close();
+}
+
+void Workstation::offerSeries()
+{
+    const bool offered = !m_session.imageSeries().empty();
+    for (WorkstationViewer *viewer : viewers()) {
+        viewer->setSeriesOffered(offered);
+    }
 }
 
 void Workstation::updateOverlays()

@@ -45,6 +45,8 @@ public:
 
 private:
     void updateOverlays();
+    /// Tells the viewers whether there are series to choose from.
+    void offerSeries();
 
     MeasurementList m_measurements;
     WorkstationScreen m_screen;

@@ -31,6 +31,20 @@ void walk(const McHandle<Zel::DicomDirectoryEntry> &entry, const Visit &visit)
     }
 }
 
+/// All series with images, in the order of the directory.
+std::vector<McHandle<Zel::DicomDirectoryEntry>> imagesIn(const DicomScanner::Result &result)
+{
+    std::vector<McHandle<Zel::DicomDirectoryEntry>> found;
+    for (const auto &patient : result.patients) {
+        walk(patient, [&found](const McHandle<Zel::DicomDirectoryEntry> &each) {
+            if (each->isSeries() && each->isImage()) {
+                found.push_back(each);
+            }
+        });
+    }
+    return found;
+}
+
 /// Voxels of the largest volume of a series, one phase of it. Single images come after all stacks.
 std::pair<bool, double> largestVolume(const Zel::DicomDirectoryEntry &series)
 {
@@ -50,12 +64,7 @@ StudySession::StudySession(QObject *parent)
     connect(&m_scanner, &DicomScanner::progressChanged, this, [this](int done, int total) {
         Q_EMIT progressChanged(done, std::max(total, 0), tr("Looking for DICOM files"));
     });
-    connect(&m_scanner, &DicomScanner::finished, this, [this] {
-        if (m_isOpen) {
-            Q_EMIT scanned();
-        }
-        tellBusy();
-    });
+    connect(&m_scanner, &DicomScanner::finished, this, &StudySession::scanEnded);
 }
 
 StudySession::~StudySession()
@@ -66,19 +75,37 @@ StudySession::~StudySession()
 
 void StudySession::open(const QStringList &paths)
 {
-    close();
     McDArray<McFilename> files;
     for (const QString &path : paths) {
         files.append(McFilename(path.toStdString()));
     }
     m_scanner.start(files);
-    m_isOpen = true;
+    m_isScanWanted = true;
+    tellBusy();
+}
+
+void StudySession::scanEnded()
+{
+    const DicomScanner::Result &result = m_scanner.result();
+    if (std::exchange(m_isScanWanted, false)) {
+        if (imagesIn(result).empty() && !imageSeries().empty()) {
+            tellProgress();
+            Q_EMIT nothingFound(result);
+        } else {
+            clear();
+            m_found = result;
+            Q_EMIT scanned();
+        }
+    }
     tellBusy();
 }
 
 void StudySession::cancel()
 {
-    m_scanner.cancel();
+    if (isScanning()) {
+        m_scanner.cancel();
+        return;
+    }
     const auto loads = m_loads;
     for (SeriesLoad *load : loads) {
         load->cancel();
@@ -87,8 +114,14 @@ void StudySession::cancel()
 
 void StudySession::close()
 {
-    m_isOpen = false;
+    m_isScanWanted = false;
     m_scanner.cancel();
+    clear();
+    tellBusy();
+}
+
+void StudySession::clear()
+{
     qDeleteAll(m_loads);
     m_loads.clear();
     for (WorkstationViewer *viewer : viewers()) {
@@ -98,14 +131,14 @@ void StudySession::close()
         viewer->setSeries(nullptr);
     }
     m_series.clear();
+    m_found = {};
     Q_EMIT closed();
-    tellBusy();
 }
 
 McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const
 {
     McHandle<Entry> found;
-    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
+    for (const McHandle<Entry> &patient : m_found.patients) {
         walk(patient, [&](const McHandle<Entry> &each) {
             const bool canLoad = each->isSeries() || each->isStoredVolume();
             if (!found && canLoad && each->uid() == uid) {
@@ -118,15 +151,7 @@ McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const
 
 std::vector<McHandle<StudySession::Entry>> StudySession::imageSeries() const
 {
-    std::vector<McHandle<Entry>> found;
-    for (const McHandle<Entry> &patient : m_scanner.result().patients) {
-        walk(patient, [&found](const McHandle<Entry> &each) {
-            if (each->isSeries() && each->isImage()) {
-                found.push_back(each);
-            }
-        });
-    }
-    return found;
+    return imagesIn(m_found);
 }
 
 McHandle<StudySession::Entry> StudySession::largestSeries() const
@@ -202,7 +227,7 @@ void StudySession::tellProgress()
         done += load->series().progress();
     }
     constexpr int percent = 100;
-    if (!m_loads.empty()) {
+    if (!m_loads.empty() && !isScanning()) {
         Q_EMIT progressChanged(static_cast<int>(done * percent),
             static_cast<int>(m_loads.size()) * percent, tr("Reading series"));
     }

@@ -29,9 +29,10 @@ public:
     /// Ends all reading and waits for its threads.
     ~StudySession() override;
 
-    /// Closes what is open and looks for studies in folders, files or DICOMDIR files.
+    /// Looks for studies in folders, files or DICOMDIR files. What is open stays until there is
+    /// something to show instead of it.
     void open(const QStringList &paths);
-    /// Ends scanning and reading; what has been found and read stays.
+    /// Ends the scan, or, when there is none, reading; what has been found and read stays.
     void cancel();
     /// Takes everything out of the viewers and forgets it.
     void close();
@@ -39,8 +40,8 @@ public:
     /// Whether a scan or a series is under way.
     [[nodiscard]] bool isBusy() const { return isScanning() || !m_loads.empty(); }
     [[nodiscard]] bool isScanning() const { return m_scanner.isRunning(); }
-    /// What the last scan has found.
-    [[nodiscard]] const DicomScanner::Result &found() const { return m_scanner.result(); }
+    /// What is open, as its scan has found it; empty when nothing is.
+    [[nodiscard]] const DicomScanner::Result &found() const { return m_found; }
     /// The series, or the volume of one, with this identifier; null when it is unknown.
     [[nodiscard]] McHandle<Entry> entry(const std::string &uid) const;
     /// All series with images, in the order of the directory.
@@ -61,10 +62,15 @@ Q_SIGNALS:
     void progressChanged(int done, int total, const QString &what);
     /// The scan has ended: found() is there.
     void scanned();
+    /// The scan has ended without images; what was open before stays.
+    void nothingFound(const DicomScanner::Result &result);
     /// The studies are no longer open.
     void closed();
 
 private:
+    void scanEnded();
+    /// Takes everything out of the viewers and forgets it.
+    void clear();
     McHandle<LoadedSeries> load(const McHandle<Entry> &entry);
     void startLoad(SeriesLoad &load);
     void loadChanged(LoadedSeries &series);
@@ -73,9 +79,10 @@ private:
     void tellBusy();
 
     DicomScanner m_scanner;
+    DicomScanner::Result m_found;
     std::map<std::string, McHandle<LoadedSeries>> m_series;
     std::vector<SeriesLoad *> m_loads;
     /// What a scan finds after the studies were closed is of no interest.
-    bool m_isOpen = false;
+    bool m_isScanWanted = false;
     bool m_wasBusy = false;
 };

@@ -92,7 +92,9 @@ QStringList warnings(const WorkstationViewer &viewer)
 QString emptyState(const WorkstationViewer &viewer)
 {
     if (viewer.series() == nullptr) {
-        return Texts::tr("No series. Double-click one in the list, or drag it here.");
+        return viewer.isSeriesOffered()
+            ? Texts::tr("No series. Double-click one in the list, or drag it here.")
+            : Texts::tr("No series. Open a folder with File > Open folder, or drop one here.");
     }
     if (viewer.volume(0) == nullptr) {
         return viewer.series()->isComplete() ? viewer.series()->remark()

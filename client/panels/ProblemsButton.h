@@ -4,8 +4,10 @@
 
 #include <QPushButton>
 
-/// Says in the status line how many files of a scan could not be used; a click shows which and why.
-/// Hidden when there are none.
+class QTreeWidget;
+
+/// Says in the status line that a scan was cancelled and how many of its files could not be used; a
+/// click shows which and why. Hidden when there is nothing to tell.
 class ProblemsButton final : public QPushButton
 {
     Q_OBJECT
@@ -13,10 +15,15 @@ class ProblemsButton final : public QPushButton
 public:
     explicit ProblemsButton(QWidget *parent = nullptr);
 
-    void setProblems(const McDArray<DicomScanner::Problem> &problems);
+    /// @param isIncomplete whether the scan was cancelled.
+    void setProblems(const McDArray<DicomScanner::Problem> &problems, bool isIncomplete);
+    /// What is said of a list whose scan was cancelled.
+    [[nodiscard]] static QString incompleteText();
 
 private:
     void showDetails();
+    [[nodiscard]] QTreeWidget *createList() const;
 
     McDArray<DicomScanner::Problem> m_problems;
+    bool m_isIncomplete = false;
 };

@@ -254,6 +254,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>%1 – Movara</source>
         <translation>%1 – Movara</translation>
     </message>
+    <message>
+        <source>What was open stays open.</source>
+        <translation>Was offen war, bleibt offen.</translation>
+    </message>
 </context>
 <context>
     <name>MeasureTools</name>
@@ -397,10 +401,6 @@ oder beide anklicken</translation>
 <context>
     <name>ProblemsButton</name>
     <message>
-        <source>Shows which files could not be used, and why</source>
-        <translation>Zeigt, welche Dateien nicht verwendet werden konnten und warum</translation>
-    </message>
-    <message>
         <source>Files that could not be used: %1…</source>
         <translation>Nicht verwendbare Dateien: %1 …</translation>
     </message>
@@ -415,6 +415,22 @@ oder beide anklicken</translation>
     <message>
         <source>Reason</source>
         <translation>Grund</translation>
+    </message>
+    <message>
+        <source>Shows what is missing or could not be used, and why</source>
+        <translation>Zeigt, was fehlt oder nicht verwendet werden konnte, und warum</translation>
+    </message>
+    <message>
+        <source>Opening was cancelled: the list is incomplete.</source>
+        <translation>Das Öffnen wurde abgebrochen: Die Liste ist unvollständig.</translation>
+    </message>
+    <message>
+        <source>The list is incomplete…</source>
+        <translation>Die Liste ist unvollständig …</translation>
+    </message>
+    <message>
+        <source>Problems while opening</source>
+        <translation>Probleme beim Öffnen</translation>
     </message>
 </context>
 <context>
@@ -613,6 +629,10 @@ oder beide anklicken</translation>
         <source>Reading headers…</source>
         <translation>Kopfdaten werden gelesen …</translation>
     </message>
+    <message>
+        <source>No series. Open a folder with File &gt; Open folder, or drop one here.</source>
+        <translation>Keine Serie. Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
+    </message>
 </context>
 <context>
     <name>SliceOverlay</name>
@@ -753,6 +773,14 @@ oder beide anklicken</translation>
         <translation>Die Werkzeugleisten sind die des Programms, weil Ihre Datei nicht verwendet werden kann.
 %1, Zeile %2: %3</translation>
     </message>
+    <message>
+        <source>%1, line %2: There is no tool &quot;%3&quot;.</source>
+        <translation>%1, Zeile %2: Es gibt kein Werkzeug „%3“.</translation>
+    </message>
+    <message>
+        <source>Your file of the tool bars names tools that do not exist. They are left out.</source>
+        <translation>Ihre Datei der Werkzeugleisten nennt Werkzeuge, die es nicht gibt. Sie werden weggelassen.</translation>
+    </message>
 </context>
 <context>
     <name>Tools</name>
@@ -835,10 +863,6 @@ oder beide anklicken</translation>
     <message>
         <source>&amp;One viewer</source>
         <translation>&amp;Eine Ansicht</translation>
-    </message>
-    <message>
-        <source>One viewer, in the plane of the images</source>
-        <translation>Eine Ansicht, in der Ebene der Bilder</translation>
     </message>
     <message>
         <source>&amp;Four viewers</source>
@@ -993,14 +1017,6 @@ oder beide anklicken</translation>
         <translation>Ansicht &amp;zurücksetzen</translation>
     </message>
     <message>
-        <source>Show the whole image in its first window</source>
-        <translation>Das ganze Bild in seiner ersten Fensterung zeigen</translation>
-    </message>
-    <message>
-        <source>Linked viewers follow. The slice stays; inverting and flipping end.</source>
-        <translation>Verknüpfte Ansichten folgen. Die Schicht bleibt; Umkehren und Spiegeln enden.</translation>
-    </message>
-    <message>
         <source>&amp;Full-screen viewer</source>
         <translation>Eine Ansicht &amp;allein</translation>
     </message>
@@ -1145,10 +1161,6 @@ oder beide anklicken</translation>
         <translation>Linke Taste: eine Strecke messen</translation>
     </message>
     <message>
-        <source>Click the two ends, or drag from one to the other. Shapes and their handles can be dragged; Del removes the picked one, Esc gives up the one being drawn.</source>
-        <translation>Klicken Sie die beiden Enden an, oder ziehen Sie von einem zum anderen. Figuren und ihre Griffe lassen sich ziehen; Entf löscht die gewählte, Esc gibt die auf, die gerade gezeichnet wird.</translation>
-    </message>
-    <message>
         <source>&amp;Angle</source>
         <translation>&amp;Winkel</translation>
     </message>
@@ -1247,6 +1259,34 @@ oder beide anklicken</translation>
     <message>
         <source>Ctrl and the left button do so whatever tool is chosen.</source>
         <translation>Strg und die linke Taste tun das bei jedem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>The active viewer alone, with what it shows</source>
+        <translation>Die aktive Ansicht allein, mit dem, was sie zeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Bring back deleted or moved measurements</source>
+        <translation>Gelöschte oder verschobene Messungen zurückholen</translation>
+    </message>
+    <message>
+        <source>Takes back, one after the other, what was deleted of the measurements or changed by dragging them.</source>
+        <translation>Nimmt nacheinander zurück, was an Messungen gelöscht oder durch Ziehen geändert wurde.</translation>
+    </message>
+    <message>
+        <source>Click the two ends, or drag from one to the other. Shapes and their handles can be dragged; Del removes the picked one. Of the one being drawn Backspace takes the last point back, and Esc gives it up.</source>
+        <translation>Klicken Sie die beiden Enden an, oder ziehen Sie von einem zum anderen. Figuren und ihre Griffe lassen sich ziehen; Entf löscht die gewählte. Von der, die gerade gezeichnet wird, nimmt die Rücktaste den letzten Punkt zurück, und Esc gibt sie auf.</translation>
+    </message>
+    <message>
+        <source>Show the whole image in its own plane and first window</source>
+        <translation>Das ganze Bild in der eigenen Ebene und ersten Fensterung zeigen</translation>
+    </message>
+    <message>
+        <source>Linked viewers follow, but for the plane. The slice stays, turned back to the viewer&apos;s plane; inverting and flipping end.</source>
+        <translation>Verknüpfte Ansichten folgen, außer in der Ebene. Die Schicht bleibt, zurückgedreht in die Ebene der Ansicht; Umkehren und Spiegeln enden.</translation>
     </message>
 </context>
 <context>

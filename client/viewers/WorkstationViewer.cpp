@@ -73,6 +73,12 @@ void WorkstationViewer::setSeries(const McHandle<LoadedSeries> &series)
     notify(ExNotification::VIEWER_VOLUME_CHANGED);
 }
 
+void WorkstationViewer::setSeriesOffered(bool offered)
+{
+    m_isSeriesOffered = offered;
+    updateOverlay();
+}
+
 void WorkstationViewer::seriesChanged()
 {
     KxImageSeries *const images = imageSet(0);

@@ -39,6 +39,9 @@ public:
     [[nodiscard]] LoadedSeries *series() const { return m_series; }
     /// Shows a series from its first phase on, or none. Notifies VIEWER_VOLUME_CHANGED.
     void setSeries(const McHandle<LoadedSeries> &series);
+    /// Whether there are series that the user could choose from; none at first.
+    void setSeriesOffered(bool offered);
+    [[nodiscard]] bool isSeriesOffered() const { return m_isSeriesOffered; }
     /// The series has got its volumes, or further slices, or is complete.
     void seriesChanged();
     [[nodiscard]] int phase() const { return m_phase; }
@@ -81,6 +84,7 @@ private:
     std::string m_displaySetId;
     McHandle<LoadedSeries> m_series;
     McHandle<KxVolume> m_volume;
+    bool m_isSeriesOffered = false;
     int m_phase = 0;
     QPointer<ViewerRenderWidget> m_widget;
     std::unique_ptr<ExEventHandler> m_eventHandler;

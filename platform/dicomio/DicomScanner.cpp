@@ -257,14 +257,16 @@ DicomScanner::Result DicomScanner::scanNow(
     for (const McFilename &path : paths) {
         list.add(path);
     }
+    const bool areAllListed = !stop.stop_requested();
     const std::vector<McFilename> files = list.sorted();
     Result result;
-    result.numFiles = static_cast<int>(files.size());
     result.problems = list.problems();
     prepareDicomParsing();
-    result.patients
-        = buildDirectory(usable(HeaderScan(files, progress, stop).run(), result.problems));
-    result.wasCancelled = stop.stop_requested();
+    std::vector<DicomFileHeader> headers = HeaderScan(files, progress, stop).run();
+    result.numFiles = static_cast<int>(std::count_if(headers.begin(), headers.end(),
+        [](const DicomFileHeader &header) { return !header.file.empty(); }));
+    result.patients = buildDirectory(usable(std::move(headers), result.problems));
+    result.wasCancelled = !areAllListed || result.numFiles < static_cast<int>(files.size());
     return result;
 }
 

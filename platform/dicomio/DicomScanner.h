@@ -30,8 +30,9 @@ public:
     {
         McDArray<McHandle<Zel::DicomDirectoryEntry>> patients;
         McDArray<Problem> problems;
-        int numFiles = 0; ///< files looked at
-        bool wasCancelled = false; ///< patients and problems are then what was found until then
+        int numFiles = 0; ///< files looked at; not those listed after a cancellation
+        /// Before all files were looked at: patients and problems are what was found until then.
+        bool wasCancelled = false;
     };
     /// Told from several threads, one at a time: files done and files in all, or -1 as long as
     /// these are still being counted.

@@ -1,6 +1,7 @@
 #include "client/app/NotificationWatch.h"
 #include "client/layout/ViewerArea.h"
 #include "client/panels/ProblemsButton.h"
+#include "client/panels/StatusText.h"
 #include "client/panels/StudyTree.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
@@ -8,7 +9,6 @@
 #include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -30,11 +30,13 @@ private Q_SLOTS:
     void seriesIsDroppedOnOneViewer();
     void phasesOfOneSeries();
     void firstImageComesBeforeTheLast();
+    void cancelledScanIsTold();
     void cancelKeepsWhatWasRead();
     void closeWhileReading();
     void openWhileReading();
     void nothingToShow_data();
     void nothingToShow();
+    void whatIsOpenStaysWithoutImages();
     void problemsAreListed();
     void sidesAreToldOnlyWhenKnown_data();
     void sidesAreToldOnlyWhenKnown();
@@ -201,6 +203,33 @@ void tst_OpenStudies::firstImageComesBeforeTheLast()
     QVERIFY(viewer(0).series()->remark().isEmpty());
 }
 
+void tst_OpenStudies::cancelledScanIsTold()
+{
+    constexpr int listed = 1500;
+    m_files->addStack(listed);
+    m_fixture->settle(); // Painting is not to hold up the cancellation.
+    StudySession &session = m_fixture->workstation().session();
+    connect(&session, &StudySession::progressChanged, this, [&session](int done) {
+        if (done > 0 && session.isScanning()) {
+            session.cancel();
+        }
+    });
+    openAndWait();
+    const QString incomplete = QStringLiteral("Opening was cancelled: the list is incomplete.");
+    const auto *const status = m_fixture->window().findChild<StatusText *>();
+    QVERIFY2(
+        status->isWarning() && status->text().startsWith(incomplete), qPrintable(status->text()));
+    QVERIFY(session.found().numFiles < listed);
+    auto *const button = m_fixture->window().findChild<ProblemsButton *>();
+    QVERIFY(button->isVisible());
+    QTest::mouseClick(button, Qt::LeftButton);
+    auto *const dialog = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
+    QCOMPARE(dialog->findChild<StatusText *>()->text(), incomplete);
+    dialog->close();
+    session.close();
+    QVERIFY(!button->isVisible() && !status->isWarning());
+}
+
 void tst_OpenStudies::cancelKeepsWhatWasRead()
 {
     addLargeSlices(60);
@@ -235,7 +264,8 @@ void tst_OpenStudies::closeWhileReading()
     QCOMPARE(treeTexts(), QStringList());
     for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
         QVERIFY(each->series() == nullptr);
-        QVERIFY(each->widget()->overlay().message.startsWith(QStringLiteral("No series.")));
+        QVERIFY(each->widget()->overlay().message.startsWith(
+            QStringLiteral("No series. Open a folder")));
     }
     m_fixture->settle();
     QVERIFY(viewer(0).widget()->frame().isNull());
@@ -289,6 +319,28 @@ void tst_OpenStudies::nothingToShow()
         Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
         QVERIFY(viewer(0).series() == nullptr);
     }
+}
+
+void tst_OpenStudies::whatIsOpenStaysWithoutImages()
+{
+    addLargeSlices(60);
+    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+    open();
+    QTRY_COMPARE(opened.count(), 1);
+    const QStringList listed = treeTexts();
+    const DicomFixture empty;
+    m_fixture->window().open({QString::fromStdString(empty.folder().string())});
+    QTRY_COMPARE(opened.count(), 2);
+    QTRY_VERIFY(m_fixture->window().isSettled());
+    QCOMPARE(treeTexts(), listed);
+    QVERIFY(viewer(0).series() != nullptr && viewer(0).series()->isComplete());
+    QVERIFY(viewer(0).series()->remark().isEmpty());
+    const auto *const status = m_fixture->window().findChild<StatusText *>();
+    QVERIFY(status->isWarning() && status->text() == m_fixture->window().openProblem());
+    QVERIFY2(status->text().startsWith(QStringLiteral("There are no files here")),
+        qPrintable(status->text()));
+    viewer(0).setSeries(nullptr);
+    QVERIFY(viewer(0).widget()->overlay().message.contains(QStringLiteral("Double-click one")));
 }
 
 void tst_OpenStudies::problemsAreListed()

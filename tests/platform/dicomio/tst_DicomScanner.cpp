@@ -310,6 +310,20 @@ private Q_SLOTS:
         QVERIFY(result.problems.isEmpty());
     }
 
+    void cancelledMidway()
+    {
+        DicomFixture files;
+        constexpr int listed = 40;
+        files.addStack(listed);
+        std::stop_source source;
+        const DicomScanner::Result result = DicomScanner::scanNow(
+            {files.folder()}, [&source](int, int) { source.request_stop(); }, source.get_token());
+        QVERIFY(result.wasCancelled);
+        QVERIFY2(result.numFiles > 0 && result.numFiles < listed,
+            qPrintable(QString::number(result.numFiles)));
+        QCOMPARE(result.patients.first()->numImages(), result.numFiles);
+    }
+
     void signalsComeInTheScannersThread()
     {
         DicomFixture files;
