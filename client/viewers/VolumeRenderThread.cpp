@@ -75,7 +75,7 @@ void VolumeRenderThread::run()
     while (const std::optional<VolumeScene> scene = take()) {
         const QImage image = picture.draw(*scene);
         if (!image.isNull()) {
-            Q_EMIT drawn(image, scene->isQuick);
+            Q_EMIT drawn(image, scene->number);
         }
     }
 }

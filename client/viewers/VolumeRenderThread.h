@@ -32,7 +32,8 @@ public:
     void clear();
 
 Q_SIGNALS:
-    void drawn(const QImage &picture, bool isQuick);
+    /// @param number that of the scene.
+    void drawn(const QImage &picture, int number);
 
 protected:
     void run() override;

@@ -18,4 +18,5 @@ struct VolumeScene
     /// Values below the window are clear, those above it opaque.
     KxVolume::Window window;
     bool isQuick = false;
+    int number = 0; ///< of the wish: tells its picture from those of earlier ones
 };

@@ -148,13 +148,18 @@ double VolumeViewer::fittingZoom() const
 
 void VolumeViewer::volumeChanged(bool isOtherPhase)
 {
-    m_picture = {};
     m_needsPicture = true;
+    if (isOtherPhase && volume(0) != nullptr) {
+        // The last phase is seen until there is a picture of this one; in cine only quick ones.
+        interact();
+        return;
+    }
+    m_picture = {};
     if (m_thread) {
         m_thread->clear();
     }
     m_isWaiting = false;
-    if (volume(0) != nullptr && !isOtherPhase && phase() == 0) {
+    if (volume(0) != nullptr && phase() == 0) {
         m_window = firstWindow(*volume(0));
         m_isFitting = true;
         m_zoom = fittingZoom();
@@ -187,7 +192,7 @@ void VolumeViewer::askForPicture()
     if (!m_thread) {
         m_thread = std::make_unique<VolumeRenderThread>();
         QObject::connect(m_thread.get(), &VolumeRenderThread::drawn, &m_context,
-            [this](const QImage &picture, bool isQuick) { takePicture(picture, isQuick); });
+            [this](const QImage &picture, int number) { takePicture(picture, number); });
     }
     VolumeScene scene;
     scene.volume = volume(0);
@@ -197,20 +202,21 @@ void VolumeViewer::askForPicture()
     scene.mmPerPixel = widget()->height() / (m_zoom * scene.pixels.height());
     scene.window = m_window;
     scene.isQuick = isInteracting();
+    scene.number = ++m_askedNumber;
     m_thread->draw(scene);
     m_isWaiting = true;
     m_askedForQuick = scene.isQuick;
     m_needsPicture = false;
 }
 
-void VolumeViewer::takePicture(const QImage &picture, bool isQuick)
+void VolumeViewer::takePicture(const QImage &picture, int number)
 {
-    if (!m_isWaiting) {
-        return; // Of a volume that is no longer shown.
+    if (!m_isWaiting || number != m_askedNumber) {
+        return; // Of a volume that is no longer shown, or of an earlier state.
     }
     m_isWaiting = false;
     m_picture = picture;
-    m_pictureIsQuick = isQuick;
+    m_pictureIsQuick = m_askedForQuick;
     m_hasNewPicture = true;
     requestRender();
 }
@@ -225,8 +231,8 @@ void VolumeViewer::renderFrame()
         return;
     }
     // While a quick picture is being made the next one waits: giving up every picture for the next
-    // would show none during a drag. A final one is given up.
-    const bool isQuickOnItsWay = m_isWaiting && m_askedForQuick && isInteracting();
+    // would show none during a drag or cine. A final one is given up.
+    const bool isQuickOnItsWay = m_isWaiting && m_askedForQuick;
     const bool wantsFinal = m_pictureIsQuick && !isInteracting() && !m_isWaiting;
     if ((m_needsPicture && !isQuickOnItsWay) || wantsFinal) {
         askForPicture();

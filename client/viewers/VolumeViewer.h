@@ -49,7 +49,7 @@ protected:
 
 private:
     void changed(ExNotification::Type type);
-    void takePicture(const QImage &picture, bool isQuick);
+    void takePicture(const QImage &picture, int number);
     void askForPicture();
     [[nodiscard]] double fittingZoom() const;
 
@@ -69,4 +69,5 @@ private:
     /// A picture that was asked for has not come yet.
     bool m_isWaiting = false;
     bool m_askedForQuick = false;
+    int m_askedNumber = 0;
 };

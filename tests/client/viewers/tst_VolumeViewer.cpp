@@ -26,6 +26,7 @@ private Q_SLOTS:
     void ballIsWhereItBelongs();
     void turnedToTheSide();
     void quickWhileTurning();
+    void picturesComeDuringCine();
     void goesWhileDrawing();
     void anotherSeriesWhileDrawing();
 
@@ -160,6 +161,29 @@ void tst_VolumeViewer::quickWhileTurning()
     QTRY_VERIFY(m_viewer->isSettled());
     QVERIFY(m_viewer->isFinal());
     QVERIFY(m_viewer->widget()->overlay().warnings.isEmpty());
+}
+
+void tst_VolumeViewer::picturesComeDuringCine()
+{
+    if (!draws()) {
+        QSKIP("needs an X display");
+    }
+    constexpr int phases = 3;
+    m_viewer->setSeries(PhantomSeries::make(Grid::Axial, "phases", phases));
+    QTRY_VERIFY(m_viewer->isSettled());
+    const QImage first = m_viewer->widget()->frame();
+    bool wasBlank = false;
+    // Phases come faster than pictures are made, so none may be given up for the next.
+    QVERIFY(QTest::qWaitFor([&] {
+        m_viewer->setPhase(m_viewer->phase() % (phases - 1) + 1);
+        KxEngine::instance().renderQueue().flush();
+        wasBlank = wasBlank || m_viewer->widget()->frame().isNull();
+        return m_viewer->widget()->frame() != first;
+    }));
+    QVERIFY(!wasBlank && !m_viewer->isFinal());
+    m_viewer->setPhase(0);
+    QTRY_VERIFY(m_viewer->isSettled());
+    QCOMPARE(m_viewer->widget()->frame(), first);
 }
 
 void tst_VolumeViewer::goesWhileDrawing()
