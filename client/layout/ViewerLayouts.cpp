@@ -32,12 +32,15 @@ ViewerLayouts::ViewerLayouts(
     , m_setUp(std::move(setUp))
 { }
 
-WorkstationViewer *ViewerLayouts::takeFitting(
-    ExBaseViewerGroup &present, const ViewerLayout::Place &place)
+WorkstationViewer *ViewerLayouts::takeStaying(
+    ExBaseViewerGroup &present, const ViewerLayout &layout, const ViewerLayout::Place &place)
 {
+    const auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
+    const bool isAlone
+        = layout.places.size() == 1 && active != nullptr && active->series() != nullptr;
     for (int i = 0; i < present.size(); ++i) {
         auto *const viewer = static_cast<WorkstationViewer *>(present[i]);
-        if (fits(*viewer, place)) {
+        if (isAlone ? viewer == active : fits(*viewer, place)) {
             present.remove(i);
             return viewer;
         }
@@ -68,7 +71,7 @@ void ViewerLayouts::apply(const ViewerLayout &layout)
     WorkstationViewer *first = nullptr;
     for (std::size_t i = 0; i < layout.places.size(); ++i) {
         const ViewerLayout::Place &place = layout.places[i];
-        WorkstationViewer *viewer = takeFitting(present, place);
+        WorkstationViewer *viewer = takeStaying(present, layout, place);
         if (viewer != nullptr) {
             m_screen.addWidget(viewer, place.box); // Anew: no longer full screen.
         } else {

@@ -13,7 +13,8 @@ class WorkstationViewer;
 class WorkstationViewerManager;
 
 /// Fills the screen with viewers by a layout, and shows single viewers on the full screen. Viewers
-/// that fit a place of the new layout stay, with all that they show. Viewers are created here.
+/// that fit a place of the new layout stay, with all that they show; a layout with one place only
+/// shows the active viewer, whatever its kind, once that has a series. Viewers are created here.
 class ViewerLayouts
 {
 public:
@@ -34,7 +35,9 @@ public:
     void toggleFullscreen(WorkstationViewer &viewer);
 
 private:
-    WorkstationViewer *takeFitting(ExBaseViewerGroup &present, const ViewerLayout::Place &place);
+    /// Takes the viewer that stays in a place out of @p present; null when there is none.
+    WorkstationViewer *takeStaying(
+        ExBaseViewerGroup &present, const ViewerLayout &layout, const ViewerLayout::Place &place);
     WorkstationViewer *createViewer(const ViewerLayout::Place &place);
 
     ViewerArea &m_area;

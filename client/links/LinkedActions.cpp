@@ -99,6 +99,7 @@ void reset(SliceViewer &viewer)
     if (viewer.volume(0) == nullptr) {
         return;
     }
+    viewer.setPlane(viewer.ownPlane());
     viewer.fit();
     forFollowers(ExViewerDB::ZOOM_GROUP, viewer, [](SliceViewer &follower) { follower.fit(); });
     setWindow(viewer, viewer.volume(0)->defaultWindow());

@@ -21,8 +21,8 @@ void setWindow(SliceViewer &viewer, const KxVolume::Window &window);
 void stepPhase(WorkstationViewer &viewer, int steps);
 /// Exchanges dark and bright where windows are linked.
 void setInverted(SliceViewer &viewer, bool inverted);
-/// Shows everything in the middle of the viewers, in their first windows, neither inverted nor, the
-/// viewer itself, flipped.
+/// Shows everything in the middle of the viewers, in their first windows, not inverted. The viewer
+/// itself goes back to its own plane and is no longer flipped; planes are not linked.
 void reset(SliceViewer &viewer);
 
 } // namespace LinkedActions

@@ -59,7 +59,7 @@ const ToolModule oneViewer(
         .key = keys[0],
         .category = QT_TRANSLATE_NOOP("Tools", "Layout"),
         .text = QT_TRANSLATE_NOOP("Tools", "&One viewer"),
-        .toolTip = QT_TRANSLATE_NOOP("Tools", "One viewer, in the plane of the images"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "The active viewer alone, with what it shows"),
         .icon = "layout-1x1",
         .shortCut = "Ctrl+1",
     },

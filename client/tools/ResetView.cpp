@@ -27,9 +27,11 @@ const ToolModule module(
         .key = "View.Reset",
         .category = QT_TRANSLATE_NOOP("Tools", "View"),
         .text = QT_TRANSLATE_NOOP("Tools", "&Reset view"),
-        .toolTip = QT_TRANSLATE_NOOP("Tools", "Show the whole image in its first window"),
-        .description = QT_TRANSLATE_NOOP(
-            "Tools", "Linked viewers follow. The slice stays; inverting and flipping end."),
+        .toolTip
+        = QT_TRANSLATE_NOOP("Tools", "Show the whole image in its own plane and first window"),
+        .description = QT_TRANSLATE_NOOP("Tools",
+            "Linked viewers follow, but for the plane. The slice stays, turned back to "
+            "the viewer's plane; inverting and flipping end."),
         .icon = "reset",
         .shortCut = "R",
     },

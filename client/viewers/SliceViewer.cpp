@@ -24,6 +24,7 @@ constexpr double fitFraction = 0.94;
 SliceViewer::SliceViewer(PlaneKind plane, QWidget *parent)
     : WorkstationViewer(SliceType, parent)
     , m_plane(plane)
+    , m_ownPlane(plane)
 {
     updateOverlay();
 }
@@ -36,6 +37,7 @@ void SliceViewer::setPlane(PlaneKind plane)
         return;
     }
     m_plane = plane;
+    m_ownPlane = plane;
     m_isFlippedAcross = false;
     m_isFlippedDown = false;
     if (KxVolume *const shown = volume(0)) {

@@ -19,6 +19,8 @@ public:
     SliceViewer(PlaneKind plane, QWidget *parent);
 
     [[nodiscard]] PlaneKind plane() const { return m_plane; }
+    /// The standard plane that was shown last: what an oblique one was turned away from.
+    [[nodiscard]] PlaneKind ownPlane() const { return m_ownPlane; }
     /// Goes back to a standard plane, through the present center, at the size that fits.
     /// Notifies VIEWER_SUBTYPE_CHANGED. Oblique is ignored: see rotate().
     void setPlane(PlaneKind plane);
@@ -91,6 +93,7 @@ private:
     void cut();
 
     PlaneKind m_plane;
+    PlaneKind m_ownPlane;
     KxSlice m_slice;
     SliceStack m_stack;
     double m_zoom = 1;

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void doubleClickShowsOnFullScreen();
     void layoutsKeepWhatIsShown();
     void layoutWithDetachedViewer();
+    void oneViewerIsTheActiveOne();
+    void resetTurnsThePlaneBack();
     void menuOfViewer();
     void volumeViewerTellsWithoutDisplay();
     void notificationsOfAWheelStep();
@@ -357,6 +359,39 @@ void tst_Interactions::layoutWithDetachedViewer()
     m_fixture->window().setLayoutByName(QStringLiteral("1x1"));
     // Nobody is left to be linked with: no badge.
     QCOMPARE(slice(0).widget()->overlay().link, OverlayContent::Link::None);
+}
+
+void tst_Interactions::oneViewerIsTheActiveOne()
+{
+    m_fixture->show(PhantomSeries::make(Grid::Axial, "phases", 2));
+    Workstation &workstation = m_fixture->workstation();
+    SliceViewer &sagittal = slice(1);
+    sagittal.setPhase(1);
+    sagittal.setSliceIndex(5);
+    sagittal.rotate(sagittal.shownSlice().down(), 0.25);
+    sagittal.setWindow({20, 300});
+    const McVec3d normal = sagittal.shownSlice().normal();
+    ExViewerManager::instancePointer()->setActiveViewer(&sagittal);
+    m_fixture->window().setLayoutByName(QStringLiteral("1x1"));
+    QCOMPARE(workstation.viewers(), std::vector<WorkstationViewer *>{&sagittal});
+    QCOMPARE(workstation.activeViewer(), &sagittal);
+    QCOMPARE(sagittal.widget()->size(), sagittal.widget()->parentWidget()->size());
+    QVERIFY(sagittal.phase() == 1 && sagittal.window().width == 300
+        && sagittal.shownSlice().normal() == normal);
+    m_fixture->settle();
+}
+
+void tst_Interactions::resetTurnsThePlaneBack()
+{
+    m_fixture->show(PhantomSeries::make(Grid::Axial));
+    slice(1).setSliceIndex(5);
+    slice(1).rotate(slice(1).shownSlice().down(), 0.25);
+    slice(0).rotate(slice(0).shownSlice().down(), 0.25);
+    ExViewerManager::instancePointer()->setActiveViewer(&slice(1));
+    QTest::keyClick(slice(1).widget(), Qt::Key_R);
+    QCOMPARE(slice(1).plane(), PlaneKind::Sagittal);
+    QCOMPARE(slice(1).sliceIndex(), 5);
+    QCOMPARE(slice(0).plane(), PlaneKind::Oblique); // Planes are not linked.
 }
 
 void tst_Interactions::menuOfViewer()
