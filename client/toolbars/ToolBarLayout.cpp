@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -43,6 +44,7 @@ public:
             return ToolBarLayout::Error{
                 m_errorLine > 0 ? m_errorLine : m_xml.lineNumber(), m_xml.errorString()};
         }
+        layout.toolLines = std::move(m_toolLines);
         return layout;
     }
 
@@ -101,6 +103,7 @@ private:
     {
         allowAttributes({QStringLiteral("Id")});
         const QString id = attribute("Id");
+        m_toolLines.emplace(id, m_xml.lineNumber());
         endElement();
         return id;
     }
@@ -166,6 +169,7 @@ private:
     QXmlStreamReader m_xml;
     qint64 m_errorLine = 0;
     std::set<QString> m_barIds;
+    std::map<QString, qint64> m_toolLines;
 };
 
 } // namespace

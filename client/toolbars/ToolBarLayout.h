@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <map>
 #include <variant>
 #include <vector>
 
@@ -46,6 +47,7 @@ struct ToolBarLayout
     };
 
     std::vector<Bar> bars;
+    std::map<QString, qint64> toolLines; ///< where each tool is named first
 
     /// Reads the whole of a file's content; nothing else than the above is allowed. Which tools
     /// there are is not looked at.

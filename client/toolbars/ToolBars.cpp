@@ -18,6 +18,8 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 namespace {
 
@@ -58,13 +60,46 @@ std::variant<ToolBarLayout, ToolBarLayout::Error> readFile(const QString &name)
 /// Null for one that is unknown or that the user has no right to.
 ExTool *findTool(const QString &id)
 {
-    const QByteArray key = id.toUtf8();
+    return ExTool::getToolByDecorationKey(id.toUtf8().constData(), true);
+}
+
+/// Whether there is such a tool, also one that the user has no right to.
+bool isKnown(const QString &id)
+{
     std::vector<std::string> known;
     ExTool::getDecorationKeyList(known, true);
-    if (!std::binary_search(known.begin(), known.end(), key.toStdString())) {
-        McLogFile::warnf("tool bars: there is no tool \"%s\"", key.constData());
+    return std::binary_search(known.begin(), known.end(), id.toStdString())
+        || findTool(id) != nullptr; // By an outdated name.
+}
+
+bool hasTool(const ToolBarLayout::Item &item)
+{
+    return item.kind == ToolBarLayout::Item::Tool
+        ? findTool(item.id) != nullptr
+        : std::any_of(item.tools.begin(), item.tools.end(),
+            [](const QString &id) { return findTool(id) != nullptr; });
+}
+
+/// What can be shown, with separators only between tools.
+std::vector<ToolBarLayout::Item> usable(const std::vector<ToolBarLayout::Item> &items)
+{
+    using Item = ToolBarLayout::Item;
+    std::vector<Item> result;
+    bool hasTools = false; // since the last separator
+    for (const Item &item : items) {
+        if (item.kind == Item::Separator ? !hasTools
+                                         : item.kind != Item::Spacer && !hasTool(item)) {
+            continue;
+        }
+        hasTools = item.kind != Item::Separator && (hasTools || item.kind != Item::Spacer);
+        result.push_back(item);
     }
-    return ExTool::getToolByDecorationKey(key.constData(), true);
+    const auto last = std::find_if(result.rbegin(), result.rend(),
+        [](const Item &item) { return item.kind == Item::Separator; });
+    if (!hasTools && last != result.rend()) {
+        result.erase(std::next(last).base());
+    }
+    return result;
 }
 
 } // namespace
@@ -117,6 +152,7 @@ ToolBarLayout ToolBars::layout()
     if (QFile::exists(userFile())) {
         const auto result = readFile(userFile());
         if (const auto *const own = std::get_if<ToolBarLayout>(&result)) {
+            noteUnknownTools(*own);
             return *own;
         }
         const auto &error = std::get<ToolBarLayout::Error>(result);
@@ -129,12 +165,34 @@ ToolBarLayout ToolBars::layout()
     return std::get<ToolBarLayout>(readFile(defaultFile()));
 }
 
+void ToolBars::noteUnknownTools(const ToolBarLayout &own)
+{
+    std::map<qint64, QString> lines;
+    for (const auto &[id, line] : own.toolLines) {
+        if (!isKnown(id)) {
+            lines[line] += Texts::tr("%1, line %2: There is no tool \"%3\".")
+                               .arg(userFile())
+                               .arg(line)
+                               .arg(id)
+                % u'\n';
+        }
+    }
+    for (const auto &[line, text] : lines) {
+        m_problem += text;
+    }
+    if (!m_problem.isEmpty()) {
+        m_problem = Texts::tr("Your file of the tool bars names tools that do not exist. They are "
+                              "left out.")
+            % u'\n' % m_problem.trimmed();
+    }
+}
+
 void ToolBars::addBar(const ToolBarLayout::Bar &bar)
 {
     auto *const toolBar = new ExToolBar(shownLabel(bar.label));
     toolBar->setObjectName(bar.id);
     toolBar->setAccessibleName(shownLabel(bar.label));
-    for (const ToolBarLayout::Item &item : bar.items) {
+    for (const ToolBarLayout::Item &item : usable(bar.items)) {
         addItem(*toolBar, item);
     }
     const QList<QAction *> actions = toolBar->actions();

@@ -15,11 +15,13 @@ class QMainWindow;
 
 /// The tool bars of a window, as the user's file says, or, where there is none or it is damaged, as
 /// the file that comes with the program does. Tools that are unknown, or that the user may not use,
-/// are left out; unknown ones are told in the log. Owned by the window. GUI thread only.
+/// are left out, and so are separators that would stand beside nothing. Owned by the window. GUI
+/// thread only.
 class ToolBars
 {
 public:
-    /// Fills the window. A damaged file is told in a message box once the event loop runs.
+    /// Fills the window. A damaged file, and unknown tools in one, are told in a message box once
+    /// the event loop runs.
     explicit ToolBars(QMainWindow &window);
     ~ToolBars();
     ToolBars(const ToolBars &) = delete;
@@ -36,6 +38,7 @@ public:
 
 private:
     [[nodiscard]] ToolBarLayout layout();
+    void noteUnknownTools(const ToolBarLayout &own);
     void addBar(const ToolBarLayout::Bar &bar);
     void addItem(ExToolBar &toolBar, const ToolBarLayout::Item &item);
     void addPopup(ExToolBar &toolBar, const ToolBarLayout::Item &item);

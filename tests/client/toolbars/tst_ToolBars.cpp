@@ -21,6 +21,7 @@ private Q_SLOTS:
     void badFiles_data();
     void badFiles();
     void barsOfTheUser();
+    void unknownAndDeniedTools();
     void damagedFileOfTheUser();
     void madeForTheUser();
 };
@@ -82,7 +83,8 @@ void tst_ToolBars::wholeFile()
                  {Item::Separator, {}, {}, 0, {}},
                  {Item::Popup, QStringLiteral("P"), QStringLiteral("More"), 0,
                      {QStringLiteral("X"), QStringLiteral("Y")}}}},
-            {QStringLiteral("B"), QStringLiteral("Empty"), {}}}};
+            {QStringLiteral("B"), QStringLiteral("Empty"), {}}},
+        {{QStringLiteral("View.Reset"), 3}, {QStringLiteral("X"), 5}, {QStringLiteral("Y"), 5}}};
     QVERIFY(std::holds_alternative<ToolBarLayout>(result));
     QVERIFY(std::get<ToolBarLayout>(result) == expected);
 }
@@ -140,7 +142,7 @@ void tst_ToolBars::barsOfTheUser()
 {
     write(
         "<ToolBars><ToolBar Id='Mine' Label='Mine'>"
-        "<Tool Id='View.Invert'/><Tool Id='No.Such.Tool'/><Tool Id='Edit.Settings'/>"
+        "<Tool Id='View.Invert'/><Tool Id='Edit.Settings'/>"
         "<Popup Id='P' Label='Planes'><Tool Id='Plane.Axial'/><Tool Id='Plane.Coronal'/></Popup>"
         "</ToolBar><ToolBar Id='Nothing' Label='Nothing'><Spacer Size='4'/></ToolBar></ToolBars>");
     WindowFixture fixture;
@@ -156,6 +158,32 @@ void tst_ToolBars::barsOfTheUser()
     fixture.slice(0).setPlane(PlaneKind::Axial);
     QCOMPARE(shownBars(fixture.window()),
         QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Axial")));
+}
+
+void tst_ToolBars::unknownAndDeniedTools()
+{
+    write("<ToolBars><ToolBar Id='Mine' Label='Mine'>\n"
+          "<Separator/><Tool Id='View.Reset'/><Separator/><Tool Id='Phase.Next'/>\n"
+          "<Tool Id='No.Such.Tool'/><Separator/><Tool Id='View.Flip'/><Tool Id='View.Invert'/>\n"
+          "<Separator/><Tool Id='Phase.Previous'/></ToolBar></ToolBars>");
+    WindowFixture::settings().setPolicy(R"({"deniedTools": ["Phase.*"]})");
+    QString told;
+    const NextDialog dialog([&told](QWidget &box) {
+        told = qobject_cast<QMessageBox *>(&box)->text();
+        box.close();
+    });
+    WindowFixture fixture;
+    QTRY_VERIFY(dialog.hasAppeared());
+    WindowFixture::settings().setPolicy("{}");
+    const QString file = ToolBars::userFile();
+    QVERIFY2(told.endsWith(file % u", line 3: There is no tool \"No.Such.Tool\".\n" % file
+                 % u", line 3: There is no tool \"View.Flip\"."),
+        qPrintable(told));
+    QStringList actions;
+    for (const QAction *action : fixture.window().findChild<ExToolBar *>()->actions()) {
+        actions += action->isSeparator() ? QStringLiteral("|") : action->objectName();
+    }
+    QCOMPARE(actions.join(u' '), QStringLiteral("View.Reset | View.Invert"));
 }
 
 void tst_ToolBars::damagedFileOfTheUser()
