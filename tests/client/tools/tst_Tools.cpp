@@ -230,8 +230,8 @@ void tst_Tools::everythingHasAnAccessibleName()
 void tst_Tools::keyActsOnce_data()
 {
     QTest::addColumn<QString>("focus");
-    for (const char *focus : {"viewer", "panel", "floating window", "Help.Manual",
-             "Help.ShortCuts", "Edit.Settings"}) {
+    for (const char *focus :
+        {"viewer", "panel", "floating window", "Help.Manual", "Help.ShortCuts", "Edit.Settings"}) {
         QTest::newRow(focus) << focus;
     }
 }
