@@ -20,6 +20,8 @@ constexpr int linesInLowViewer = 2;
 constexpr int tinyViewer = 140;
 /// Half the height of the ends of the scale bar.
 constexpr qreal tick = 3;
+/// With less room in pixels there is no scale bar.
+constexpr qreal leastBar = 24;
 
 QPen cosmeticPen(const QColor &color, qreal width)
 {
@@ -175,18 +177,32 @@ std::optional<OverlayPainter::PlacedBar> OverlayPainter::placeScaleBar(
     if (mmPerPixel <= 0 || isTiny(size)) {
         return std::nullopt;
     }
-    const ScaleBar bar = ScaleBar::fitting(size.width() / 4.0 * mmPerPixel);
+    const qreal middle = size.width() / 2.0;
+    const qreal y = size.height() - border - tick;
+    const qreal top = y - tick - HaloText::lineHeight(font);
+    const QRectF band(0, top, size.width(), size.height() - top);
+    qreal left = border;
+    qreal right = (m_covered.isNull() ? size.width() : m_covered.left()) - border;
+    for (const QRectF &text : texts) {
+        if (text.intersects(band)) {
+            const bool isBefore = text.center().x() < middle;
+            isBefore ? left = std::max(left, text.right()) : right = std::min(right, text.left());
+        }
+    }
+    const qreal room = right - left - 2 * tick;
+    if (room < leastBar) {
+        return std::nullopt;
+    }
+    const ScaleBar bar = ScaleBar::fitting(std::min(size.width() / 4.0, room) * mmPerPixel);
     const qreal half = bar.millimetres / mmPerPixel / 2;
-    const qreal beforeBar = m_covered.isNull() ? size.width() : m_covered.left() - border - half;
-    const QPointF middle(std::min(size.width() / 2.0, beforeBar), size.height() - border - 3);
-    const QRectF line(middle.x() - half, middle.y() - tick, 2 * half, 2 * tick);
-    const QRectF label = HaloText::rect(
-        {middle.x(), line.top()}, Qt::AlignHCenter | Qt::AlignBottom, bar.label, font);
-    const QRectF rect = line | label;
-    const bool hasRoom = rect.left() >= border
-        && std::none_of(texts.begin(), texts.end(),
-            [&rect](const QRectF &text) { return text.intersects(rect); });
-    return hasRoom ? std::optional(PlacedBar{bar.label, middle, half, rect}) : std::nullopt;
+    const QSizeF label = HaloText::rect({}, {}, bar.label, font).size();
+    const qreal width = std::max(2 * half, label.width());
+    if (width > room) {
+        return std::nullopt;
+    }
+    const qreal x
+        = std::clamp(middle, left + tick + width / 2, std::max(left, right - tick - width / 2));
+    return PlacedBar{bar.label, {x, y}, half, {x - width / 2, top, width, band.height()}};
 }
 
 void OverlayPainter::paintScaleBar(QPainter &painter, const PlacedBar &bar)
