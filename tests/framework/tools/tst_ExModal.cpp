@@ -442,6 +442,7 @@ private Q_SLOTS:
         angle->setActive(true);
         QTRY_COMPARE(barIn(*a), u"-, 1 actions"_s);
         m_manager.removeAllViewers(); // Empties the bar.
+        m_manager.setActiveViewer(nullptr);
         m_manager.add(a);
         m_manager.setActiveViewer(a);
         QTRY_COMPARE(barIn(*a), u"-, 1 actions"_s);
