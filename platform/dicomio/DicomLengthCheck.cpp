@@ -1,5 +1,8 @@
 #include "platform/dicomio/DicomLengthCheck.h"
 
+#include <vtkDICOMDictEntry.h>
+#include <vtkDICOMDictionary.h>
+#include <vtkDICOMTag.h>
 #include <vtkDICOMVR.h>
 
 #include <QFile>
@@ -88,6 +91,15 @@ struct ElementHead
     std::uint32_t length = 0;
     std::int64_t size = shortHead;
 };
+
+/// The type of values that the dictionary has for @p tag.
+vtkDICOMVR knownType(std::uint32_t tag)
+{
+    const vtkDICOMTag dicomTag(
+        static_cast<unsigned short>(groupOf(tag)), static_cast<unsigned short>(tag & 0xffff));
+    const vtkDICOMDictEntry entry = vtkDICOMDictionary::FindDictEntry(dicomTag);
+    return entry.IsValid() ? entry.GetVR() : vtkDICOMVR(vtkDICOMVR::UN);
+}
 
 /// Goes from element to element, into sequences too, up to the pixels.
 class HeaderWalk
@@ -191,14 +203,19 @@ bool HeaderWalk::readExplicit(ElementHead &head, const unsigned char *bytes)
     const bool isBigEndian = m_open.back().isBigEndian;
     const auto isPrintable = [](unsigned char c) { return c >= ' ' && c <= '~'; };
     head.vr = vtkDICOMVR(bytes + 4);
-    if (!head.vr.IsValid() && !(isPrintable(bytes[4]) && isPrintable(bytes[5]))) {
-        head.length = number(bytes + 4, 4, isBigEndian); // written as if it were implicit
-    } else if (head.vr.IsValid() && !head.vr.HasLongVL()) {
-        head.length = number(bytes + 6, 2, isBigEndian);
-    } else {
+    if (!head.vr.IsValid()) {
+        head.vr = knownType(head.tag);
+        if (!isPrintable(bytes[4]) || !isPrintable(bytes[5])) {
+            head.length = number(bytes + 4, 4, isBigEndian); // written as if it were implicit
+            return true;
+        }
+    }
+    if (head.vr.HasLongVL()) {
         head.size = longHead;
         bytes = m_bytes.at(m_place, longHead);
         head.length = bytes ? number(bytes + 8, 4, isBigEndian) : 0;
+    } else {
+        head.length = number(bytes + 6, 2, isBigEndian);
     }
     return bytes;
 }
