@@ -119,6 +119,7 @@ public:
             if (m_isMeta && m_open.size() == 1 && groupOf(head.tag) != metaGroup) {
                 m_isMeta = false;
                 m_open.front() = dataEncoding();
+                fault = impossibleEncoding();
             } else {
                 fault = pass(head);
             }
@@ -129,6 +130,13 @@ public:
 private:
     std::int64_t start();
     Encoding dataEncoding();
+    [[nodiscard]] std::string impossibleEncoding() const
+    {
+        const Encoding &encoding = m_open.front();
+        return encoding.isImplicit && encoding.isBigEndian
+            ? "No encoding has types of values left out and the highest byte first."
+            : "";
+    }
     bool readHead(ElementHead &head);
     bool readExplicit(ElementHead &head, const unsigned char *bytes);
     std::string pass(const ElementHead &head);
@@ -229,7 +237,8 @@ std::string HeaderWalk::pass(const ElementHead &head)
         m_place += head.size;
         return {};
     }
-    return head.length == undefinedLength ? open(head) : passDefined(head);
+    const bool isOpen = head.length == undefinedLength && !m_isMeta;
+    return isOpen ? open(head) : passDefined(head);
 }
 
 std::string HeaderWalk::open(const ElementHead &head)
@@ -250,14 +259,16 @@ std::string HeaderWalk::open(const ElementHead &head)
 std::string HeaderWalk::passDefined(const ElementHead &head)
 {
     const bool isTooLong = head.length > m_bytes.size() - m_place - head.size;
-    if (isTooLong && m_open.size() > 1) {
+    // Outside of them the parser looks itself; but behind a damaged meta header it would
+    // take what comes for the data set.
+    if (isTooLong && (m_isMeta || m_open.size() > 1)) {
         std::array<char, 80> text{};
         std::snprintf(text.data(), text.size(),
             "In (%04X,%04X): Item length exceeds the bytes remaining in file.", groupOf(head.tag),
             head.tag & 0xffff);
         return text.data();
     }
-    if (head.tag == transferSyntaxTag && m_isMeta && !isTooLong) {
+    if (head.tag == transferSyntaxTag && m_isMeta) {
         const unsigned char *text = m_bytes.at(m_place + head.size, head.length);
         m_transferSyntax.assign(reinterpret_cast<const char *>(text), text ? head.length : 0);
         m_transferSyntax.erase(m_transferSyntax.find_last_not_of(std::string_view(" \0", 2)) + 1);
