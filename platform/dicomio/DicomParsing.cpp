@@ -1,16 +1,19 @@
 #include "platform/dicomio/DicomParsing.h"
 
 #include "platform/dicomio/DicomInflating.h"
+#include "platform/dicomio/DicomLengthCheck.h"
 
 #include <vtkCallbackCommand.h>
 #include <vtkCommand.h>
 #include <vtkDICOMDictionary.h>
 #include <vtkDICOMParser.h>
 #include <vtkNew.h>
+#include <vtkObjectFactory.h>
 
 #include <algorithm>
 #include <cstring>
 #include <mutex>
+#include <string_view>
 
 namespace {
 
@@ -75,19 +78,58 @@ void prepareDicomParsing()
 
 namespace {
 
-ParsedDicom parsePlain(const McFilename &file)
+/// Leaves files alone whose lengths cannot be. The library checks lengths itself, except inside
+/// values of undefined length: there it makes room for up to 4 GB, and goes down to any depth.
+class CheckedParser final : public vtkDICOMParser
+{
+public:
+    static CheckedParser *New();
+    [[nodiscard]] const std::string &fault() const { return m_fault; }
+
+protected:
+    /// Everything that is parsed comes through here first. Most files have no undefined length,
+    /// and the others are checked once.
+    bool FillBuffer(const unsigned char *&begin, const unsigned char *&end) override
+    {
+        const bool isFilled = vtkDICOMParser::FillBuffer(begin, end);
+        if (!m_isChecked && hasUndefinedLength(begin, end)) {
+            m_isChecked = true;
+            m_fault = impossibleLengthIn(this->FileName);
+        }
+        if (!m_fault.empty()) {
+            begin = end;
+            return false;
+        }
+        return isFilled;
+    }
+
+private:
+    static bool hasUndefinedLength(const unsigned char *begin, const unsigned char *end)
+    {
+        const std::string_view bytes(
+            reinterpret_cast<const char *>(begin), static_cast<std::size_t>(end - begin));
+        return bytes.find("\xff\xff\xff\xff") != std::string_view::npos;
+    }
+
+    bool m_isChecked = false;
+    std::string m_fault;
+};
+
+vtkStandardNewMacro(CheckedParser)
+
+    ParsedDicom parsePlain(const McFilename &file)
 {
     ParsedDicom result;
     result.data = vtkSmartPointer<vtkDICOMMetaData>::New();
     VtkMessages messages;
-    const vtkNew<vtkDICOMParser> parser;
+    const vtkNew<CheckedParser> parser;
     messages.observe(parser);
     messages.observe(result.data);
     parser->SetFileName(file.c_str());
     parser->SetMetaData(result.data);
     parser->Update();
     result.data->RemoveAllObservers();
-    result.error = messages.firstError();
+    result.error = parser->fault().empty() ? messages.firstError() : parser->fault();
     if (result.error.empty() && parser->GetErrorCode() != 0) {
         result.error = "The file cannot be read.";
     }

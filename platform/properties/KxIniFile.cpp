@@ -77,12 +77,13 @@ KxIniFile KxIniFile::read(const QString &name)
         return file;
     }
     const QSettings settings(copy.fileName(), QSettings::IniFormat);
+    // Sections are parsed when they are asked for; only then is their damage known.
+    const QStringList keys = settings.allKeys();
     if (!isIni(content) || settings.status() != QSettings::NoError) {
         file.state = State::Damaged;
         return file;
     }
     file.state = State::Read;
-    const QStringList keys = settings.allKeys();
     for (const QString &key : keys) {
         file.values.insert(settingKey(key), asText(settings.value(key)));
     }

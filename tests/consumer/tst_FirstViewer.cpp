@@ -25,39 +25,38 @@ class tst_FirstViewer : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void dragChangesThePicture();
+    void dragChangesThePicture()
+    {
+        const McHandle<ColorMapListener> listener(new ColorMapListener);
+        ExBaseViewer *viewer = nullptr;
+        QList<int> grays;
+        const auto grayInTheMiddle = [](QWidget *canvas) {
+            return qGray(canvas->grab().toImage().pixel(canvas->width() / 2, canvas->height() / 2));
+        };
+        // One turn of the render queue draws the first picture, the next one that after the drag.
+        const auto look = [&] {
+            auto *canvas = static_cast<Canvas *>(QApplication::topLevelWidgets().constFirst());
+            viewer = canvas->viewer();
+            grays << grayInTheMiddle(canvas);
+            if (grays.size() == 2) {
+                QCoreApplication::exit();
+                return;
+            }
+            QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, QPoint(50, 90));
+            QTest::mouseMove(canvas, QPoint(50, 40));
+        };
+        QObject::connect(
+            &KxEngine::instance().renderQueue(), &KxRenderQueue::turnFinished, this, look);
+        int argc = 1;
+        char name[] = "first-viewer";
+        char *argv[] = {name, nullptr};
+        firstViewer(argc, argv);
+
+        QCOMPARE(grays.size(), 2);
+        QCOMPARE(grays.at(1) - grays.at(0), 50);
+        QCOMPARE(listener->heard, QList<ExBaseViewer *>({viewer}));
+    }
 };
-
-void tst_FirstViewer::dragChangesThePicture()
-{
-    const McHandle<ColorMapListener> listener(new ColorMapListener);
-    ExBaseViewer *viewer = nullptr;
-    QList<int> grays;
-    const auto grayInTheMiddle = [](QWidget *canvas) {
-        return qGray(canvas->grab().toImage().pixel(canvas->width() / 2, canvas->height() / 2));
-    };
-    // One turn of the render queue draws the first picture, the next one that after the drag.
-    const auto look = [&] {
-        auto *canvas = static_cast<Canvas *>(QApplication::topLevelWidgets().constFirst());
-        viewer = canvas->viewer();
-        grays << grayInTheMiddle(canvas);
-        if (grays.size() == 2) {
-            QCoreApplication::exit();
-            return;
-        }
-        QTest::mousePress(canvas, Qt::LeftButton, Qt::NoModifier, QPoint(50, 90));
-        QTest::mouseMove(canvas, QPoint(50, 40));
-    };
-    QObject::connect(&KxEngine::instance().renderQueue(), &KxRenderQueue::turnFinished, this, look);
-    int argc = 1;
-    char name[] = "first-viewer";
-    char *argv[] = {name, nullptr};
-    firstViewer(argc, argv);
-
-    QCOMPARE(grays.size(), 2);
-    QCOMPARE(grays.at(1) - grays.at(0), 50);
-    QCOMPARE(listener->heard, QList<ExBaseViewer *>({viewer}));
-}
 
 QTEST_APPLESS_MAIN(tst_FirstViewer)
 #include "tst_FirstViewer.moc"

@@ -5,6 +5,7 @@
 #include "client/panels/StudyTree.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/Rows.h"
 
 #include <QDialog>
 #include <QDir>
@@ -16,49 +17,7 @@
 #include <QTest>
 #include <QTreeWidgetItemIterator>
 
-/// Opening folders: what is shown while it is read, when it is, and when it cannot be.
-class tst_OpenStudies : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void largestSeriesIsShown();
-    void otherSeriesByDoubleClick();
-    void seriesIsDroppedOnOneViewer();
-    void phasesOfOneSeries();
-    void firstImageComesBeforeTheLast();
-    void cancelledScanIsTold();
-    void cancelKeepsWhatWasRead();
-    void closeWhileReading();
-    void openWhileReading();
-    void nothingToShow_data();
-    void nothingToShow();
-    void whatIsOpenStaysWithoutImages();
-    void problemsAreListed();
-    void sidesAreToldOnlyWhenKnown_data();
-    void sidesAreToldOnlyWhenKnown();
-    void refusedSeriesSaysWhy();
-    void missingSlicesAreTold();
-    void unreadableSlicesAreTold();
-
-private:
-    void open();
-    void openAndWait();
-    /// 64 x 64 pixels in a series of its own.
-    void addLargeSlices(int count);
-    [[nodiscard]] QStringList treeTexts();
-    [[nodiscard]] StudyTree &tree() { return *m_fixture->window().findChild<StudyTree *>(); }
-    [[nodiscard]] WorkstationViewer &viewer(std::size_t i)
-    {
-        return *m_fixture->workstation().viewers()[i];
-    }
-
-    std::unique_ptr<DicomFixture> m_files;
-    std::unique_ptr<WindowFixture> m_fixture;
-};
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -72,366 +31,371 @@ bool showsBright(const WorkstationViewer &viewer)
 
 } // namespace
 
-void tst_OpenStudies::init()
+/// Opening folders: what is shown while it is read, when it is, and when it cannot be.
+class tst_OpenStudies : public QObject
 {
-    m_files = std::make_unique<DicomFixture>();
-    m_fixture = std::make_unique<WindowFixture>();
-}
+    Q_OBJECT
 
-void tst_OpenStudies::cleanup()
-{
-    m_fixture.reset();
-    m_files.reset();
-}
-
-void tst_OpenStudies::open()
-{
-    m_fixture->window().open({QString::fromStdString(m_files->folder().string())});
-}
-
-void tst_OpenStudies::openAndWait()
-{
-    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
-    open();
-    QTRY_COMPARE(opened.count(), 1);
-    QTRY_VERIFY(m_fixture->window().isSettled());
-}
-
-void tst_OpenStudies::addLargeSlices(int count)
-{
-    const std::vector<std::int16_t> pixels(largeSide * largeSide, 1000);
-    for (int i = 0; i < count; ++i) {
-        const auto attributes = DicomFixture::attributes(1000 + i,
-            {{"G0028-0010", std::to_string(largeSide)}, {"G0028-0011", std::to_string(largeSide)},
-                {"G0020-000E", "2.25.1.3"}, {"G0028-1050", "500"}, {"G0028-1051", "1000"},
-                {"G0020-0032", "0\\0\\" + std::to_string(2 * i)}});
-        m_files->add("large" + std::to_string(i) + ".dcm", *attributes, pixels);
+private Q_SLOTS:
+    void init()
+    {
+        m_files = std::make_unique<DicomFixture>();
+        m_fixture = std::make_unique<WindowFixture>();
     }
-}
 
-QStringList tst_OpenStudies::treeTexts()
-{
-    QStringList texts;
-    for (QTreeWidgetItemIterator each(&tree()); *each != nullptr; ++each) {
-        texts += (*each)->text(0).replace(u'\n', u'|');
+    void cleanup()
+    {
+        m_fixture.reset();
+        m_files.reset();
     }
-    return texts;
-}
 
-void tst_OpenStudies::largestSeriesIsShown()
-{
-    m_files->addSlice(1, 0, {{"G0020-0011", "3"}});
-    m_files->addSlice(2, 5, {{"G0020-0011", "3"}});
-    for (int i = 10; i < 14; ++i) {
-        m_files->addSlice(
-            i, 3 * i, {{"G0020-000E", "2.25.1.2"}, {"G0020-0011", "7"}, {"G0008-103E", "second"}});
-    }
-    openAndWait();
-    QCOMPARE(treeTexts(),
-        (QStringList{QStringLiteral("Doe, Jane  ID1"), QStringLiteral("(study without date)"),
-            QStringLiteral("CT 3|images: 2"), QStringLiteral("CT 7: second|images: 4")}));
-    QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
-    QCOMPARE(m_fixture->slice(0).stack().count(), 4);
-    QCOMPARE(m_fixture->slice(0).stack().step(), 3.0);
-    const OverlayContent &overlay = viewer(0).widget()->overlay();
-    QCOMPARE(overlay.corners[OverlayContent::TopLeft],
-        (QStringList{QStringLiteral("Doe, Jane"), QStringLiteral("ID1"),
-            QStringLiteral("born 1970-01-02")}));
-    QCOMPARE(overlay.corners[OverlayContent::BottomLeft][0], QStringLiteral("Im 2/4"));
-    QCOMPARE(m_fixture->window().windowTitle(), QStringLiteral("Doe, Jane – Movara"));
-    QCOMPARE(overlay.progress, 1.0);
-    // Both series have a picture, of their own form.
-    QTreeWidgetItem *const study = tree().topLevelItem(0)->child(0);
-    for (int i = 0; i < study->childCount(); ++i) {
-        QVERIFY(!study->child(i)->icon(0).isNull());
-    }
-}
-
-void tst_OpenStudies::otherSeriesByDoubleClick()
-{
-    largestSeriesIsShown();
-    tree().setCurrentItem(tree().topLevelItem(0)->child(0)->child(0));
-    Q_EMIT tree().itemActivated(tree().currentItem(), 0);
-    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
-        QCOMPARE(each->series()->uid(), std::string("2.25.1.1"));
-    }
-    QTRY_VERIFY(m_fixture->workstation().isSettled());
-    QCOMPARE(m_fixture->slice(0).stack().count(), 2);
-}
-
-void tst_OpenStudies::seriesIsDroppedOnOneViewer()
-{
-    largestSeriesIsShown();
-    QMimeData dragged;
-    dragged.setData(ViewerArea::seriesMimeType, "2.25.1.1");
-    ViewerArea &area = *m_fixture->window().findChild<ViewerArea *>();
-    const QPoint target = viewer(1).widget()->geometry().center();
-    QDragEnterEvent enter(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&area, &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent drop(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&area, &drop);
-    QCOMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
-    QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
-    QTRY_VERIFY(m_fixture->workstation().isSettled());
-}
-
-void tst_OpenStudies::phasesOfOneSeries()
-{
-    for (int phase = 1; phase <= 3; ++phase) {
-        for (int z = 0; z < 2; ++z) {
-            m_files->addSlice(10 * phase + z, 4 * z, {{"G0020-0012", std::to_string(phase)}});
+    void largestSeriesIsShown()
+    {
+        m_files->addSlice(1, 0, {{"G0020-0011", "3"}});
+        m_files->addSlice(2, 5, {{"G0020-0011", "3"}});
+        for (int i = 10; i < 14; ++i) {
+            m_files->addSlice(i, 3 * i,
+                {{"G0020-000E", "2.25.1.2"}, {"G0020-0011", "7"}, {"G0008-103E", "second"}});
+        }
+        openAndWait();
+        QCOMPARE(treeTexts(),
+            (QStringList{u"Doe, Jane  ID1"_s, u"(study without date)"_s, u"CT 3|images: 2"_s,
+                u"CT 7: second|images: 4"_s}));
+        QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
+        QCOMPARE(m_fixture->slice(0).stack().count(), 4);
+        QCOMPARE(m_fixture->slice(0).stack().step(), 3.0);
+        const OverlayContent &overlay = viewer(0).widget()->overlay();
+        QCOMPARE(overlay.corners[OverlayContent::TopLeft],
+            (QStringList{u"Doe, Jane"_s, u"ID1"_s, u"born 1970-01-02"_s}));
+        QCOMPARE(overlay.corners[OverlayContent::BottomLeft][0], u"Im 2/4"_s);
+        QCOMPARE(m_fixture->window().windowTitle(), u"Doe, Jane – Movara"_s);
+        QCOMPARE(overlay.progress, 1.0);
+        // Both series have a picture, of their own form.
+        QTreeWidgetItem *const study = tree().topLevelItem(0)->child(0);
+        for (int i = 0; i < study->childCount(); ++i) {
+            QVERIFY(!study->child(i)->icon(0).isNull());
         }
     }
-    openAndWait();
-    QCOMPARE(viewer(0).numPhases(), 3);
-    QCOMPARE(m_fixture->slice(0).stack().count(), 2);
-    QVERIFY(treeTexts().last().endsWith(QStringLiteral("images: 6, phases: 3")));
-}
 
-void tst_OpenStudies::firstImageComesBeforeTheLast()
-{
-    addLargeSlices(60);
-    bool wasSeenEarly = false;
-    QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
-        wasSeenEarly
-            = wasSeenEarly || (showsBright(viewer(0)) && !viewer(0).series()->isComplete());
-    });
-    openAndWait();
-    QVERIFY(wasSeenEarly);
-    QVERIFY(viewer(0).series()->isComplete());
-    QVERIFY(viewer(0).series()->remark().isEmpty());
-}
-
-void tst_OpenStudies::cancelledScanIsTold()
-{
-    constexpr int listed = 1500;
-    m_files->addStack(listed);
-    m_fixture->settle(); // Painting is not to hold up the cancellation.
-    StudySession &session = m_fixture->workstation().session();
-    connect(&session, &StudySession::progressChanged, this, [&session](int done) {
-        if (done > 0 && session.isScanning()) {
-            session.cancel();
+    void otherSeriesByDoubleClick()
+    {
+        largestSeriesIsShown();
+        tree().setCurrentItem(tree().topLevelItem(0)->child(0)->child(0));
+        Q_EMIT tree().itemActivated(tree().currentItem(), 0);
+        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+            QCOMPARE(each->series()->uid(), std::string("2.25.1.1"));
         }
-    });
-    openAndWait();
-    const QString incomplete = QStringLiteral("Opening was cancelled: the list is incomplete.");
-    const auto *const status = m_fixture->window().findChild<StatusText *>();
-    QVERIFY2(
-        status->isWarning() && status->text().startsWith(incomplete), qPrintable(status->text()));
-    QVERIFY(session.found().numFiles < listed);
-    auto *const button = m_fixture->window().findChild<ProblemsButton *>();
-    QVERIFY(button->isVisible());
-    QTest::mouseClick(button, Qt::LeftButton);
-    auto *const dialog = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
-    QCOMPARE(dialog->findChild<StatusText *>()->text(), incomplete);
-    dialog->close();
-    session.close();
-    QVERIFY(!button->isVisible() && !status->isWarning());
-}
+        QTRY_VERIFY(m_fixture->workstation().isSettled());
+        QCOMPARE(m_fixture->slice(0).stack().count(), 2);
+    }
 
-void tst_OpenStudies::cancelKeepsWhatWasRead()
-{
-    addLargeSlices(60);
-    auto *const button
-        = m_fixture->window().findChild<QPushButton *>(QStringLiteral("CancelButton"));
-    QVERIFY(!button->isVisible());
-    bool wasClicked = false;
-    QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
-        if (showsBright(viewer(0)) && !wasClicked) {
-            wasClicked = true;
-            QVERIFY(button->isVisible());
-            QTest::mouseClick(button, Qt::LeftButton);
+    void seriesIsDroppedOnOneViewer()
+    {
+        largestSeriesIsShown();
+        QMimeData dragged;
+        dragged.setData(ViewerArea::seriesMimeType, "2.25.1.1");
+        ViewerArea &area = *m_fixture->window().findChild<ViewerArea *>();
+        const QPoint target = viewer(1).widget()->geometry().center();
+        QDragEnterEvent enter(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&area, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&area, &drop);
+        QCOMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
+        QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
+        QTRY_VERIFY(m_fixture->workstation().isSettled());
+    }
+
+    void phasesOfOneSeries()
+    {
+        for (int phase = 1; phase <= 3; ++phase) {
+            for (int z = 0; z < 2; ++z) {
+                m_files->addSlice(10 * phase + z, 4 * z, {{"G0020-0012", std::to_string(phase)}});
+            }
         }
-    });
-    openAndWait();
-    QVERIFY(wasClicked);
-    QVERIFY(!button->isVisible());
-    QVERIFY(viewer(0).series()->progress() < 1);
-    QVERIFY(viewer(0).series()->remark().contains(QStringLiteral("cancelled")));
-    QVERIFY(viewer(0).widget()->overlay().warnings.contains(viewer(0).series()->remark()));
-    m_fixture->wheel(viewer(0), -1); // What was read can be worked with.
-}
-
-void tst_OpenStudies::closeWhileReading()
-{
-    addLargeSlices(60);
-    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
-    open();
-    QTRY_COMPARE(opened.count(), 1);
-    m_fixture->workstation().session().close();
-    QVERIFY(!m_fixture->workstation().session().isBusy());
-    QCOMPARE(treeTexts(), QStringList());
-    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
-        QVERIFY(each->series() == nullptr);
-        QVERIFY(each->widget()->overlay().message.startsWith(
-            QStringLiteral("No series. Open a folder")));
+        openAndWait();
+        QCOMPARE(viewer(0).numPhases(), 3);
+        QCOMPARE(m_fixture->slice(0).stack().count(), 2);
+        QVERIFY(treeTexts().last().endsWith(u"images: 6, phases: 3"_s));
     }
-    m_fixture->settle();
-    QVERIFY(viewer(0).widget()->frame().isNull());
-}
 
-void tst_OpenStudies::openWhileReading()
-{
-    addLargeSlices(60);
-    open();
-    openAndWait();
-    QCOMPARE(treeTexts().size(), 3);
-    QVERIFY(viewer(0).series()->isComplete());
-}
-
-void tst_OpenStudies::nothingToShow_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("no such folder")
-        << QStringLiteral("missing") << QStringLiteral("There are no files here");
-    QTest::newRow("empty folder") << QStringLiteral("empty")
-                                  << QStringLiteral("There are no files here");
-    QTest::newRow("no images") << QStringLiteral("report")
-                               << QStringLiteral("There are no images here (files looked at: 1)");
-}
-
-void tst_OpenStudies::nothingToShow()
-{
-    QFETCH(QString, what);
-    QFETCH(QString, text);
-    QString path = QString::fromStdString(m_files->folder().string());
-    if (what == QLatin1String("missing")) {
-        path += QStringLiteral("/not-there");
-    } else if (what == QLatin1String("report")) {
-        const auto report = DicomFixture::attributes(1,
-            {{"G0008-0016", "1.2.840.10008.5.1.4.1.1.88.11"}, {"G0008-0060", "SR"},
-                {"G0028-0010", ""}, {"G0028-0011", ""}});
-        m_files->add("report.dcm", *report, {});
+    void firstImageComesBeforeTheLast()
+    {
+        addLargeSlices(60);
+        bool wasSeenEarly = false;
+        QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
+            wasSeenEarly
+                = wasSeenEarly || (showsBright(viewer(0)) && !viewer(0).series()->isComplete());
+        });
+        openAndWait();
+        QVERIFY(wasSeenEarly);
+        QVERIFY(viewer(0).series()->isComplete());
+        QVERIFY(viewer(0).series()->remark().isEmpty());
     }
-    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
-    m_fixture->window().open({path});
-    QTRY_COMPARE(opened.count(), 1);
-    QVERIFY2(m_fixture->window().openProblem().startsWith(text),
-        qPrintable(m_fixture->window().openProblem()));
-    QVERIFY(viewer(0).series() == nullptr);
-    if (what == QLatin1String("report")) {
-        QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
-        QVERIFY(item->text(0).startsWith(QStringLiteral("SR")));
-        QCOMPARE(item->foreground(0).color(),
-            tree().palette().color(QPalette::Disabled, QPalette::Text));
-        Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
+
+    void cancelledScanIsTold()
+    {
+        constexpr int listed = 1500;
+        m_files->addStack(listed);
+        m_fixture->settle(); // Painting is not to hold up the cancellation.
+        StudySession &session = m_fixture->workstation().session();
+        connect(&session, &StudySession::progressChanged, this, [&session](int done) {
+            if (done > 0 && session.isScanning()) {
+                session.cancel();
+            }
+        });
+        openAndWait();
+        const QString incomplete = QStringLiteral("Opening was cancelled: the list is incomplete.");
+        const auto *const status = m_fixture->window().findChild<StatusText *>();
+        QVERIFY2(status->isWarning() && status->text().startsWith(incomplete),
+            qPrintable(status->text()));
+        QVERIFY(session.found().numFiles < listed);
+        auto *const button = m_fixture->window().findChild<ProblemsButton *>();
+        QVERIFY(button->isVisible());
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto *const dialog
+            = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
+        QCOMPARE(dialog->findChild<StatusText *>()->text(), incomplete);
+        dialog->close();
+        session.close();
+        QVERIFY(!button->isVisible() && !status->isWarning());
+    }
+
+    void cancelKeepsWhatWasRead()
+    {
+        addLargeSlices(60);
+        auto *const button = m_fixture->window().findChild<QPushButton *>(u"CancelButton"_s);
+        QVERIFY(!button->isVisible());
+        bool wasClicked = false;
+        QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
+            if (showsBright(viewer(0)) && !wasClicked) {
+                wasClicked = true;
+                QVERIFY(button->isVisible());
+                QTest::mouseClick(button, Qt::LeftButton);
+            }
+        });
+        openAndWait();
+        QVERIFY(wasClicked);
+        QVERIFY(!button->isVisible());
+        QVERIFY(viewer(0).series()->progress() < 1);
+        QVERIFY(viewer(0).series()->remark().contains(u"cancelled"_s));
+        QVERIFY(viewer(0).widget()->overlay().warnings.contains(viewer(0).series()->remark()));
+        m_fixture->wheel(viewer(0), -1); // What was read can be worked with.
+    }
+
+    void closeWhileReading()
+    {
+        addLargeSlices(60);
+        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        open();
+        QTRY_COMPARE(opened.count(), 1);
+        m_fixture->workstation().session().close();
+        QVERIFY(!m_fixture->workstation().session().isBusy());
+        QCOMPARE(treeTexts(), QStringList());
+        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+            QVERIFY(each->series() == nullptr);
+            QVERIFY(each->widget()->overlay().message.startsWith(u"No series. Open a folder"_s));
+        }
+        m_fixture->settle();
+        QVERIFY(viewer(0).widget()->frame().isNull());
+    }
+
+    void openWhileReading()
+    {
+        addLargeSlices(60);
+        open();
+        openAndWait();
+        QCOMPARE(treeTexts().size(), 3);
+        QVERIFY(viewer(0).series()->isComplete());
+    }
+
+    void nothingToShow_data()
+    {
+        const Rows<QString, QString> row("what", "text");
+        row("no such folder", "missing", "There are no files here");
+        row("no images", "report", "There are no images here (files looked at: 1)");
+    }
+
+    void nothingToShow()
+    {
+        QFETCH(QString, what);
+        QFETCH(QString, text);
+        QString path = QString::fromStdString(m_files->folder().string());
+        if (what == QLatin1String("missing")) {
+            path += u"/not-there"_s;
+        } else if (what == QLatin1String("report")) {
+            const auto report = DicomFixture::attributes(1,
+                {{"G0008-0016", "1.2.840.10008.5.1.4.1.1.88.11"}, {"G0008-0060", "SR"},
+                    {"G0028-0010", ""}, {"G0028-0011", ""}});
+            m_files->add("report.dcm", *report, {});
+        }
+        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        m_fixture->window().open({path});
+        QTRY_COMPARE(opened.count(), 1);
+        QVERIFY2(m_fixture->window().openProblem().startsWith(text),
+            qPrintable(m_fixture->window().openProblem()));
         QVERIFY(viewer(0).series() == nullptr);
+        if (what == QLatin1String("report")) {
+            QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
+            QVERIFY(item->text(0).startsWith(u"SR"_s));
+            QCOMPARE(item->foreground(0).color(),
+                tree().palette().color(QPalette::Disabled, QPalette::Text));
+            Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
+            QVERIFY(viewer(0).series() == nullptr);
+        }
     }
-}
 
-void tst_OpenStudies::whatIsOpenStaysWithoutImages()
-{
-    addLargeSlices(60);
-    const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
-    open();
-    QTRY_COMPARE(opened.count(), 1);
-    const QStringList listed = treeTexts();
-    const DicomFixture empty;
-    m_fixture->window().open({QString::fromStdString(empty.folder().string())});
-    QTRY_COMPARE(opened.count(), 2);
-    QTRY_VERIFY(m_fixture->window().isSettled());
-    QCOMPARE(treeTexts(), listed);
-    QVERIFY(viewer(0).series() != nullptr && viewer(0).series()->isComplete());
-    QVERIFY(viewer(0).series()->remark().isEmpty());
-    const auto *const status = m_fixture->window().findChild<StatusText *>();
-    QVERIFY(status->isWarning() && status->text() == m_fixture->window().openProblem());
-    QVERIFY2(status->text().startsWith(QStringLiteral("There are no files here")),
-        qPrintable(status->text()));
-    viewer(0).setSeries(nullptr);
-    QVERIFY(viewer(0).widget()->overlay().message.contains(QStringLiteral("Double-click one")));
-}
-
-void tst_OpenStudies::problemsAreListed()
-{
-    m_files->addSlice(1, 0);
-    m_files->addSlice(2, 5);
-    m_files->addText("notes.dcm", "no DICOM at all");
-    openAndWait();
-    auto *const button = m_fixture->window().findChild<ProblemsButton *>();
-    QVERIFY(button->isVisible());
-    QCOMPARE(button->text(), QStringLiteral("Files that could not be used: 1…"));
-    QTest::mouseClick(button, Qt::LeftButton);
-    auto *const dialog = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
-    QVERIFY(dialog != nullptr);
-    auto *const list = dialog->findChild<QTreeWidget *>();
-    QCOMPARE(list->topLevelItemCount(), 1);
-    QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("notes.dcm"));
-    QVERIFY(!list->topLevelItem(0)->text(1).isEmpty());
-    dialog->close();
-    m_fixture->workstation().session().close();
-    QVERIFY(!button->isVisible());
-}
-
-void tst_OpenStudies::sidesAreToldOnlyWhenKnown_data()
-{
-    QTest::addColumn<bool>("hasPosition");
-    QTest::addColumn<bool>("hasSpacing");
-    QTest::addColumn<QString>("letter");
-    QTest::addColumn<int>("lines");
-    QTest::newRow("in the patient") << true << true << QStringLiteral("L") << 4;
-    QTest::newRow("lengths only") << false << true << QString() << 3;
-    QTest::newRow("pixels only") << false << false << QString() << 2;
-}
-
-void tst_OpenStudies::sidesAreToldOnlyWhenKnown()
-{
-    QFETCH(bool, hasPosition);
-    QFETCH(bool, hasSpacing);
-    for (int i = 1; i <= 2; ++i) {
-        m_files->addSlice(i, 5 * i,
-            {{"G0020-0032", hasPosition ? "0\\0\\" + std::to_string(5 * i) : std::string()},
-                {"G0020-0037", hasPosition ? "1\\0\\0\\0\\1\\0" : ""},
-                {"G0028-0030", hasSpacing ? "0.5\\0.25" : ""}});
+    void whatIsOpenStaysWithoutImages()
+    {
+        addLargeSlices(60);
+        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        open();
+        QTRY_COMPARE(opened.count(), 1);
+        const QStringList listed = treeTexts();
+        const DicomFixture empty;
+        m_fixture->window().open({QString::fromStdString(empty.folder().string())});
+        QTRY_COMPARE(opened.count(), 2);
+        QTRY_VERIFY(m_fixture->window().isSettled());
+        QCOMPARE(treeTexts(), listed);
+        QVERIFY(viewer(0).series() != nullptr && viewer(0).series()->isComplete());
+        QVERIFY(viewer(0).series()->remark().isEmpty());
+        const auto *const status = m_fixture->window().findChild<StatusText *>();
+        QVERIFY(status->isWarning() && status->text() == m_fixture->window().openProblem());
+        QVERIFY2(status->text().startsWith(QStringLiteral("There are no files here")),
+            qPrintable(status->text()));
+        viewer(0).setSeries(nullptr);
+        QVERIFY(viewer(0).widget()->overlay().message.contains(QStringLiteral("Double-click one")));
     }
-    openAndWait();
-    const OverlayContent &overlay = viewer(0).widget()->overlay();
-    QTEST(overlay.letters[OverlayContent::Right], "letter");
-    QCOMPARE(overlay.mmPerPixel > 0, hasSpacing);
-    QTEST(int(overlay.corners[OverlayContent::BottomLeft].size()), "lines");
-}
 
-void tst_OpenStudies::refusedSeriesSaysWhy()
-{
-    for (int i = 0; i < 25; ++i) { // 1 mm and 16 mm apart by turns
-        m_files->addSlice(i + 1, i / 2 * 17 + i % 2);
+    void problemsAreListed()
+    {
+        m_files->addSlice(1, 0);
+        m_files->addSlice(2, 5);
+        m_files->addText("notes.dcm", "no DICOM at all");
+        openAndWait();
+        auto *const button = m_fixture->window().findChild<ProblemsButton *>();
+        QVERIFY(button->isVisible());
+        QCOMPARE(button->text(), u"Files that could not be used: 1…"_s);
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto *const dialog = m_fixture->window().findChild<QDialog *>(u"ProblemsDialog"_s);
+        QVERIFY(dialog != nullptr);
+        auto *const list = dialog->findChild<QTreeWidget *>();
+        QCOMPARE(list->topLevelItemCount(), 1);
+        QCOMPARE(list->topLevelItem(0)->text(0), u"notes.dcm"_s);
+        QVERIFY(!list->topLevelItem(0)->text(1).isEmpty());
+        dialog->close();
+        m_fixture->workstation().session().close();
+        QVERIFY(!button->isVisible());
     }
-    openAndWait();
-    for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
-        QVERIFY(each->volume(0) == nullptr);
-        QCOMPARE(each->widget()->overlay().message,
-            QStringLiteral("The images are spaced too unevenly to make a volume."));
-    }
-    m_fixture->wheel(viewer(0), 1); // There is nothing to scroll, and no harm.
-    m_fixture->drag(viewer(0), Qt::LeftButton, {30, 30});
-}
 
-void tst_OpenStudies::missingSlicesAreTold()
-{
-    for (const int z : {0, 5, 10, 25, 30}) {
-        m_files->addSlice(z + 1, z);
+    void sidesAreToldOnlyWhenKnown_data()
+    {
+        const Rows<bool, bool, QString, int> row("hasPosition", "hasSpacing", "letter", "lines");
+        row("in the patient", true, true, "L", 4);
+        row("lengths only", false, true, "", 3);
+        row("pixels only", false, false, "", 2);
     }
-    openAndWait();
-    // The gap keeps its size: what is not there is empty, nothing moves together.
-    QCOMPARE(m_fixture->slice(0).stack().count(), 7);
-    QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
-    QVERIFY(viewer(0).widget()->overlay().warnings.first().startsWith(
-        QStringLiteral("Images are missing")));
-}
 
-void tst_OpenStudies::unreadableSlicesAreTold()
-{
-    for (int i = 1; i <= 3; ++i) {
-        m_files->addSlice(i, 5 * i);
+    void sidesAreToldOnlyWhenKnown()
+    {
+        QFETCH(bool, hasPosition);
+        QFETCH(bool, hasSpacing);
+        for (int i = 1; i <= 2; ++i) {
+            m_files->addSlice(i, 5 * i,
+                {{"G0020-0032", hasPosition ? "0\\0\\" + std::to_string(5 * i) : std::string()},
+                    {"G0020-0037", hasPosition ? "1\\0\\0\\0\\1\\0" : ""},
+                    {"G0028-0030", hasSpacing ? "0.5\\0.25" : ""}});
+        }
+        openAndWait();
+        const OverlayContent &overlay = viewer(0).widget()->overlay();
+        QTEST(overlay.letters[OverlayContent::Right], "letter");
+        QCOMPARE(overlay.mmPerPixel > 0, hasSpacing);
+        QTEST(int(overlay.corners[OverlayContent::BottomLeft].size()), "lines");
     }
-    // The header is whole, the pixels are cut off.
-    const QByteArray whole = m_files->read("3.dcm");
-    m_files->addText("3.dcm", whole.left(whole.size() - 10));
-    openAndWait();
-    QCOMPARE(viewer(0).widget()->overlay().warnings.last(),
-        QStringLiteral("slices that could not be read: 1"));
-}
+
+    void refusedSeriesSaysWhy()
+    {
+        for (int i = 0; i < 25; ++i) { // 1 mm and 16 mm apart by turns
+            m_files->addSlice(i + 1, i / 2 * 17 + i % 2);
+        }
+        openAndWait();
+        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+            QVERIFY(each->volume(0) == nullptr);
+            QCOMPARE(each->widget()->overlay().message,
+                u"The images are spaced too unevenly to make a volume."_s);
+        }
+        m_fixture->wheel(viewer(0), 1); // There is nothing to scroll, and no harm.
+        m_fixture->drag(viewer(0), Qt::LeftButton, {30, 30});
+    }
+
+    void missingSlicesAreTold()
+    {
+        for (const int z : {0, 5, 10, 25, 30}) {
+            m_files->addSlice(z + 1, z);
+        }
+        openAndWait();
+        // The gap keeps its size: what is not there is empty, nothing moves together.
+        QCOMPARE(m_fixture->slice(0).stack().count(), 7);
+        QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
+        QVERIFY(viewer(0).widget()->overlay().warnings.first().startsWith(u"Images are missing"_s));
+    }
+
+    void unreadableSlicesAreTold()
+    {
+        for (int i = 1; i <= 3; ++i) {
+            m_files->addSlice(i, 5 * i);
+        }
+        // The header is whole, the pixels are cut off.
+        const QByteArray whole = m_files->read("3.dcm");
+        m_files->addText("3.dcm", whole.left(whole.size() - 10));
+        openAndWait();
+        QCOMPARE(
+            viewer(0).widget()->overlay().warnings.last(), u"slices that could not be read: 1"_s);
+    }
+
+private:
+    void open() { m_fixture->window().open({QString::fromStdString(m_files->folder().string())}); }
+
+    void openAndWait()
+    {
+        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        open();
+        QTRY_COMPARE(opened.count(), 1);
+        QTRY_VERIFY(m_fixture->window().isSettled());
+    }
+
+    /// 64 x 64 pixels in a series of its own.
+    void addLargeSlices(int count)
+    {
+        const std::vector<std::int16_t> pixels(largeSide * largeSide, 1000);
+        for (int i = 0; i < count; ++i) {
+            const auto attributes = DicomFixture::attributes(1000 + i,
+                {{"G0028-0010", std::to_string(largeSide)},
+                    {"G0028-0011", std::to_string(largeSide)}, {"G0020-000E", "2.25.1.3"},
+                    {"G0028-1050", "500"}, {"G0028-1051", "1000"},
+                    {"G0020-0032", "0\\0\\" + std::to_string(2 * i)}});
+            m_files->add("large" + std::to_string(i) + ".dcm", *attributes, pixels);
+        }
+    }
+
+    [[nodiscard]] QStringList treeTexts()
+    {
+        QStringList texts;
+        for (QTreeWidgetItemIterator each(&tree()); *each != nullptr; ++each) {
+            texts += (*each)->text(0).replace(u'\n', u'|');
+        }
+        return texts;
+    }
+
+    [[nodiscard]] StudyTree &tree() { return *m_fixture->window().findChild<StudyTree *>(); }
+    [[nodiscard]] WorkstationViewer &viewer(std::size_t i)
+    {
+        return *m_fixture->workstation().viewers()[i];
+    }
+
+    std::unique_ptr<DicomFixture> m_files;
+    std::unique_ptr<WindowFixture> m_fixture;
+};
 
 QTEST_MAIN(tst_OpenStudies)
 #include "tst_OpenStudies.moc"

@@ -13,6 +13,8 @@
 #include <cmath>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 using Zel::DicomDirectoryEntry;
 using Attribute = DicomDirectoryEntry::Attribute;
 
@@ -112,158 +114,139 @@ class tst_SampleStudy : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void sameBytesOnEveryRun();
-    void directory();
-    void oneFrameOfReferenceAStudy();
-    void objectsToMeasure_data();
-    void objectsToMeasure();
-    void contrastAgentArrivesAndLeaves();
-    void interruption();
-    void folderThatCannotBeMade();
+    void initTestCase()
+    {
+        QCOMPARE(SampleStudy::write(pathOf(m_folder)), std::string());
+        m_found = DicomScanner::scanNow({pathOf(m_folder)});
+    }
+
+    void sameBytesOnEveryRun()
+    {
+        const QTemporaryDir again;
+        QCOMPARE(SampleStudy::write(pathOf(again)), std::string());
+        QCOMPARE(fingerprint(again), fingerprint(m_folder));
+    }
+
+    void directory()
+    {
+        QStringList lines;
+        QStringList frames;
+        for (const auto &patient : m_found.patients) {
+            lines << QString::fromStdString(patient->patientName());
+            QCOMPARE(patient->children().size(), 1);
+            for (const auto &entry : patient->children().first()->children()) {
+                lines << u"  %1 %2, %3 images, %4 phases"_s
+                             .arg(QString::fromStdString(entry->modality()),
+                                 QString::fromStdString(entry->text(Attribute::SeriesDescription)))
+                             .arg(entry->numImages())
+                             .arg(entry->phases().size());
+                frames << QString::fromStdString(entry->text(Attribute::FrameOfReferenceUid));
+                QCOMPARE(entry->children().size(), 1);
+                QVERIFY(entry->isComplete());
+                QVERIFY(entry->remarks().isEmpty());
+            }
+        }
+        QCOMPARE(lines.join(u'\n'),
+            u"Probe^Jörg\n"
+            "  MR T1 sagittal, 36 images, 0 phases\n"
+            "  MR T2 axial, 30 images, 0 phases\n"
+            "Sample^Petra\n"
+            "  CT Trunk soft 2.5, 108 images, 0 phases\n"
+            "  CT Trunk sharp coronal 3, 72 images, 0 phases\n"
+            "  CT Liver contrast 5 phases, 120 images, 5 phases"_s);
+        QCOMPARE(m_found.numFiles, SampleStudy::numFiles());
+        QVERIFY(m_found.problems.isEmpty());
+        // One frame of reference a study.
+        QCOMPARE(frames.count(frames.first()), 2);
+        QCOMPARE(frames.count(frames.last()), 3);
+        QVERIFY(!frames.contains(QString()));
+    }
+
+    void objectsToMeasure_data()
+    {
+        QTest::addColumn<QString>("description");
+        QTest::newRow("axial") << u"Trunk soft 2.5"_s;
+        QTest::newRow("coronal") << u"Trunk sharp coronal 3"_s;
+    }
+
+    /// Found at the same place and size in reconstructions that lie differently.
+    void objectsToMeasure()
+    {
+        QFETCH(const QString, description);
+        const McHandle<KxImageSeries> volumes = load(series(description.toUtf8().constData()));
+        QVERIFY(volumes);
+        const KxVolume &volume = *volumes->volume(0);
+        const double voxel = std::abs(volume.voxelToPatient().determinant());
+        const double tolerance = 0.06;
+
+        const Voxels inSphere = voxelsAround(volume, SampleStudy::sphereCenter, 15, -2000);
+        QVERIFY2(std::abs(inSphere.mean - 200) < 3, qPrintable(QString::number(inSphere.mean)));
+        const double radius = SampleStudy::sphereDiameter / 2;
+        const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);
+        const double halfway = 132; // between the sphere and the muscle around
+        const Voxels bright = voxelsAround(volume, SampleStudy::sphereCenter, radius + 4, halfway);
+        QVERIFY2(std::abs(bright.count * voxel / sphere - 1) < tolerance,
+            qPrintable(QString::number(bright.count * voxel / sphere)));
+
+        const double cube = std::pow(SampleStudy::cubeEdge, 3);
+        const Voxels brighter = voxelsAround(volume, SampleStudy::cubeCenter, 30, 182);
+        QVERIFY2(std::abs(brighter.count * voxel / cube - 1) < tolerance,
+            qPrintable(QString::number(brighter.count * voxel / cube)));
+    }
+
+    void contrastAgentArrivesAndLeaves()
+    {
+        const McHandle<KxImageSeries> volumes = load(series("Liver contrast 5 phases"));
+        QVERIFY(volumes);
+        QCOMPARE(volumes->numVolumes(), 5);
+        std::vector<double> aorta;
+        std::vector<double> liver;
+        for (int phase = 0; phase < volumes->numVolumes(); ++phase) {
+            aorta.push_back(voxelsAround(*volumes->volume(phase), {16, 24, -50}, 9, -2000).mean);
+            liver.push_back(voxelsAround(*volumes->volume(phase), {-50, -20, -40}, 9, -2000).mean);
+        }
+        QVERIFY(std::max_element(aorta.begin(), aorta.end()) - aorta.begin() == 1);
+        QVERIFY(std::max_element(liver.begin(), liver.end()) - liver.begin() == 3);
+        QVERIFY(aorta[1] > aorta[0] + 200);
+        QVERIFY(aorta[4] < aorta[1] - 200);
+        QCOMPARE(volumes->phaseLabel(1), std::string("t 2"));
+    }
+
+    void interruption()
+    {
+        const QTemporaryDir folder;
+        Impatience progress;
+        QCOMPARE(SampleStudy::write(pathOf(folder), &progress),
+            std::string("Writing the sample study was interrupted."));
+        QVERIFY(progress.grew());
+        QCOMPARE(DicomScanner::scanNow({pathOf(folder)}).numFiles, 7);
+    }
+
+    void folderThatCannotBeMade()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(u"taken"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        const std::string error = SampleStudy::write(pathOf(folder) / "taken");
+        QVERIFY2(error.find("cannot be made") != std::string::npos, error.c_str());
+    }
 
 private:
-    const DicomDirectoryEntry &series(const char *description) const;
+    const DicomDirectoryEntry &series(const char *description) const
+    {
+        for (const auto &patient : m_found.patients) {
+            for (const auto &entry : patient->children().first()->children()) {
+                if (entry->text(Attribute::SeriesDescription) == description) {
+                    return *entry;
+                }
+            }
+        }
+        qFatal("no series %s", description);
+    }
 
     QTemporaryDir m_folder;
     DicomScanner::Result m_found;
 };
-
-void tst_SampleStudy::initTestCase()
-{
-    QCOMPARE(SampleStudy::write(pathOf(m_folder)), std::string());
-    m_found = DicomScanner::scanNow({pathOf(m_folder)});
-}
-
-const DicomDirectoryEntry &tst_SampleStudy::series(const char *description) const
-{
-    for (const auto &patient : m_found.patients) {
-        for (const auto &entry : patient->children().first()->children()) {
-            if (entry->text(Attribute::SeriesDescription) == description) {
-                return *entry;
-            }
-        }
-    }
-    qFatal("no series %s", description);
-}
-
-void tst_SampleStudy::sameBytesOnEveryRun()
-{
-    const QTemporaryDir again;
-    QCOMPARE(SampleStudy::write(pathOf(again)), std::string());
-    QCOMPARE(fingerprint(again), fingerprint(m_folder));
-}
-
-void tst_SampleStudy::directory()
-{
-    QStringList lines;
-    for (const auto &patient : m_found.patients) {
-        lines << QString::fromStdString(patient->patientName());
-        QCOMPARE(patient->children().size(), 1);
-        for (const auto &entry : patient->children().first()->children()) {
-            lines << QStringLiteral("  %1 %2, %3 images, %4 phases")
-                         .arg(QString::fromStdString(entry->modality()),
-                             QString::fromStdString(entry->text(Attribute::SeriesDescription)))
-                         .arg(entry->numImages())
-                         .arg(entry->phases().size());
-            QCOMPARE(entry->children().size(), 1);
-            QVERIFY(entry->isComplete());
-            QVERIFY(entry->remarks().isEmpty());
-        }
-    }
-    QCOMPARE(lines.join(u'\n'),
-        QStringLiteral("Probe^Jörg\n"
-                       "  MR T1 sagittal, 36 images, 0 phases\n"
-                       "  MR T2 axial, 30 images, 0 phases\n"
-                       "Sample^Petra\n"
-                       "  CT Trunk soft 2.5, 108 images, 0 phases\n"
-                       "  CT Trunk sharp coronal 3, 72 images, 0 phases\n"
-                       "  CT Liver contrast 5 phases, 120 images, 5 phases"));
-    QCOMPARE(m_found.numFiles, SampleStudy::numFiles());
-    QVERIFY(m_found.problems.isEmpty());
-}
-
-void tst_SampleStudy::oneFrameOfReferenceAStudy()
-{
-    QStringList frames;
-    for (const auto &patient : m_found.patients) {
-        for (const auto &entry : patient->children().first()->children()) {
-            frames << QString::fromStdString(entry->text(Attribute::FrameOfReferenceUid));
-        }
-    }
-    QCOMPARE(frames.count(frames.first()), 2);
-    QCOMPARE(frames.count(frames.last()), 3);
-    QVERIFY(!frames.contains(QString()));
-}
-
-void tst_SampleStudy::objectsToMeasure_data()
-{
-    QTest::addColumn<QString>("description");
-    QTest::newRow("axial") << QStringLiteral("Trunk soft 2.5");
-    QTest::newRow("coronal") << QStringLiteral("Trunk sharp coronal 3");
-}
-
-/// Found at the same place and size in reconstructions that lie differently.
-void tst_SampleStudy::objectsToMeasure()
-{
-    QFETCH(const QString, description);
-    const McHandle<KxImageSeries> volumes = load(series(description.toUtf8().constData()));
-    QVERIFY(volumes);
-    const KxVolume &volume = *volumes->volume(0);
-    const double voxel = std::abs(volume.voxelToPatient().determinant());
-    const double tolerance = 0.06;
-
-    const Voxels inSphere = voxelsAround(volume, SampleStudy::sphereCenter, 15, -2000);
-    QVERIFY2(std::abs(inSphere.mean - 200) < 3, qPrintable(QString::number(inSphere.mean)));
-    const double radius = SampleStudy::sphereDiameter / 2;
-    const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);
-    const double halfway = 132; // between the sphere and the muscle around
-    const Voxels bright = voxelsAround(volume, SampleStudy::sphereCenter, radius + 4, halfway);
-    QVERIFY2(std::abs(bright.count * voxel / sphere - 1) < tolerance,
-        qPrintable(QString::number(bright.count * voxel / sphere)));
-
-    const double cube = std::pow(SampleStudy::cubeEdge, 3);
-    const Voxels brighter = voxelsAround(volume, SampleStudy::cubeCenter, 30, 182);
-    QVERIFY2(std::abs(brighter.count * voxel / cube - 1) < tolerance,
-        qPrintable(QString::number(brighter.count * voxel / cube)));
-}
-
-void tst_SampleStudy::contrastAgentArrivesAndLeaves()
-{
-    const McHandle<KxImageSeries> volumes = load(series("Liver contrast 5 phases"));
-    QVERIFY(volumes);
-    QCOMPARE(volumes->numVolumes(), 5);
-    std::vector<double> aorta;
-    std::vector<double> liver;
-    for (int phase = 0; phase < volumes->numVolumes(); ++phase) {
-        aorta.push_back(voxelsAround(*volumes->volume(phase), {16, 24, -50}, 9, -2000).mean);
-        liver.push_back(voxelsAround(*volumes->volume(phase), {-50, -20, -40}, 9, -2000).mean);
-    }
-    QVERIFY(std::max_element(aorta.begin(), aorta.end()) - aorta.begin() == 1);
-    QVERIFY(std::max_element(liver.begin(), liver.end()) - liver.begin() == 3);
-    QVERIFY(aorta[1] > aorta[0] + 200);
-    QVERIFY(aorta[4] < aorta[1] - 200);
-    QCOMPARE(volumes->phaseLabel(1), std::string("t 2"));
-}
-
-void tst_SampleStudy::interruption()
-{
-    const QTemporaryDir folder;
-    Impatience progress;
-    QCOMPARE(SampleStudy::write(pathOf(folder), &progress),
-        std::string("Writing the sample study was interrupted."));
-    QVERIFY(progress.grew());
-    QCOMPARE(DicomScanner::scanNow({pathOf(folder)}).numFiles, 7);
-}
-
-void tst_SampleStudy::folderThatCannotBeMade()
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("taken")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    const std::string error = SampleStudy::write(pathOf(folder) / "taken");
-    QVERIFY2(error.find("cannot be made") != std::string::npos, error.c_str());
-}
 
 QTEST_GUILESS_MAIN(tst_SampleStudy)
 #include "tst_SampleStudy.moc"

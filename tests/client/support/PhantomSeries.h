@@ -3,6 +3,7 @@
 #include "client/data/LoadedSeries.h"
 #include "platform/util/McHandle.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -35,3 +36,8 @@ public:
     static McHandle<KxVolume> makeVolume(
         Grid grid, KxVolume::ScalarType type = KxVolume::ScalarType::Int16, double offset = 0);
 };
+
+inline bool isNear(double value, double expected, double tolerance = 1e-6)
+{
+    return std::abs(value - expected) <= tolerance;
+}

@@ -2,44 +2,18 @@
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolBar.h"
 #include "tests/endtoend/WindowFixture.h"
+#include "tests/support/Files.h"
 #include "tests/support/NextDialog.h"
+#include "tests/support/Rows.h"
 
 #include <QFile>
 #include <QMessageBox>
 #include <QTest>
 #include <QToolButton>
 
-/// The file of the tool bars, and the bars that are made of it.
-class tst_ToolBars : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase() { WindowFixture::settings(); }
-    void cleanup();
-    void wholeFile();
-    void badFiles_data();
-    void badFiles();
-    void barsOfTheUser();
-    void unknownAndDeniedTools();
-    void damagedFileOfTheUser();
-    void madeForTheUser();
-};
+using namespace Qt::StringLiterals;
 
 namespace {
-
-void write(const QByteArray &content)
-{
-    QFile file(ToolBars::userFile());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
-
-QByteArray userContent()
-{
-    QFile file(ToolBars::userFile());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// "Bar: key key", one a bar.
 QStringList shownBars(MainWindow &window)
@@ -60,160 +34,164 @@ QStringList shownBars(MainWindow &window)
 
 } // namespace
 
-void tst_ToolBars::cleanup()
+/// The file of the tool bars, and the bars that are made of it.
+class tst_ToolBars : public QObject
 {
-    QFile::remove(ToolBars::userFile());
-}
+    Q_OBJECT
 
-void tst_ToolBars::wholeFile()
-{
-    const auto result = ToolBarLayout::read(
-        "<ToolBars>\n"
-        "    <ToolBar Id=\"A\" Label=\"First &amp; last\">\n"
-        "        <Tool Id=\"View.Reset\" />\n"
-        "        <Spacer Size=\"8\"/><Separator/>\n"
-        "        <Popup Id=\"P\" Label=\"More\"><Tool Id=\"X\"/><Tool Id=\"Y\"/></Popup>\n"
-        "    </ToolBar>\n"
-        "    <ToolBar Id=\"B\" Label=\"Empty\"/>\n"
-        "</ToolBars>\n");
-    using Item = ToolBarLayout::Item;
-    const ToolBarLayout expected{
-        {{QStringLiteral("A"), QStringLiteral("First & last"),
-             {{Item::Tool, QStringLiteral("View.Reset"), {}, 0, {}}, {Item::Spacer, {}, {}, 8, {}},
-                 {Item::Separator, {}, {}, 0, {}},
-                 {Item::Popup, QStringLiteral("P"), QStringLiteral("More"), 0,
-                     {QStringLiteral("X"), QStringLiteral("Y")}}}},
-            {QStringLiteral("B"), QStringLiteral("Empty"), {}}},
-        {{QStringLiteral("View.Reset"), 3}, {QStringLiteral("X"), 5}, {QStringLiteral("Y"), 5}}};
-    QVERIFY(std::holds_alternative<ToolBarLayout>(result));
-    QVERIFY(std::get<ToolBarLayout>(result) == expected);
-}
+private Q_SLOTS:
+    void initTestCase() { WindowFixture::settings(); }
 
-void tst_ToolBars::badFiles_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char *name, const char *bars, int line, const char *text) {
-        QTest::newRow(name) << QByteArray(QByteArray("<ToolBars>\n") + bars + "\n</ToolBars>")
-                            << line << QString::fromLatin1(text);
-    };
-    row("other element", "<ToolBar Id='A' Label='A'>\n<Tol Id='X'/>\n</ToolBar>", 3,
-        "<Tol> is not");
-    row("no Id", "<ToolBar Id='A' Label='A'>\n\n<Tool/>\n</ToolBar>", 4,
-        "<Tool> needs the attribute \"Id\"");
-    row("empty Id", "<ToolBar Id='' Label='A'/>", 2, "<ToolBar> needs the attribute \"Id\"");
-    row("no label", "<ToolBar Id='A'/>", 2, "needs the attribute \"Label\"");
-    row("unknown attribute", "<ToolBar Id='A' Label='A' Icon='x'/>", 2,
-        "has no attribute \"Icon\"");
-    row("size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='wide'/></ToolBar>", 3,
-        "\"wide\" is no size");
-    row("negative size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='-1'/></ToolBar>", 3,
-        "\"-1\" is no size");
-    row("tool in tool",
-        "<ToolBar Id='A' Label='A'>\n<Tool Id='X'>\n<Tool Id='Y'/></Tool></ToolBar>", 4,
-        "<Tool> is not");
-    row("pop-up in pop-up",
-        "<ToolBar Id='A' Label='A'>\n<Popup Id='P' Label='P'>\n<Popup Id='Q' "
-        "Label='Q'/></Popup></ToolBar>",
-        4, "<Popup> is not");
-    row("same bar twice", "<ToolBar Id='A' Label='A'/>\n<ToolBar Id='A' Label='B'/>", 3,
-        "two tool bars");
-    row("not closed", "<ToolBar Id='A' Label='A'>\n", 4, "");
-    QTest::newRow("empty") << QByteArray() << 1 << QString();
-    QTest::newRow("no XML") << QByteArray("[ToolBars]\nA=1\n") << 1 << QString();
-    QTest::newRow("other file") << QByteArray("<html/>") << 1 << QStringLiteral("<html> is not");
-    QTest::newRow("more after the end") << QByteArray("<ToolBars/>\n<ToolBars/>") << 2 << QString();
-}
+    void cleanup() { QFile::remove(ToolBars::userFile()); }
 
-void tst_ToolBars::badFiles()
-{
-    QFETCH(const QByteArray, content);
-    QFETCH(const int, line);
-    QFETCH(const QString, text);
-    const auto result = ToolBarLayout::read(content);
-    QVERIFY(std::holds_alternative<ToolBarLayout::Error>(result));
-    const auto &error = std::get<ToolBarLayout::Error>(result);
-    QVERIFY2(error.line == line && error.text.contains(text) && !error.text.isEmpty(),
-        qPrintable(QString::number(error.line) % u": " % error.text));
-}
-
-void tst_ToolBars::barsOfTheUser()
-{
-    write(
-        "<ToolBars><ToolBar Id='Mine' Label='Mine'>"
-        "<Tool Id='View.Invert'/><Tool Id='Edit.Settings'/>"
-        "<Popup Id='P' Label='Planes'><Tool Id='Plane.Axial'/><Tool Id='Plane.Coronal'/></Popup>"
-        "</ToolBar><ToolBar Id='Nothing' Label='Nothing'><Spacer Size='4'/></ToolBar></ToolBars>");
-    WindowFixture fixture;
-    QCOMPARE(shownBars(fixture.window()),
-        QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Axial")));
-    fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
-    // The button stands for the plane chosen last.
-    ExTool::getToolByDecorationKey("Plane.Coronal", true)->setActive(true);
-    QCOMPARE(shownBars(fixture.window()),
-        QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Coronal")));
-    QCOMPARE(fixture.slice(0).plane(), PlaneKind::Coronal);
-    // Nor does it matter how it was chosen.
-    fixture.slice(0).setPlane(PlaneKind::Axial);
-    QCOMPARE(shownBars(fixture.window()),
-        QStringList(QStringLiteral("Mine: View.Invert Edit.Settings Plane.Axial")));
-}
-
-void tst_ToolBars::unknownAndDeniedTools()
-{
-    write("<ToolBars><ToolBar Id='Mine' Label='Mine'>\n"
-          "<Separator/><Tool Id='View.Reset'/><Separator/><Tool Id='Phase.Next'/>\n"
-          "<Tool Id='No.Such.Tool'/><Separator/><Tool Id='View.Flip'/><Tool Id='View.Invert'/>\n"
-          "<Separator/><Tool Id='Phase.Previous'/></ToolBar></ToolBars>");
-    WindowFixture::settings().setPolicy(R"({"deniedTools": ["Phase.*"]})");
-    QString told;
-    const NextDialog dialog([&told](QWidget &box) {
-        told = qobject_cast<QMessageBox *>(&box)->text();
-        box.close();
-    });
-    WindowFixture fixture;
-    QTRY_VERIFY(dialog.hasAppeared());
-    WindowFixture::settings().setPolicy("{}");
-    const QString file = ToolBars::userFile();
-    QVERIFY2(told.endsWith(file % u", line 3: There is no tool \"No.Such.Tool\".\n" % file
-                 % u", line 3: There is no tool \"View.Flip\"."),
-        qPrintable(told));
-    QStringList actions;
-    for (const QAction *action : fixture.window().findChild<ExToolBar *>()->actions()) {
-        actions += action->isSeparator() ? QStringLiteral("|") : action->objectName();
+    void wholeFile()
+    {
+        const auto result = ToolBarLayout::read(
+            "<ToolBars>\n"
+            "    <ToolBar Id=\"A\" Label=\"First &amp; last\">\n"
+            "        <Tool Id=\"View.Reset\" />\n"
+            "        <Spacer Size=\"8\"/><Separator/>\n"
+            "        <Popup Id=\"P\" Label=\"More\"><Tool Id=\"X\"/><Tool Id=\"Y\"/></Popup>\n"
+            "    </ToolBar>\n"
+            "    <ToolBar Id=\"B\" Label=\"Empty\"/>\n"
+            "</ToolBars>\n");
+        using Item = ToolBarLayout::Item;
+        const ToolBarLayout expected{
+            {{u"A"_s, u"First & last"_s,
+                 {{Item::Tool, u"View.Reset"_s, {}, 0, {}}, {Item::Spacer, {}, {}, 8, {}},
+                     {Item::Separator, {}, {}, 0, {}},
+                     {Item::Popup, u"P"_s, u"More"_s, 0, {u"X"_s, u"Y"_s}}}},
+                {u"B"_s, u"Empty"_s, {}}},
+            {{u"View.Reset"_s, 3}, {u"X"_s, 5}, {u"Y"_s, 5}}};
+        QVERIFY(std::holds_alternative<ToolBarLayout>(result));
+        QVERIFY(std::get<ToolBarLayout>(result) == expected);
     }
-    QCOMPARE(actions.join(u' '), QStringLiteral("View.Reset | View.Invert"));
-}
 
-void tst_ToolBars::damagedFileOfTheUser()
-{
-    const QByteArray damaged = "<ToolBars>\n<ToolBar Id='Mine'/>\n</ToolBars>";
-    write(damaged);
-    QString told;
-    const NextDialog dialog([&told](QWidget &box) {
-        told = qobject_cast<QMessageBox *>(&box)->text();
-        box.close();
-    });
-    WindowFixture fixture;
-    QTRY_VERIFY(dialog.hasAppeared());
-    QVERIFY2(told.contains(ToolBars::userFile() % u", line 2: <ToolBar> needs"), qPrintable(told));
-    QVERIFY(shownBars(fixture.window())
-                .constFirst()
-                .startsWith(QStringLiteral("View: File.OpenFolder")));
-    QCOMPARE(userContent(), damaged);
-}
+    void badFiles_data()
+    {
+        const Rows<QByteArray, int, QString> file("content", "line", "text");
+        const auto row = [&](const char *name, const char *bars, int line, const char *text) {
+            file(name, QByteArray(QByteArray("<ToolBars>\n") + bars + "\n</ToolBars>"), line, text);
+        };
+        row("other element", "<ToolBar Id='A' Label='A'>\n<Tol Id='X'/>\n</ToolBar>", 3,
+            "<Tol> is not");
+        row("no Id", "<ToolBar Id='A' Label='A'>\n\n<Tool/>\n</ToolBar>", 4,
+            "<Tool> needs the attribute \"Id\"");
+        row("empty Id", "<ToolBar Id='' Label='A'/>", 2, "<ToolBar> needs the attribute \"Id\"");
+        row("no label", "<ToolBar Id='A'/>", 2, "needs the attribute \"Label\"");
+        row("unknown attribute", "<ToolBar Id='A' Label='A' Icon='x'/>", 2,
+            "has no attribute \"Icon\"");
+        row("size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='wide'/></ToolBar>", 3,
+            "\"wide\" is no size");
+        row("negative size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='-1'/></ToolBar>", 3,
+            "\"-1\" is no size");
+        row("tool in tool",
+            "<ToolBar Id='A' Label='A'>\n<Tool Id='X'>\n<Tool Id='Y'/></Tool></ToolBar>", 4,
+            "<Tool> is not");
+        row("pop-up in pop-up",
+            "<ToolBar Id='A' Label='A'>\n<Popup Id='P' Label='P'>\n<Popup Id='Q' "
+            "Label='Q'/></Popup></ToolBar>",
+            4, "<Popup> is not");
+        row("same bar twice", "<ToolBar Id='A' Label='A'/>\n<ToolBar Id='A' Label='B'/>", 3,
+            "two tool bars");
+        row("not closed", "<ToolBar Id='A' Label='A'>\n", 4, "");
+        file("empty", QByteArray(), 1, "");
+        file("no XML", QByteArray("[ToolBars]\nA=1\n"), 1, "");
+        file("other file", QByteArray("<html/>"), 1, "<html> is not");
+        file("more after the end", QByteArray("<ToolBars/>\n<ToolBars/>"), 2, "");
+    }
 
-void tst_ToolBars::madeForTheUser()
-{
-    QCOMPARE(ToolBars::createUserFile(), QString());
-    const QByteArray content = userContent();
-    QVERIFY(std::holds_alternative<ToolBarLayout>(ToolBarLayout::read(content)));
-    write("<ToolBars/>"); // may be changed, and is left alone then
-    QCOMPARE(ToolBars::createUserFile(), QString());
-    QCOMPARE(userContent(), QByteArray("<ToolBars/>"));
-    QFile::remove(ToolBars::userFile());
-}
+    void badFiles()
+    {
+        QFETCH(const QByteArray, content);
+        QFETCH(const int, line);
+        QFETCH(const QString, text);
+        const auto result = ToolBarLayout::read(content);
+        QVERIFY(std::holds_alternative<ToolBarLayout::Error>(result));
+        const auto &error = std::get<ToolBarLayout::Error>(result);
+        QVERIFY2(error.line == line && error.text.contains(text) && !error.text.isEmpty(),
+            qPrintable(QString::number(error.line) % u": " % error.text));
+    }
+
+    void barsOfTheUser()
+    {
+        writeFile(ToolBars::userFile(),
+            "<ToolBars><ToolBar Id='Mine' Label='Mine'>"
+            "<Tool Id='View.Invert'/><Tool Id='Edit.Settings'/>"
+            "<Popup Id='P' Label='Planes'><Tool Id='Plane.Axial'/><Tool "
+            "Id='Plane.Coronal'/></Popup>"
+            "</ToolBar><ToolBar Id='Nothing' Label='Nothing'><Spacer "
+            "Size='4'/></ToolBar></ToolBars>");
+        WindowFixture fixture;
+        QCOMPARE(shownBars(fixture.window()),
+            QStringList(u"Mine: View.Invert Edit.Settings Plane.Axial"_s));
+        fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
+        // The button stands for the plane chosen last.
+        ExTool::getToolByDecorationKey("Plane.Coronal", true)->setActive(true);
+        QCOMPARE(shownBars(fixture.window()),
+            QStringList(u"Mine: View.Invert Edit.Settings Plane.Coronal"_s));
+        QCOMPARE(fixture.slice(0).plane(), PlaneKind::Coronal);
+        // Nor does it matter how it was chosen.
+        fixture.slice(0).setPlane(PlaneKind::Axial);
+        QCOMPARE(shownBars(fixture.window()),
+            QStringList(u"Mine: View.Invert Edit.Settings Plane.Axial"_s));
+    }
+
+    void unknownAndDeniedTools()
+    {
+        write(
+            "<ToolBars><ToolBar Id='Mine' Label='Mine'>\n"
+            "<Separator/><Tool Id='View.Reset'/><Separator/><Tool Id='Phase.Next'/>\n"
+            "<Tool Id='No.Such.Tool'/><Separator/><Tool Id='View.Flip'/><Tool Id='View.Invert'/>\n"
+            "<Separator/><Tool Id='Phase.Previous'/></ToolBar></ToolBars>");
+        WindowFixture::settings().setPolicy(R"({"deniedTools": ["Phase.*"]})");
+        QString told;
+        const NextDialog dialog([&told](QWidget &box) {
+            told = qobject_cast<QMessageBox *>(&box)->text();
+            box.close();
+        });
+        WindowFixture fixture;
+        QTRY_VERIFY(dialog.hasAppeared());
+        WindowFixture::settings().setPolicy("{}");
+        const QString file = ToolBars::userFile();
+        QVERIFY2(told.endsWith(file % u", line 3: There is no tool \"No.Such.Tool\".\n" % file
+                     % u", line 3: There is no tool \"View.Flip\"."),
+            qPrintable(told));
+        QStringList actions;
+        for (const QAction *action : fixture.window().findChild<ExToolBar *>()->actions()) {
+            actions += action->isSeparator() ? QStringLiteral("|") : action->objectName();
+        }
+        QCOMPARE(actions.join(u' '), QStringLiteral("View.Reset | View.Invert"));
+    }
+
+    void damagedFileOfTheUser()
+    {
+        const QByteArray damaged = "<ToolBars>\n<ToolBar Id='Mine'/>\n</ToolBars>";
+        writeFile(ToolBars::userFile(), damaged);
+        QString told;
+        const NextDialog dialog([&told](QWidget &box) {
+            told = qobject_cast<QMessageBox *>(&box)->text();
+            box.close();
+        });
+        WindowFixture fixture;
+        QTRY_VERIFY(dialog.hasAppeared());
+        QVERIFY2(
+            told.contains(ToolBars::userFile() % u", line 2: <ToolBar> needs"), qPrintable(told));
+        QVERIFY(shownBars(fixture.window()).constFirst().startsWith(u"View: File.OpenFolder"_s));
+        QCOMPARE(readFile(ToolBars::userFile()), damaged);
+    }
+
+    void madeForTheUser()
+    {
+        QCOMPARE(ToolBars::createUserFile(), QString());
+        const QByteArray content = readFile(ToolBars::userFile());
+        QVERIFY(std::holds_alternative<ToolBarLayout>(ToolBarLayout::read(content)));
+        writeFile(ToolBars::userFile(), "<ToolBars/>"); // may be changed, and is left alone then
+        QCOMPARE(ToolBars::createUserFile(), QString());
+        QCOMPARE(readFile(ToolBars::userFile()), QByteArray("<ToolBars/>"));
+        QFile::remove(ToolBars::userFile());
+    }
+};
 
 QTEST_MAIN(tst_ToolBars)
 #include "tst_ToolBars.moc"

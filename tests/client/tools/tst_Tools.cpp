@@ -12,6 +12,7 @@
 #include "platform/toolkit/QxStyleFactory.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/NextDialog.h"
+#include "tests/support/Rows.h"
 
 #include <QAbstractSpinBox>
 #include <QAccessible>
@@ -28,31 +29,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
-/// The workstation's tools as the user meets them: texts, icons, menus, bars, keys, and what they
-/// do to the pictures.
-class tst_Tools : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void deniedToolsAppearNowhere(); // First: no tool is there yet.
-    void decorated_data();
-    void decorated();
-    void iconsAreReadable_data();
-    void iconsAreReadable();
-    void everythingHasAnAccessibleName();
-    void keyActsOnce_data();
-    void keyActsOnce();
-    void keysLeaveTextsAndDialogsAlone();
-    void altOpensMenus();
-    void keyboardChoosesTheActiveViewer();
-    void everyLayoutHasATool();
-    void invertedInLinkedViewers();
-    void flipped_data();
-    void flipped();
-    void cinePlaysAllPhases();
-    void pictureOfViewer();
-};
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -95,391 +72,396 @@ QString helpText(WindowFixture &fixture)
 
 } // namespace
 
-void tst_Tools::deniedToolsAppearNowhere()
+/// The workstation's tools as the user meets them: texts, icons, menus, bars, keys, and what they
+/// do to the pictures.
+class tst_Tools : public QObject
 {
-    WindowFixture::settings().setPolicy(R"({"deniedTools": ["View.Invert", "Phase.*", "Link.*"]})");
+    Q_OBJECT
+
+private Q_SLOTS:
+    // First: no tool is there yet.
+    void deniedToolsAppearNowhere()
+    {
+        WindowFixture::settings().setPolicy(
+            R"({"deniedTools": ["View.Invert", "Phase.*", "Link.*"]})");
+        {
+            WindowFixture fixture;
+            fixture.show(PhantomSeries::make(Grid::Axial));
+            QTest::mouseClick(fixture.slice(0).widget(), Qt::RightButton);
+            QStringList keys = shownKeys(fixture.window());
+            collectKeys(fixture.slice(0).widget()->findChild<QMenu *>()->actions(), keys);
+            QVERIFY(keys.contains(u"View.Reset"_s));
+            QCOMPARE(keys.filter(QRegularExpression(u"Invert|Phase|Link"_s)), QStringList());
+            QTest::keyClick(fixture.slice(0).widget(), Qt::Key_I);
+            QVERIFY(!fixture.slice(0).isInverted());
+            const QString help = helpText(fixture);
+            QVERIFY(help.contains(u"Reset view"_s));
+            QVERIFY(!help.contains(u"Exchange dark and bright"_s));
+            // A menu without any tool is not there.
+            for (const QAction *action : fixture.window().menuBar()->actions()) {
+                QVERIFY(action->text() != u"&Link"_s);
+            }
+        }
+        WindowFixture::settings().setPolicy("{}");
+        WindowFixture fixture;
+        QVERIFY(shownKeys(fixture.window()).contains(u"View.Invert"_s));
+    }
+
+    void decorated_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << "en";
+        QTest::newRow("German") << "de";
+    }
+
+    void decorated()
+    {
+        QFETCH(const QString, language);
+        const auto restore = qScopeGuard([] { Translations::install(u"en"_s); });
+        Translations::install(language);
+        QCOMPARE(Translations::current(), language);
+        const WorkstationDecoration decoration;
+        QStringList missing;
+        QMap<QString, QString> shortCuts;
+        for (const auto &[key, english] : ToolModule::decorations()) {
+            const char *const name = key.c_str();
+            const bool isWhole = !decoration.text(name, true).isEmpty()
+                && !decoration.text(name, false).isEmpty() && !decoration.category(name).isEmpty()
+                && !decoration.toolTip(name).isEmpty() && !decoration.icon(name).isNull();
+            const bool isTranslated = language == u"en"_s
+                || !decoration.toolTip(name).startsWith(QString::fromUtf8(english.toolTip));
+            const QString keys = decoration.shortCut(name);
+            const bool isFree = keys.isEmpty() || !shortCuts.contains(keys);
+            shortCuts.insert(keys, decoration.text(name, false));
+            const bool isKeyKnown
+                = keys.isEmpty() || QKeySequence(keys)[0].key() != Qt::Key_unknown;
+            if (!isWhole || !isTranslated || !isFree || !isKeyKnown) {
+                missing += QString::fromStdString(key);
+            }
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u',')));
+        QVERIFY(decoration.keys().size() > 30);
+        QVERIFY(!decoration.isKnown("Tool.Unknown") && decoration.icon("Tool.Unknown").isNull());
+    }
+
+    void iconsAreReadable_data()
+    {
+        QTest::addColumn<QString>("style");
+        QTest::addColumn<double>("scale");
+        for (const QString &style : QxStyleFactory::instance().styleNames()) {
+            for (const double scale : {1.0, 2.0}) {
+                QTest::addRow("%s at %.0f %%", qPrintable(style), scale * 100) << style << scale;
+            }
+        }
+    }
+
+    void iconsAreReadable()
+    {
+        QFETCH(const QString, style);
+        QFETCH(const double, scale);
+        WorkstationApplication application;
+        application.setCurrentStyle(style);
+        const QColor ground = QApplication::palette().color(QPalette::Window);
+        const auto bestContrast = [&](const QIcon &icon, QIcon::Mode mode) {
+            const QPixmap pixmap = icon.pixmap(QSize(24, 24), scale, mode);
+            QImage picture(pixmap.size(), QImage::Format_RGB32);
+            picture.fill(ground);
+            QPainter(&picture).drawPixmap(QRect(QPoint(), picture.size()), pixmap);
+            double best = 1;
+            for (int y = 0; y < picture.height(); ++y) {
+                for (int x = 0; x < picture.width(); ++x) {
+                    best = std::max(
+                        best, QxStyleFactory::contrast(picture.pixelColor(x, y), ground));
+                }
+            }
+            return picture.width() == 24 * scale ? best : 0.0;
+        };
+        const WorkstationDecoration decoration;
+        for (const auto &[key, english] : ToolModule::decorations()) {
+            const QIcon icon = decoration.icon(key.c_str());
+            const double normal = bestContrast(icon, QIcon::Normal);
+            const double disabled = bestContrast(icon, QIcon::Disabled);
+            QVERIFY2(normal >= 4.5, key.c_str());
+            QVERIFY2(disabled > 1.2 && disabled < normal, key.c_str());
+        }
+        application.setCurrentStyle(u"Movara Medium"_s);
+    }
+
+    void everythingHasAnAccessibleName()
+    {
+        WindowFixture fixture;
+        tool("Edit.Settings").setActive(true);
+        QStringList nameless;
+        for (QWidget *widget : fixture.window().findChildren<QWidget *>()) {
+            const bool isNamed = qobject_cast<QAbstractButton *>(widget) != nullptr
+                || qobject_cast<QTreeWidget *>(widget) != nullptr
+                || qobject_cast<QComboBox *>(widget) != nullptr
+                || qobject_cast<QAbstractSpinBox *>(widget) != nullptr
+                || qobject_cast<QLineEdit *>(widget) != nullptr;
+            // Parts that the toolkit makes are known by the whole.
+            const bool isPart = widget->objectName().startsWith(u"qt_"_s)
+                || qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr
+                || qobject_cast<QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
+            if (!isNamed || isPart) {
+                continue;
+            }
+            const QAccessibleInterface *const face = QAccessible::queryAccessibleInterface(widget);
+            if (face == nullptr || face->text(QAccessible::Name).isEmpty()) {
+                nameless += QString::fromLatin1(widget->metaObject()->className()) % u" in "
+                    % QString::fromLatin1(widget->parentWidget()->metaObject()->className());
+            }
+        }
+        QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(u',')));
+    }
+
+    void keyActsOnce_data()
+    {
+        QTest::addColumn<QString>("focus");
+        for (const char *focus : {"viewer", "panel", "floating window", "Help.Manual",
+                 "Help.ShortCuts", "Edit.Settings"}) {
+            QTest::newRow(focus) << focus;
+        }
+    }
+
+    void keyActsOnce()
+    {
+        QFETCH(const QString, focus);
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        QWidget floating(&fixture.window(), Qt::Tool);
+        QWidget *target = fixture.slice(0).widget();
+        if (focus == u"panel"_s) {
+            target = fixture.window().findChild<StudyTree *>();
+        } else if (focus == u"floating window"_s) {
+            target = &floating;
+            floating.setFocusPolicy(Qt::StrongFocus);
+            floating.show();
+        } else if (focus.contains(u'.')) {
+            tool(qPrintable(focus)).setActive(true);
+            target = fixture.window().findChild<QDialog *>()->findChild<QPushButton *>();
+        }
+        target->window()->activateWindow();
+        target->setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), target);
+        int changes = 0;
+        const McHandle<NotificationWatch> watch(new NotificationWatch(
+            {ExNotification::VIEWER_FLIPPED}, [&](const ExNotification &) { ++changes; }));
+        QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
+        QCOMPARE(changes, 1);
+        QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
+        QCOMPARE(changes, 2);
+    }
+
+    void keysLeaveTextsAndDialogsAlone()
     {
         WindowFixture fixture;
         fixture.show(PhantomSeries::make(Grid::Axial));
-        QTest::mouseClick(fixture.slice(0).widget(), Qt::RightButton);
-        QStringList keys = shownKeys(fixture.window());
-        collectKeys(fixture.slice(0).widget()->findChild<QMenu *>()->actions(), keys);
-        QVERIFY(keys.contains(QStringLiteral("View.Reset")));
-        QCOMPARE(
-            keys.filter(QRegularExpression(QStringLiteral("Invert|Phase|Link"))), QStringList());
-        QTest::keyClick(fixture.slice(0).widget(), Qt::Key_I);
-        QVERIFY(!fixture.slice(0).isInverted());
-        const QString help = helpText(fixture);
-        QVERIFY(help.contains(QStringLiteral("Reset view")));
-        QVERIFY(!help.contains(QStringLiteral("Exchange dark and bright")));
-        // A menu without any tool is not there.
-        for (const QAction *action : fixture.window().menuBar()->actions()) {
-            QVERIFY(action->text() != QStringLiteral("&Link"));
-        }
-    }
-    WindowFixture::settings().setPolicy("{}");
-    WindowFixture fixture;
-    QVERIFY(shownKeys(fixture.window()).contains(QStringLiteral("View.Invert")));
-}
-
-void tst_Tools::decorated_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "en";
-    QTest::newRow("German") << "de";
-}
-
-void tst_Tools::decorated()
-{
-    QFETCH(const QString, language);
-    const auto restore = qScopeGuard([] { Translations::install(QStringLiteral("en")); });
-    Translations::install(language);
-    QCOMPARE(Translations::current(), language);
-    const WorkstationDecoration decoration;
-    QStringList missing;
-    QMap<QString, QString> shortCuts;
-    for (const auto &[key, english] : ToolModule::decorations()) {
-        const char *const name = key.c_str();
-        const bool isWhole = !decoration.text(name, true).isEmpty()
-            && !decoration.text(name, false).isEmpty() && !decoration.category(name).isEmpty()
-            && !decoration.toolTip(name).isEmpty() && !decoration.icon(name).isNull();
-        const bool isTranslated = language == QStringLiteral("en")
-            || !decoration.toolTip(name).startsWith(QString::fromUtf8(english.toolTip));
-        const QString keys = decoration.shortCut(name);
-        const bool isFree = keys.isEmpty() || !shortCuts.contains(keys);
-        shortCuts.insert(keys, decoration.text(name, false));
-        const bool isKeyKnown = keys.isEmpty() || QKeySequence(keys)[0].key() != Qt::Key_unknown;
-        if (!isWhole || !isTranslated || !isFree || !isKeyKnown) {
-            missing += QString::fromStdString(key);
-        }
-    }
-    QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u',')));
-    QVERIFY(decoration.keys().size() > 30);
-    QVERIFY(!decoration.isKnown("Tool.Unknown") && decoration.icon("Tool.Unknown").isNull());
-}
-
-void tst_Tools::iconsAreReadable_data()
-{
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<double>("scale");
-    for (const QString &style : QxStyleFactory::instance().styleNames()) {
-        for (const double scale : {1.0, 2.0}) {
-            QTest::addRow("%s at %.0f %%", qPrintable(style), scale * 100) << style << scale;
-        }
-    }
-}
-
-void tst_Tools::iconsAreReadable()
-{
-    QFETCH(const QString, style);
-    QFETCH(const double, scale);
-    WorkstationApplication application;
-    application.setCurrentStyle(style);
-    const QColor ground = QApplication::palette().color(QPalette::Window);
-    const auto bestContrast = [&](const QIcon &icon, QIcon::Mode mode) {
-        const QPixmap pixmap = icon.pixmap(QSize(24, 24), scale, mode);
-        QImage picture(pixmap.size(), QImage::Format_RGB32);
-        picture.fill(ground);
-        QPainter(&picture).drawPixmap(QRect(QPoint(), picture.size()), pixmap);
-        double best = 1;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                best = std::max(best, QxStyleFactory::contrast(picture.pixelColor(x, y), ground));
-            }
-        }
-        return picture.width() == 24 * scale ? best : 0.0;
-    };
-    const WorkstationDecoration decoration;
-    for (const auto &[key, english] : ToolModule::decorations()) {
-        const QIcon icon = decoration.icon(key.c_str());
-        const double normal = bestContrast(icon, QIcon::Normal);
-        const double disabled = bestContrast(icon, QIcon::Disabled);
-        QVERIFY2(normal >= 4.5, key.c_str());
-        QVERIFY2(disabled > 1.2 && disabled < normal, key.c_str());
-    }
-    application.setCurrentStyle(QStringLiteral("Movara Medium"));
-}
-
-void tst_Tools::everythingHasAnAccessibleName()
-{
-    WindowFixture fixture;
-    tool("Edit.Settings").setActive(true);
-    QStringList nameless;
-    for (QWidget *widget : fixture.window().findChildren<QWidget *>()) {
-        const bool isNamed = qobject_cast<QAbstractButton *>(widget) != nullptr
-            || qobject_cast<QTreeWidget *>(widget) != nullptr
-            || qobject_cast<QComboBox *>(widget) != nullptr
-            || qobject_cast<QAbstractSpinBox *>(widget) != nullptr
-            || qobject_cast<QLineEdit *>(widget) != nullptr;
-        // Parts that the toolkit makes are known by the whole.
-        const bool isPart = widget->objectName().startsWith(QStringLiteral("qt_"))
-            || qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr
-            || qobject_cast<QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
-        if (!isNamed || isPart) {
-            continue;
-        }
-        const QAccessibleInterface *const face = QAccessible::queryAccessibleInterface(widget);
-        if (face == nullptr || face->text(QAccessible::Name).isEmpty()) {
-            nameless += QString::fromLatin1(widget->metaObject()->className()) % u" in "
-                % QString::fromLatin1(widget->parentWidget()->metaObject()->className());
-        }
-    }
-    QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(u',')));
-}
-
-void tst_Tools::keyActsOnce_data()
-{
-    QTest::addColumn<QString>("focus");
-    for (const char *focus :
-        {"viewer", "panel", "floating window", "Help.Manual", "Help.ShortCuts", "Edit.Settings"}) {
-        QTest::newRow(focus) << focus;
-    }
-}
-
-void tst_Tools::keyActsOnce()
-{
-    QFETCH(const QString, focus);
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    QWidget floating(&fixture.window(), Qt::Tool);
-    QWidget *target = fixture.slice(0).widget();
-    if (focus == QStringLiteral("panel")) {
-        target = fixture.window().findChild<StudyTree *>();
-    } else if (focus == QStringLiteral("floating window")) {
-        target = &floating;
-        floating.setFocusPolicy(Qt::StrongFocus);
-        floating.show();
-    } else if (focus.contains(u'.')) {
-        tool(qPrintable(focus)).setActive(true);
-        const auto *const window = fixture.window().findChild<QDialog *>();
-        target = window->findChild<QPushButton *>();
-    }
-    target->window()->activateWindow();
-    target->setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), target);
-    int changes = 0;
-    const McHandle<NotificationWatch> watch(new NotificationWatch(
-        {ExNotification::VIEWER_FLIPPED}, [&](const ExNotification &) { ++changes; }));
-    QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
-    QCOMPARE(changes, 1);
-    QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
-    QCOMPARE(changes, 2);
-}
-
-void tst_Tools::keysLeaveTextsAndDialogsAlone()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    QLineEdit line(fixture.window().centralWidget());
-    line.show();
-    line.setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), &line);
-    QTest::keyClick(fixture.window().windowHandle(), Qt::Key_H);
-    QCOMPARE(line.text(), QStringLiteral("h"));
-    QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
-    const NextDialog dialog([&](QWidget &box) {
-        QTest::keyClick(box.windowHandle(), Qt::Key_H);
-        QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
-    });
-    WorkstationApplication::instance().propertyBrowser({}, {}, {}, true);
-    QVERIFY(dialog.hasAppeared());
-    QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
-}
-
-void tst_Tools::altOpensMenus()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    for (const QAction *action : fixture.window().menuBar()->actions()) {
-        const QString letter = action->text().section(u'&', 1).left(1).toUpper();
-        QTest::keyClick(fixture.window().windowHandle(),
-            static_cast<Qt::Key>(letter.at(0).unicode()), Qt::AltModifier);
-        QVERIFY2(action->menu()->isVisible(), qPrintable(letter));
-        action->menu()->close();
-    }
-}
-
-void tst_Tools::keyboardChoosesTheActiveViewer()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    auto *const list = fixture.window().findChild<StudyTree *>();
-    list->setFocus();
-    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(fixture.window().windowHandle(), key, modifiers);
-    };
-    const auto isAt = [&](int i) {
-        const WorkstationViewer *const viewer
-            = fixture.workstation().viewers()[static_cast<std::size_t>(i)];
-        return fixture.workstation().activeViewer() == viewer
-            && QApplication::focusWidget() == viewer->widget();
-    };
-    for (int i = 0; i < 4; ++i) {
-        press(Qt::Key_Tab);
-        QVERIFY2(isAt(i), qPrintable(QString::number(i)));
-    }
-    press(Qt::Key_Backtab, Qt::ShiftModifier);
-    QVERIFY(isAt(2));
-    press(Qt::Key_F6);
-    auto *const button = qobject_cast<QToolButton *>(QApplication::focusWidget());
-    QVERIFY(button != nullptr && button->isEnabled());
-    press(Qt::Key_F6);
-    QCOMPARE(QApplication::focusWidget(), list);
-    press(Qt::Key_F6);
-    QVERIFY(isAt(2));
-    // A layout with other viewers; those that stay and those that come, in its order.
-    QVERIFY(fixture.window().setLayoutByName(QStringLiteral("1+3")));
-    list->setFocus();
-    for (int i = 0; i < 4; ++i) {
-        press(Qt::Key_Tab);
-        QVERIFY2(isAt(i), qPrintable(QString::number(i)));
-    }
-    press(Qt::Key_F6, Qt::ShiftModifier);
-    QCOMPARE(QApplication::focusWidget(), list);
-}
-
-void tst_Tools::everyLayoutHasATool()
-{
-    WindowFixture fixture;
-    for (const QString &name : LayoutTable::names()) {
-        ExTool &choice = tool(qPrintable(QLatin1String("Layout.") % name));
-        choice.setActive(true);
-        QCOMPARE(fixture.workstation().layouts().current(), name);
-        choice.getUI()->action()->trigger(); // Once more changes nothing.
-        QCOMPARE(fixture.workstation().layouts().current(), name);
-        QVERIFY(choice.getUI()->action()->isChecked());
-    }
-}
-
-void tst_Tools::invertedInLinkedViewers()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    const auto grey = [&](int i, const McVec3d &point) {
-        const QPoint at = fixture.slice(i).positionOf(point).toPoint();
-        return qGray(fixture.slice(i).widget()->frame().pixel(at));
-    };
-    const auto centers = [&] {
-        return QList<int>{grey(0, fixture.slice(0).shownSlice().center()),
-            grey(1, fixture.slice(1).shownSlice().center())};
-    };
-    const QList<int> before = centers();
-    tool("View.Invert").setActive(true);
-    fixture.settle();
-    QCOMPARE(centers(), (QList<int>{255 - before[0], 255 - before[1]}));
-    QCOMPARE(qGray(fixture.slice(0).widget()->frame().pixel(2, 2)), 0); // outside the volume
-    QVERIFY(fixture.slice(0)
-                .overlayContent()
-                .corners[OverlayContent::BottomRight]
-                .constFirst()
-                .endsWith(QStringLiteral("inverted")));
-    tool("View.Reset").setActive(true);
-    fixture.settle();
-    QCOMPARE(centers(), before);
-}
-
-void tst_Tools::flipped_data()
-{
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("letters"); // left, right, top, bottom
-    QTest::addColumn<bool>("isMirrored");
-    QTest::newRow("horizontally") << "View.FlipHorizontal"
-                                  << "LRAP" << true;
-    QTest::newRow("vertically") << "View.FlipVertical"
-                                << "RLPA" << true;
-    QTest::newRow("both") << "View.FlipHorizontal View.FlipVertical"
-                          << "LRPA" << false;
-}
-
-void tst_Tools::flipped()
-{
-    QFETCH(const QString, keys);
-    QFETCH(const QString, letters);
-    QFETCH(const bool, isMirrored);
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    SliceViewer &viewer = fixture.slice(0);
-    viewer.scrollTo(PhantomSeries::ball);
-    fixture.settle();
-    const QImage before = viewer.widget()->frame();
-    const bool across = keys.contains(QStringLiteral("Horizontal"));
-    const bool down = keys.contains(QStringLiteral("Vertical"));
-    for (const QString &key : keys.split(u' ')) {
-        tool(qPrintable(key)).setActive(true);
-    }
-    fixture.settle();
-    QCOMPARE(viewer.widget()->frame(), before.mirrored(across, down));
-    const OverlayContent content = viewer.overlayContent();
-    QCOMPARE(
-        content.letters[0] + content.letters[1] + content.letters[2] + content.letters[3], letters);
-    QCOMPARE(content.warnings.contains(QStringLiteral("mirrored")), isMirrored);
-    // Scrolling goes on in its direction, and what lies under a point is told rightly.
-    const int index = viewer.sliceIndex();
-    WindowFixture::wheel(viewer, -1);
-    QCOMPARE(viewer.sliceIndex(), index + 1);
-    const QPointF place = viewer.positionOf(PhantomSeries::ball);
-    QVERIFY(
-        (viewer.patientAt(place) - PhantomSeries::ball).dot(viewer.shownSlice().right()) < 1e-6);
-    QCOMPARE(place.x() < viewer.widget()->width() / 2.0, across);
-    tool("View.Reset").setActive(true);
-    QVERIFY(!viewer.isFlipped(Qt::Horizontal) && !viewer.isFlipped(Qt::Vertical));
-}
-
-void tst_Tools::cinePlaysAllPhases()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial, "phases", 3));
-    KxPropertyPool::instance().find<int>("Cine.FramesPerSecond")->change(30);
-    SliceViewer &viewer = fixture.slice(0);
-    viewer.setZoom(3);
-    QStringList log;
-    const McHandle<NotificationWatch> watch(new NotificationWatch(
-        {ExNotification::CINE_START, ExNotification::CINE_STOP, ExNotification::TIMESERIES_CHANGED},
-        [&](const ExNotification &notification) {
-            if (notification.viewer() == &viewer) {
-                log += notification.type() == ExNotification::TIMESERIES_CHANGED
-                    ? QString::number(viewer.phase())
-                    : QString::fromLatin1(ExNotification::Type2String(notification.type()));
-            }
-        }));
-    ExTool &cine = tool("Phase.Cine");
-    cine.setActive(true);
-    QTRY_VERIFY(log.size() >= 5);
-    QVERIFY(cine.isActive());
-    QCOMPARE(log.mid(0, 5),
-        (QStringList{QStringLiteral("CINE_START"), QStringLiteral("1"), QStringLiteral("2"),
-            QStringLiteral("0"), QStringLiteral("1")}));
-    QCOMPARE(viewer.zoom(), 3.0); // The first phase is seen from where the last one was.
-    viewer.setSeries(PhantomSeries::make(Grid::Axial, "other"));
-    QVERIFY(!cine.isActive());
-    QCOMPARE(log.constLast(), QStringLiteral("CINE_STOP"));
-    QVERIFY(!cine.isEnabled(&viewer)); // It has one phase.
-}
-
-void tst_Tools::pictureOfViewer()
-{
-    WindowFixture fixture;
-    fixture.show(PhantomSeries::make(Grid::Axial));
-    const QString name = WindowFixture::settings().path("viewer.png");
-    const auto saveAs = [&](const QString &file) {
-        const NextDialog dialog([&file](QWidget &box) {
-            auto *const chooser = qobject_cast<QFileDialog *>(&box);
-            if (chooser == nullptr) {
-                QTest::keyClick(&box, Qt::Key_Escape); // the message that it cannot be written
-                return;
-            }
-            chooser->findChild<QLineEdit *>()->setText(file);
-            QMetaObject::invokeMethod(chooser, "accept");
+        QLineEdit line(fixture.window().centralWidget());
+        line.show();
+        line.setFocus();
+        QTRY_COMPARE(QApplication::focusWidget(), &line);
+        QTest::keyClick(fixture.window().windowHandle(), Qt::Key_H);
+        QCOMPARE(line.text(), u"h"_s);
+        QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
+        const NextDialog dialog([&](QWidget &box) {
+            QTest::keyClick(box.windowHandle(), Qt::Key_H);
+            QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
         });
-        tool("File.SaveViewer").setActive(true);
-        return dialog.hasAppeared();
-    };
-    QVERIFY(saveAs(name));
-    const QImage saved(name);
-    QCOMPARE(saved.size(), fixture.slice(0).widget()->pixelSize());
-    QCOMPARE(saved.convertToFormat(QImage::Format_RGB32),
-        fixture.slice(0).widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
-}
+        WorkstationApplication::instance().propertyBrowser({}, {}, {}, true);
+        QVERIFY(dialog.hasAppeared());
+        QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
+    }
+
+    void altOpensMenus()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        for (const QAction *action : fixture.window().menuBar()->actions()) {
+            const QString letter = action->text().section(u'&', 1).left(1).toUpper();
+            QTest::keyClick(fixture.window().windowHandle(),
+                static_cast<Qt::Key>(letter.at(0).unicode()), Qt::AltModifier);
+            QVERIFY2(action->menu()->isVisible(), qPrintable(letter));
+            action->menu()->close();
+        }
+    }
+
+    void keyboardChoosesTheActiveViewer()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        auto *const list = fixture.window().findChild<StudyTree *>();
+        list->setFocus();
+        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+            QTest::keyClick(fixture.window().windowHandle(), key, modifiers);
+        };
+        const auto isAt = [&](int i) {
+            const WorkstationViewer *const viewer
+                = fixture.workstation().viewers()[static_cast<std::size_t>(i)];
+            return fixture.workstation().activeViewer() == viewer
+                && QApplication::focusWidget() == viewer->widget();
+        };
+        for (int i = 0; i < 4; ++i) {
+            press(Qt::Key_Tab);
+            QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+        }
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(isAt(2));
+        press(Qt::Key_F6);
+        auto *const button = qobject_cast<QToolButton *>(QApplication::focusWidget());
+        QVERIFY(button != nullptr && button->isEnabled());
+        press(Qt::Key_F6);
+        QCOMPARE(QApplication::focusWidget(), list);
+        press(Qt::Key_F6);
+        QVERIFY(isAt(2));
+        // A layout with other viewers; those that stay and those that come, in its order.
+        QVERIFY(fixture.window().setLayoutByName(QStringLiteral("1+3")));
+        list->setFocus();
+        for (int i = 0; i < 4; ++i) {
+            press(Qt::Key_Tab);
+            QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+        }
+        press(Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget(), list);
+    }
+
+    void everyLayoutHasATool()
+    {
+        WindowFixture fixture;
+        for (const QString &name : LayoutTable::names()) {
+            ExTool &choice = tool(qPrintable(QLatin1String("Layout.") % name));
+            choice.setActive(true);
+            QCOMPARE(fixture.workstation().layouts().current(), name);
+            choice.getUI()->action()->trigger(); // Once more changes nothing.
+            QCOMPARE(fixture.workstation().layouts().current(), name);
+            QVERIFY(choice.getUI()->action()->isChecked());
+        }
+    }
+
+    void invertedInLinkedViewers()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        const auto grey = [&](int i, const McVec3d &point) {
+            const QPoint at = fixture.slice(i).positionOf(point).toPoint();
+            return qGray(fixture.slice(i).widget()->frame().pixel(at));
+        };
+        const auto centers = [&] {
+            return QList<int>{grey(0, fixture.slice(0).shownSlice().center()),
+                grey(1, fixture.slice(1).shownSlice().center())};
+        };
+        const QList<int> before = centers();
+        tool("View.Invert").setActive(true);
+        fixture.settle();
+        QCOMPARE(centers(), (QList<int>{255 - before[0], 255 - before[1]}));
+        QCOMPARE(qGray(fixture.slice(0).widget()->frame().pixel(2, 2)), 0); // outside the volume
+        QVERIFY(fixture.slice(0)
+                    .overlayContent()
+                    .corners[OverlayContent::BottomRight]
+                    .constFirst()
+                    .endsWith(u"inverted"_s));
+        tool("View.Reset").setActive(true);
+        fixture.settle();
+        QCOMPARE(centers(), before);
+    }
+
+    void flipped_data()
+    {
+        // letters: left, right, top, bottom
+        const Rows<QString, QString, bool> row("keys", "letters", "isMirrored");
+        row("horizontally", "View.FlipHorizontal", "LRAP", true);
+        row("vertically", "View.FlipVertical", "RLPA", true);
+        row("both", "View.FlipHorizontal View.FlipVertical", "LRPA", false);
+    }
+
+    void flipped()
+    {
+        QFETCH(const QString, keys);
+        QFETCH(const QString, letters);
+        QFETCH(const bool, isMirrored);
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        SliceViewer &viewer = fixture.slice(0);
+        viewer.scrollTo(PhantomSeries::ball);
+        fixture.settle();
+        const QImage before = viewer.widget()->frame();
+        const bool across = keys.contains(u"Horizontal"_s);
+        const bool down = keys.contains(u"Vertical"_s);
+        for (const QString &key : keys.split(u' ')) {
+            tool(qPrintable(key)).setActive(true);
+        }
+        fixture.settle();
+        QCOMPARE(viewer.widget()->frame(), before.mirrored(across, down));
+        const OverlayContent content = viewer.overlayContent();
+        QCOMPARE(content.letters[0] + content.letters[1] + content.letters[2] + content.letters[3],
+            letters);
+        QCOMPARE(content.warnings.contains(u"mirrored"_s), isMirrored);
+        // Scrolling goes on in its direction, and what lies under a point is told rightly.
+        const int index = viewer.sliceIndex();
+        WindowFixture::wheel(viewer, -1);
+        QCOMPARE(viewer.sliceIndex(), index + 1);
+        const QPointF place = viewer.positionOf(PhantomSeries::ball);
+        QVERIFY((viewer.patientAt(place) - PhantomSeries::ball).dot(viewer.shownSlice().right())
+            < 1e-6);
+        QCOMPARE(place.x() < viewer.widget()->width() / 2.0, across);
+        tool("View.Reset").setActive(true);
+        QVERIFY(!viewer.isFlipped(Qt::Horizontal) && !viewer.isFlipped(Qt::Vertical));
+    }
+
+    void cinePlaysAllPhases()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial, "phases", 3));
+        KxPropertyPool::instance().find<int>("Cine.FramesPerSecond")->change(30);
+        SliceViewer &viewer = fixture.slice(0);
+        viewer.setZoom(3);
+        QStringList log;
+        const McHandle<NotificationWatch> watch(
+            new NotificationWatch({ExNotification::CINE_START, ExNotification::CINE_STOP,
+                                      ExNotification::TIMESERIES_CHANGED},
+                [&](const ExNotification &notification) {
+                    if (notification.viewer() == &viewer) {
+                        log += notification.type() == ExNotification::TIMESERIES_CHANGED
+                            ? QString::number(viewer.phase())
+                            : QString::fromLatin1(ExNotification::Type2String(notification.type()));
+                    }
+                }));
+        ExTool &cine = tool("Phase.Cine");
+        cine.setActive(true);
+        QTRY_VERIFY(log.size() >= 5);
+        QVERIFY(cine.isActive());
+        QCOMPARE(log.mid(0, 5), (QStringList{u"CINE_START"_s, u"1"_s, u"2"_s, u"0"_s, u"1"_s}));
+        QCOMPARE(viewer.zoom(), 3.0); // The first phase is seen from where the last one was.
+        viewer.setSeries(PhantomSeries::make(Grid::Axial, "other"));
+        QVERIFY(!cine.isActive());
+        QCOMPARE(log.constLast(), u"CINE_STOP"_s);
+        QVERIFY(!cine.isEnabled(&viewer)); // It has one phase.
+    }
+
+    void pictureOfViewer()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(Grid::Axial));
+        const QString name = WindowFixture::settings().path("viewer.png");
+        const auto saveAs = [&](const QString &file) {
+            const NextDialog dialog([&file](QWidget &box) {
+                auto *const chooser = qobject_cast<QFileDialog *>(&box);
+                if (chooser == nullptr) {
+                    QTest::keyClick(&box, Qt::Key_Escape); // the message that it cannot be written
+                    return;
+                }
+                chooser->findChild<QLineEdit *>()->setText(file);
+                QMetaObject::invokeMethod(chooser, "accept");
+            });
+            tool("File.SaveViewer").setActive(true);
+            return dialog.hasAppeared();
+        };
+        QVERIFY(saveAs(name));
+        const QImage saved(name);
+        QCOMPARE(saved.size(), fixture.slice(0).widget()->pixelSize());
+        QCOMPARE(saved.convertToFormat(QImage::Format_RGB32),
+            fixture.slice(0).widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    }
+};
 
 QTEST_MAIN(tst_Tools)
 #include "tst_Tools.moc"

@@ -15,20 +15,139 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// States of a monitor window, and what it tells.
 class tst_ExMonitorWidget : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-    void fullScreenAndBack();
-    void minimizeAndComeBack_data();
-    void minimizeAndComeBack();
-    void commandsOfTheWindowSystem();
-    void closingEndsTheSession();
-    void menuOfTheMainWindow();
+    void init()
+    {
+        qputenv("MOVARA_MONITORS", "800x600");
+        ExMonitorManager &manager = ExMonitorManager::instance();
+        manager.readMonitorConfiguration();
+        manager.setConfiguration(&m_content, {{0}, {}, {100, 100, 400, 300}, false, false});
+        manager.applyConfigurations();
+        m_widget = manager.monitorWidget(&m_content);
+        QPixmap picture(16, 16);
+        picture.fill(Qt::red);
+        m_widget->setWindowIcon(QIcon(picture));
+        m_widget->showNormal(true);
+        QVERIFY(QTest::qWaitForWindowExposed(m_widget));
+        m_recorder = new Recorder(u"bus"_s, m_log,
+            {ExNotification::SCREEN_RECONFIGURE_PRE, ExNotification::SCREEN_RECONFIGURED});
+        m_log.clear();
+        m_application.log.clear();
+    }
+
+    void cleanup()
+    {
+        m_recorder = nullptr;
+        delete m_widget;
+        QCOMPARE(ExMonitorManager::instance().monitorWidget(&m_content), nullptr);
+        ExMonitorManager::instance().removeContent(&m_content);
+    }
+
+    void fullScreenAndBack()
+    {
+        const QStringList switched{u"bus:SCREEN_RECONFIGURE_PRE"_s, u"bus:SCREEN_RECONFIGURED"_s};
+        m_widget->restoreWidget();
+        QCOMPARE(m_log, QStringList());
+
+        m_widget->showFullScreen();
+        QCOMPARE(m_log, switched);
+        QVERIFY(m_widget->isFullScreen());
+        QVERIFY(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint));
+        QCOMPARE(m_widget->geometry(), QRect(0, 0, 800, 600));
+        QVERIFY(m_widget->menuBarAddOn()->isVisible());
+        QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
+
+        m_log.clear();
+        m_widget->menuBarAddOn()->mNormal->click();
+        QCOMPARE(m_log, switched);
+        QVERIFY(!m_widget->isFullScreen());
+        QCOMPARE(m_widget->geometry(), QRect(100, 100, 400, 300));
+        QVERIFY(!m_widget->menuBarAddOn()->isVisible());
+        QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
+    }
+
+    void minimizeAndComeBack_data()
+    {
+        QTest::addColumn<bool>("fullScreen");
+        QTest::newRow("normal") << false;
+        QTest::newRow("full screen") << true;
+    }
+
+    void minimizeAndComeBack()
+    {
+        QFETCH(bool, fullScreen);
+        if (fullScreen) {
+            m_widget->showFullScreen(false);
+        }
+        m_widget->minimizeWidget();
+        QVERIFY(m_widget->isMinimized());
+        QVERIFY(!m_widget->isFullScreen());
+        m_widget->minimizeWidget();
+        m_widget->showStored();
+        QCOMPARE(m_widget->isFullScreen(), fullScreen);
+        QCOMPARE(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint), fullScreen);
+        QVERIFY(!m_widget->isMinimized());
+        QCOMPARE(m_log, QStringList());
+    }
+
+    void commandsOfTheWindowSystem()
+    {
+        QStringList told;
+        connect(
+            m_widget, &ExMonitorWidget::widgetMoved, this, [&told] { told.append(u"moved"_s); });
+        connect(m_widget, &ExMonitorWidget::widgetMaximized, this,
+            [&told] { told.append(u"maximized"_s); });
+        // The window system maximises the window by itself, and tells so.
+        m_widget->setWindowState(Qt::WindowMaximized);
+        QTRY_VERIFY(m_widget->isFullScreen());
+        QCOMPARE(told.mid(0, 2), (QStringList{u"moved"_s, u"maximized"_s}));
+        QCOMPARE(m_log.size(), 2);
+        QVERIFY(!m_widget->isMaximized());
+
+        m_widget->setWindowState(Qt::WindowMinimized);
+        QTRY_VERIFY(!m_widget->isFullScreen());
+        m_widget->setWindowState(Qt::WindowNoState);
+        QTRY_VERIFY(m_widget->isFullScreen());
+        QVERIFY(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint));
+
+        m_widget->restoreWidget();
+        QCOMPARE(m_widget->geometry(), QRect(100, 100, 400, 300));
+    }
+
+    void closingEndsTheSession()
+    {
+        KxBackendPeer::instance()->setReasonToQuit("");
+        m_widget->menuBarAddOn()->mClose->click();
+        QCOMPARE(m_application.log, QStringList{u"quit"_s});
+        QCOMPARE(KxBackendPeer::instance()->reasonToQuit(), std::string("userlogout"));
+        QVERIFY(m_widget->isVisible());
+    }
+
+    void menuOfTheMainWindow()
+    {
+        const auto texts = [this] {
+            const std::unique_ptr<QMenu> menu(m_widget->mainWindow()->createPopupMenu());
+            QStringList names;
+            for (const QAction *const action : menu->actions()) {
+                names.append(action->text() + (action->isChecked() ? u"*" : u""));
+            }
+            return names;
+        };
+        QCOMPARE(texts(), (QStringList{u"Show All*"_s, u"Synchronize with other monitors"_s}));
+        m_widget->toggleToolBars();
+        QCOMPARE(texts().value(0), u"Show All"_s);
+        m_widget->toggleToolBars();
+        m_settings.setPolicy(R"({"deniedTools": ["View.ShowToolBars"]})");
+        QCOMPARE(texts(), QStringList());
+        m_settings.setPolicy("{}");
+    }
 
 private:
     PrivateSettings m_settings;
@@ -38,135 +157,6 @@ private:
     QStringList m_log;
     McHandle<Recorder> m_recorder;
 };
-
-void tst_ExMonitorWidget::init()
-{
-    qputenv("MOVARA_MONITORS", "800x600");
-    ExMonitorManager &manager = ExMonitorManager::instance();
-    manager.readMonitorConfiguration();
-    manager.setConfiguration(&m_content, {{0}, {}, {100, 100, 400, 300}, false, false});
-    manager.applyConfigurations();
-    m_widget = manager.monitorWidget(&m_content);
-    QPixmap picture(16, 16);
-    picture.fill(Qt::red);
-    m_widget->setWindowIcon(QIcon(picture));
-    m_widget->showNormal(true);
-    QVERIFY(QTest::qWaitForWindowExposed(m_widget));
-    m_recorder = new Recorder(QStringLiteral("bus"), m_log,
-        {ExNotification::SCREEN_RECONFIGURE_PRE, ExNotification::SCREEN_RECONFIGURED});
-    m_log.clear();
-    m_application.log.clear();
-}
-
-void tst_ExMonitorWidget::cleanup()
-{
-    m_recorder = nullptr;
-    delete m_widget;
-    QCOMPARE(ExMonitorManager::instance().monitorWidget(&m_content), nullptr);
-    ExMonitorManager::instance().removeContent(&m_content);
-}
-
-void tst_ExMonitorWidget::fullScreenAndBack()
-{
-    const QStringList switched{
-        QStringLiteral("bus:SCREEN_RECONFIGURE_PRE"), QStringLiteral("bus:SCREEN_RECONFIGURED")};
-    m_widget->restoreWidget();
-    QCOMPARE(m_log, QStringList());
-
-    m_widget->showFullScreen();
-    QCOMPARE(m_log, switched);
-    QVERIFY(m_widget->isFullScreen());
-    QVERIFY(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint));
-    QCOMPARE(m_widget->geometry(), QRect(0, 0, 800, 600));
-    QVERIFY(m_widget->menuBarAddOn()->isVisible());
-    QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
-
-    m_log.clear();
-    m_widget->menuBarAddOn()->mNormal->click();
-    QCOMPARE(m_log, switched);
-    QVERIFY(!m_widget->isFullScreen());
-    QCOMPARE(m_widget->geometry(), QRect(100, 100, 400, 300));
-    QVERIFY(!m_widget->menuBarAddOn()->isVisible());
-    QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
-}
-
-void tst_ExMonitorWidget::minimizeAndComeBack_data()
-{
-    QTest::addColumn<bool>("fullScreen");
-    QTest::newRow("normal") << false;
-    QTest::newRow("full screen") << true;
-}
-
-void tst_ExMonitorWidget::minimizeAndComeBack()
-{
-    QFETCH(bool, fullScreen);
-    if (fullScreen) {
-        m_widget->showFullScreen(false);
-    }
-    m_widget->minimizeWidget();
-    QVERIFY(m_widget->isMinimized());
-    QVERIFY(!m_widget->isFullScreen());
-    m_widget->minimizeWidget();
-    m_widget->showStored();
-    QCOMPARE(m_widget->isFullScreen(), fullScreen);
-    QCOMPARE(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint), fullScreen);
-    QVERIFY(!m_widget->isMinimized());
-    QCOMPARE(m_log, QStringList());
-}
-
-void tst_ExMonitorWidget::commandsOfTheWindowSystem()
-{
-    QStringList told;
-    connect(m_widget, &ExMonitorWidget::widgetMoved, this,
-        [&told] { told.append(QStringLiteral("moved")); });
-    connect(m_widget, &ExMonitorWidget::widgetMaximized, this,
-        [&told] { told.append(QStringLiteral("maximized")); });
-    // The window system maximises the window by itself, and tells so.
-    m_widget->setWindowState(Qt::WindowMaximized);
-    QTRY_VERIFY(m_widget->isFullScreen());
-    QCOMPARE(told.mid(0, 2), (QStringList{QStringLiteral("moved"), QStringLiteral("maximized")}));
-    QCOMPARE(m_log.size(), 2);
-    QVERIFY(!m_widget->isMaximized());
-
-    m_widget->setWindowState(Qt::WindowMinimized);
-    QTRY_VERIFY(!m_widget->isFullScreen());
-    m_widget->setWindowState(Qt::WindowNoState);
-    QTRY_VERIFY(m_widget->isFullScreen());
-    QVERIFY(m_widget->windowFlags().testFlag(Qt::FramelessWindowHint));
-
-    m_widget->restoreWidget();
-    QCOMPARE(m_widget->geometry(), QRect(100, 100, 400, 300));
-}
-
-void tst_ExMonitorWidget::closingEndsTheSession()
-{
-    KxBackendPeer::instance()->setReasonToQuit("");
-    m_widget->menuBarAddOn()->mClose->click();
-    QCOMPARE(m_application.log, QStringList{QStringLiteral("quit")});
-    QCOMPARE(KxBackendPeer::instance()->reasonToQuit(), std::string("userlogout"));
-    QVERIFY(m_widget->isVisible());
-}
-
-void tst_ExMonitorWidget::menuOfTheMainWindow()
-{
-    const auto texts = [this] {
-        const std::unique_ptr<QMenu> menu(m_widget->mainWindow()->createPopupMenu());
-        QStringList names;
-        for (const QAction *const action : menu->actions()) {
-            names.append(action->text() + (action->isChecked() ? u"*" : u""));
-        }
-        return names;
-    };
-    QCOMPARE(texts(),
-        (QStringList{
-            QStringLiteral("Show All*"), QStringLiteral("Synchronize with other monitors")}));
-    m_widget->toggleToolBars();
-    QCOMPARE(texts().value(0), QStringLiteral("Show All"));
-    m_widget->toggleToolBars();
-    m_settings.setPolicy(R"({"deniedTools": ["View.ShowToolBars"]})");
-    QCOMPARE(texts(), QStringList());
-    m_settings.setPolicy("{}");
-}
 
 QTEST_MAIN(tst_ExMonitorWidget)
 #include "tst_ExMonitorWidget.moc"

@@ -74,3 +74,13 @@ inline McHandle<FakeViewer> viewerWithVolume()
     viewer->imageSets[0]->appendVolume(new KxVolume({1, 1, 1}, KxVolume::ScalarType::UInt8), {});
     return viewer;
 }
+
+/// The keys of actions; "-" for a separator.
+inline QString names(const QList<QAction *> &actions)
+{
+    QStringList all;
+    for (const QAction *action : actions) {
+        all.append(action->isSeparator() ? QStringLiteral("-") : action->objectName());
+    }
+    return all.join(u' ');
+}

@@ -33,15 +33,6 @@ public:
     }
 };
 
-QString names(const QList<QAction *> &actions)
-{
-    QStringList all;
-    for (const QAction *action : actions) {
-        all.append(action->isSeparator() ? u"-"_s : action->objectName());
-    }
-    return all.join(u' ');
-}
-
 void showActive(QWidget &window)
 {
     window.show();

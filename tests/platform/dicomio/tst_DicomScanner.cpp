@@ -158,6 +158,41 @@ private Q_SLOTS:
             "notes.txt: This is not a DICOM file."_s);
     }
 
+    void valuesOfUndefinedLength()
+    {
+        DicomFixture files;
+        files.addSlice(1, 0);
+        const QByteArray whole = files.read("1.dcm");
+        const auto add = [&](const std::string &name, const QByteArray &items) {
+            QByteArray bytes = whole;
+            // A private element, as devices pass on what they do not know.
+            bytes.insert(bytes.indexOf(QByteArray::fromHex("10001000504e")),
+                QByteArray::fromHex("09000110") + QByteArray("UN\0\0\xff\xff\xff\xff", 8) + items);
+            files.addText(name, bytes);
+        };
+        const QByteArray begin = QByteArray::fromHex("feff00e0ffffffff");
+        const QByteArray value = QByteArray::fromHex("09000210040000004142ffff");
+        const QByteArray itemEnd = QByteArray::fromHex("feff0de000000000");
+        const QByteArray end = QByteArray::fromHex("feffdde000000000");
+        const QByteArray known = QByteArray::fromHex("feff00e00c000000") + value;
+        add("1.dcm", begin + value + itemEnd + known + end);
+        add("deep", begin.repeated(10000));
+        add("item", QByteArray::fromHex("feff00e0ffffff7f") + value + end);
+        add("value", begin + QByteArray::fromHex("09000210ffff36df41424344") + itemEnd + end);
+        // The same further down, in a sequence whose length is known.
+        add("within", known + begin + QByteArray(value).replace(7, 1, "\x70") + itemEnd + end);
+
+        const QString damage = u": The header is damaged: "_s;
+        const QString tooLong = u": Item length exceeds the bytes remaining in file."_s;
+        QCOMPARE(described(DicomScanner::scanNow({files.folder()})),
+            QStringList({u"Doe^Jane/ID1 2.25.1 2.25.1.1 CT: 1"_s,
+                            u"deep"_s % damage % u"Sequences are nested too deeply."_s,
+                            u"item"_s % damage % u"In (FFFE,E000)"_s % tooLong,
+                            u"value"_s % damage % u"In (0009,1002)"_s % tooLong,
+                            u"within"_s % damage % u"In (0009,1002)"_s % tooLong})
+                .join(u'\n'));
+    }
+
     void impossibleSizes()
     {
         DicomFixture files;

@@ -181,28 +181,21 @@ private Q_SLOTS:
     void values_data()
     {
         using Scalar = KxVolume::ScalarType;
-        QTest::addColumn<QString>("changes"); // "attribute=value", separated by blanks
-        QTest::addColumn<int>("stored");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<double>("value");
-        const auto row
-            = [](const char *name, const char *changes, int stored, Scalar type, double value) {
-                  QTest::newRow(name)
-                      << QString::fromLatin1(changes) << stored << static_cast<int>(type) << value;
-              };
-        row("plain", "", 77, Scalar::Int16, 77);
-        row("intercept", "G0028-1052=-1024 G0028-1053=1", 77, Scalar::Int16, -947);
-        row("whole slope", "G0028-1052=10 G0028-1053=3", 77, Scalar::Int16, 241);
+        // changes: "attribute=value", separated by blanks
+        const Rows<QString, int, Scalar, double> row("changes", "stored", "type", "value");
+        row("plain", "", 77, Scalar::Int16, 77.0);
+        row("intercept", "G0028-1052=-1024 G0028-1053=1", 77, Scalar::Int16, -947.0);
+        row("whole slope", "G0028-1052=10 G0028-1053=3", 77, Scalar::Int16, 241.0);
         row("broken slope", "G0028-1052=0 G0028-1053=0.5", 77, Scalar::Float32, 38.5);
-        row("slope of zero", "G0028-1052=5 G0028-1053=0", 77, Scalar::Int16, 82);
-        row("large range", "G0028-1052=0 G0028-1053=100", 77, Scalar::Float32, 7700);
-        row("unsigned 16 bits", "G0028-0101=16 G0028-0102=15", -1, Scalar::Float32, 65535);
-        row("signed 16 bits", "G0028-0101=16 G0028-0102=15 G0028-0103=1", -1, Scalar::Int16, -1);
-        row("signed 12 bits", "G0028-0103=1", 0xfff, Scalar::Int16, -1);
-        row("bits above the stored ones", "", 0xf001, Scalar::Int16, 1);
-        row("low is bright", "G0028-0004=MONOCHROME1", 95, Scalar::Int16, 4000);
+        row("slope of zero", "G0028-1052=5 G0028-1053=0", 77, Scalar::Int16, 82.0);
+        row("large range", "G0028-1052=0 G0028-1053=100", 77, Scalar::Float32, 7700.0);
+        row("unsigned 16 bits", "G0028-0101=16 G0028-0102=15", -1, Scalar::Float32, 65535.0);
+        row("signed 16 bits", "G0028-0101=16 G0028-0102=15 G0028-0103=1", -1, Scalar::Int16, -1.0);
+        row("signed 12 bits", "G0028-0103=1", 0xfff, Scalar::Int16, -1.0);
+        row("bits above the stored ones", "", 0xf001, Scalar::Int16, 1.0);
+        row("low is bright", "G0028-0004=MONOCHROME1", 95, Scalar::Int16, 4000.0);
         row("low is bright, rescaled", "G0028-0004=MONOCHROME1 G0028-1052=-1000 G0028-1053=2", 95,
-            Scalar::Int16, 7000);
+            Scalar::Int16, 7000.0);
     }
 
     void values()
@@ -218,7 +211,7 @@ private Q_SLOTS:
         files.add(
             "a", *attributes, std::vector<std::int16_t>(12, static_cast<std::int16_t>(stored)));
         const Loaded loaded(files.onlySeries());
-        QTEST(static_cast<int>(loaded.volume().scalarType()), "type");
+        QTEST(loaded.volume().scalarType(), "type");
         QTEST(loaded.volume().value(2, 1, 0), "value");
     }
 

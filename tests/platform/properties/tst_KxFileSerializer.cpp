@@ -171,6 +171,7 @@ private Q_SLOTS:
         row("a program's bytes", noise, false);
         row("cut in the middle of a line", QByteArray("UI.A=1\nUI.Colo"), false);
         row("open section", QByteArray("[General\nUI.A=1\n"), false);
+        row("comment within a line", QByteArray("[General]\nUI.A;MoT.Log=1\n"), false);
         row("found by a write", noise, true);
     }
 

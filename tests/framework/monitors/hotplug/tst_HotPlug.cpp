@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ExMonitorManager &manager()
@@ -18,8 +20,8 @@ ExMonitorManager &manager()
 
 bool xrandr(const char *arguments)
 {
-    const int rc = QProcess::execute(
-        QStringLiteral("xrandr"), QString::fromLatin1(arguments).split(QLatin1Char(' ')));
+    const int rc
+        = QProcess::execute(u"xrandr"_s, QString::fromLatin1(arguments).split(QLatin1Char(' ')));
     return rc == 0;
 }
 
@@ -41,12 +43,126 @@ class tst_HotPlug : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void lostDisplay_data();
-    void lostDisplay();
-    void primaryDisplay();
-    void windowStates();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+            QSKIP("Needs an X server with displays to plug in and out (run-with-displays)");
+        }
+        QVERIFY(xrandr("--addmode DUMMY1 1600x1200"));
+        QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
+        QVERIFY(xrandr("--output DUMMY0 --primary"));
+        QTRY_COMPARE(QGuiApplication::screens().size(), 2);
+        manager().readMonitorConfiguration();
+        QCOMPARE(manager().numMonitors(), 2);
+        m_recorder = new Recorder(u"bus"_s, m_log, {ExNotification::MONITOR_CONFIGURATION_CHANGED});
+    }
+
+    void lostDisplay_data()
+    {
+        QTest::addColumn<bool>("fullScreen");
+        QTest::newRow("normal") << false;
+        QTest::newRow("full screen") << true;
+    }
+
+    void lostDisplay()
+    {
+        QFETCH(bool, fullScreen);
+        const QRect home(1400, 100, 700, 500);
+        manager().setConfiguration(&m_studyContent, {{0}, {}, {}, false, false});
+        manager().setConfiguration(&m_viewerContent, {{1}, home, home, fullScreen, false});
+        manager().applyConfigurations();
+        manager().setAllWidgetsVisible(true);
+        ExMonitorWidget *const window = manager().monitorWidget(&m_viewerContent);
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        const QRect before = fullScreen ? QRect(1280, 0, 1600, 1200) : home;
+        QTRY_COMPARE(window->geometry(), before);
+        m_log.clear();
+
+        QVERIFY(xrandr("--output DUMMY1 --off"));
+        QTRY_COMPARE(m_log.size(), 1);
+        QCOMPARE(manager().numMonitors(), 1);
+        QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{0});
+        QCOMPARE(m_viewers.window(), manager().monitorWidget(&m_viewerContent));
+        QTRY_COMPARE(
+            monitorOf(*manager().monitorWidget(&m_viewerContent)), QRect(0, 0, 1280, 1024));
+        QVERIFY(m_viewers.window()->isVisible());
+
+        QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
+        QTRY_COMPARE(m_log.size(), 2);
+        QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{1});
+        ExMonitorWidget *const back = manager().monitorWidget(&m_viewerContent);
+        QVERIFY(back != manager().monitorWidget(&m_studyContent));
+        QTRY_COMPARE(back->geometry(), before);
+        QCOMPARE(back->isFullScreen(), fullScreen);
+        // Nothing more comes of the moves that the window manager makes afterwards.
+        QTest::qWait(1000);
+        QCOMPARE(m_log.size(), 2);
+        QCOMPARE(back->geometry(), before);
+    }
+
+    void primaryDisplay()
+    {
+        m_log.clear();
+        QVERIFY(xrandr("--output DUMMY1 --primary"));
+        QTRY_COMPARE(m_log.size(), 1);
+        QCOMPARE(manager().primaryMonitor(), 1);
+        QVERIFY(xrandr("--output DUMMY0 --primary"));
+        QTRY_COMPARE(m_log.size(), 2);
+        QCOMPARE(manager().primaryMonitor(), 0);
+
+        QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --left-of DUMMY0"));
+        QTRY_COMPARE(m_log.size(), 3);
+        QCOMPARE(manager().primaryMonitor(), 1);
+        // The content follows its display to the left.
+        QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{0});
+        QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
+        QTRY_COMPARE(m_log.size(), 4);
+    }
+
+    void windowStates()
+    {
+        const QRect home(200, 150, 600, 400);
+        manager().setConfiguration(&m_viewerContent, {{0}, home, home, false, true});
+        manager().applyConfigurations();
+        ExMonitorWidget *const window = manager().monitorWidget(&m_viewerContent);
+        window->showNormal(true);
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        QTRY_COMPARE(window->geometry(), home);
+        QPixmap picture(16, 16);
+        picture.fill(Qt::red);
+        window->setWindowIcon(QIcon(picture));
+
+        // The window manager maximises: that is full screen here, and back is where it was.
+        window->QWidget::showMaximized();
+        QTRY_VERIFY(window->isFullScreen());
+        QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
+        QVERIFY(window->windowFlags().testFlag(Qt::FramelessWindowHint));
+        window->restoreWidget();
+        QTRY_COMPARE(window->geometry(), home);
+        for (int i = 0; i < 3; ++i) {
+            window->showFullScreen();
+            QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
+            window->restoreWidget();
+            QTRY_COMPARE(window->geometry(), home);
+        }
+        QVERIFY(!window->windowIcon().isNull());
+
+        window->showFullScreen();
+        QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
+        window->minimizeWidget();
+        QTRY_VERIFY(!window->isFullScreen());
+        // The task bar restores it.
+        window->setWindowState(Qt::WindowNoState);
+        QTRY_VERIFY(window->isFullScreen());
+        QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
+    }
+
+    void cleanupTestCase()
+    {
+        manager().removeContent(&m_viewerContent);
+        manager().removeContent(&m_studyContent);
+        qDeleteAll(manager().monitorWidgets());
+    }
 
 private:
     PrivateSettings m_settings;
@@ -54,130 +170,9 @@ private:
     McHandle<Recorder> m_recorder;
     QWidget m_viewers;
     QWidget m_studies;
-    ExMonitorWidget::SingleMonitorContent m_viewerContent{QStringLiteral("viewers"), &m_viewers};
-    ExMonitorWidget::SingleMonitorContent m_studyContent{QStringLiteral("studies"), &m_studies};
+    ExMonitorWidget::SingleMonitorContent m_viewerContent{u"viewers"_s, &m_viewers};
+    ExMonitorWidget::SingleMonitorContent m_studyContent{u"studies"_s, &m_studies};
 };
-
-void tst_HotPlug::initTestCase()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
-        QSKIP("Needs an X server with displays to plug in and out (run-with-displays)");
-    }
-    QVERIFY(xrandr("--addmode DUMMY1 1600x1200"));
-    QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
-    QVERIFY(xrandr("--output DUMMY0 --primary"));
-    QTRY_COMPARE(QGuiApplication::screens().size(), 2);
-    manager().readMonitorConfiguration();
-    QCOMPARE(manager().numMonitors(), 2);
-    m_recorder = new Recorder(
-        QStringLiteral("bus"), m_log, {ExNotification::MONITOR_CONFIGURATION_CHANGED});
-}
-
-void tst_HotPlug::lostDisplay_data()
-{
-    QTest::addColumn<bool>("fullScreen");
-    QTest::newRow("normal") << false;
-    QTest::newRow("full screen") << true;
-}
-
-void tst_HotPlug::lostDisplay()
-{
-    QFETCH(bool, fullScreen);
-    const QRect home(1400, 100, 700, 500);
-    manager().setConfiguration(&m_studyContent, {{0}, {}, {}, false, false});
-    manager().setConfiguration(&m_viewerContent, {{1}, home, home, fullScreen, false});
-    manager().applyConfigurations();
-    manager().setAllWidgetsVisible(true);
-    ExMonitorWidget *const window = manager().monitorWidget(&m_viewerContent);
-    QVERIFY(QTest::qWaitForWindowExposed(window));
-    const QRect before = fullScreen ? QRect(1280, 0, 1600, 1200) : home;
-    QTRY_COMPARE(window->geometry(), before);
-    m_log.clear();
-
-    QVERIFY(xrandr("--output DUMMY1 --off"));
-    QTRY_COMPARE(m_log.size(), 1);
-    QCOMPARE(manager().numMonitors(), 1);
-    QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{0});
-    QCOMPARE(m_viewers.window(), manager().monitorWidget(&m_viewerContent));
-    QTRY_COMPARE(monitorOf(*manager().monitorWidget(&m_viewerContent)), QRect(0, 0, 1280, 1024));
-    QVERIFY(m_viewers.window()->isVisible());
-
-    QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
-    QTRY_COMPARE(m_log.size(), 2);
-    QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{1});
-    ExMonitorWidget *const back = manager().monitorWidget(&m_viewerContent);
-    QVERIFY(back != manager().monitorWidget(&m_studyContent));
-    QTRY_COMPARE(back->geometry(), before);
-    QCOMPARE(back->isFullScreen(), fullScreen);
-    // Nothing more comes of the moves that the window manager makes afterwards.
-    QTest::qWait(1000);
-    QCOMPARE(m_log.size(), 2);
-    QCOMPARE(back->geometry(), before);
-}
-
-void tst_HotPlug::primaryDisplay()
-{
-    m_log.clear();
-    QVERIFY(xrandr("--output DUMMY1 --primary"));
-    QTRY_COMPARE(m_log.size(), 1);
-    QCOMPARE(manager().primaryMonitor(), 1);
-    QVERIFY(xrandr("--output DUMMY0 --primary"));
-    QTRY_COMPARE(m_log.size(), 2);
-    QCOMPARE(manager().primaryMonitor(), 0);
-
-    QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --left-of DUMMY0"));
-    QTRY_COMPARE(m_log.size(), 3);
-    QCOMPARE(manager().primaryMonitor(), 1);
-    // The content follows its display to the left.
-    QCOMPARE(manager().configuration(&m_viewerContent).monitors, QList<int>{0});
-    QVERIFY(xrandr("--output DUMMY1 --mode 1600x1200 --right-of DUMMY0"));
-    QTRY_COMPARE(m_log.size(), 4);
-}
-
-void tst_HotPlug::windowStates()
-{
-    const QRect home(200, 150, 600, 400);
-    manager().setConfiguration(&m_viewerContent, {{0}, home, home, false, true});
-    manager().applyConfigurations();
-    ExMonitorWidget *const window = manager().monitorWidget(&m_viewerContent);
-    window->showNormal(true);
-    QVERIFY(QTest::qWaitForWindowExposed(window));
-    QTRY_COMPARE(window->geometry(), home);
-    QPixmap picture(16, 16);
-    picture.fill(Qt::red);
-    window->setWindowIcon(QIcon(picture));
-
-    // The window manager maximises: that is full screen here, and back is where it was.
-    window->QWidget::showMaximized();
-    QTRY_VERIFY(window->isFullScreen());
-    QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
-    QVERIFY(window->windowFlags().testFlag(Qt::FramelessWindowHint));
-    window->restoreWidget();
-    QTRY_COMPARE(window->geometry(), home);
-    for (int i = 0; i < 3; ++i) {
-        window->showFullScreen();
-        QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
-        window->restoreWidget();
-        QTRY_COMPARE(window->geometry(), home);
-    }
-    QVERIFY(!window->windowIcon().isNull());
-
-    window->showFullScreen();
-    QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
-    window->minimizeWidget();
-    QTRY_VERIFY(!window->isFullScreen());
-    // The task bar restores it.
-    window->setWindowState(Qt::WindowNoState);
-    QTRY_VERIFY(window->isFullScreen());
-    QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
-}
-
-void tst_HotPlug::cleanupTestCase()
-{
-    manager().removeContent(&m_viewerContent);
-    manager().removeContent(&m_studyContent);
-    qDeleteAll(manager().monitorWidgets());
-}
 
 QTEST_MAIN(tst_HotPlug)
 #include "tst_HotPlug.moc"
