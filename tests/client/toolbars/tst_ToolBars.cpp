@@ -139,7 +139,7 @@ private Q_SLOTS:
 
     void unknownAndDeniedTools()
     {
-        write(
+        writeFile(ToolBars::userFile(),
             "<ToolBars><ToolBar Id='Mine' Label='Mine'>\n"
             "<Separator/><Tool Id='View.Reset'/><Separator/><Tool Id='Phase.Next'/>\n"
             "<Tool Id='No.Such.Tool'/><Separator/><Tool Id='View.Flip'/><Tool Id='View.Invert'/>\n"
