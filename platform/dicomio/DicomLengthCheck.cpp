@@ -145,7 +145,7 @@ private:
     bool holdsElements(const ElementHead &head);
     [[nodiscard]] bool isAtPixels(const ElementHead &head) const
     {
-        return m_open.size() == 1 && head.tag == pixelDataTag;
+        return m_open.size() == 1 && head.tag == pixelDataTag && head.length != 0;
     }
 
     FileBytes m_bytes;
@@ -259,9 +259,7 @@ std::string HeaderWalk::open(const ElementHead &head)
 std::string HeaderWalk::passDefined(const ElementHead &head)
 {
     const bool isTooLong = head.length > m_bytes.size() - m_place - head.size;
-    // Outside of them the parser looks itself; but behind a damaged meta header it would
-    // take what comes for the data set.
-    if (isTooLong && (m_isMeta || m_open.size() > 1)) {
+    if (isTooLong) {
         std::array<char, 80> text{};
         std::snprintf(text.data(), text.size(),
             "In (%04X,%04X): Item length exceeds the bytes remaining in file.", groupOf(head.tag),

@@ -4,8 +4,10 @@
 
 #include <string>
 
-/// Looks through the values of undefined length in the header of @p file, for which the parser
-/// makes room before it knows whether the file holds them. Any thread.
-/// @return why the header must not be parsed: a value in them is longer than what is left of the
-/// file, or they are nested deeper than any device writes. Empty when neither is so.
+/// Looks through the header of @p file, sequences too, for lengths that cannot be. The parser makes
+/// room for values in those of undefined length before it knows whether the file holds them.
+/// Any thread.
+/// @return why the header must not be parsed: a value is longer than what is left of the file,
+/// sequences are nested deeper than any device writes, or the encoding is none that exists. Empty
+/// when nothing of this is so.
 std::string impossibleLengthIn(const McFilename &file);
