@@ -143,14 +143,13 @@ private:
     std::string open(const ElementHead &head);
     std::string passDefined(const ElementHead &head);
     bool holdsElements(const ElementHead &head);
-    [[nodiscard]] bool isAtPixels(const ElementHead &head) const
-    {
-        return m_open.size() == 1 && head.tag == pixelDataTag && head.length != 0;
-    }
+    bool isAtPixels(const ElementHead &head);
 
     FileBytes m_bytes;
     std::int64_t m_place = 0;
     bool m_isMeta = true;
+    std::uint32_t m_previousTag = 0;
+    bool m_isInOrder = true;
     std::string m_transferSyntax;
     /// That of the data set, then those of the values of undefined length around the place.
     std::vector<Encoding> m_open;
@@ -226,6 +225,17 @@ bool HeaderWalk::readExplicit(ElementHead &head, const unsigned char *bytes)
         head.length = number(bytes + 6, 2, isBigEndian);
     }
     return bytes;
+}
+
+/// The parser ends there too, unless the elements are out of order or there are no pixels.
+bool HeaderWalk::isAtPixels(const ElementHead &head)
+{
+    if (m_open.size() > 1) {
+        return false;
+    }
+    m_isInOrder = m_isInOrder && head.tag >= m_previousTag;
+    m_previousTag = head.tag;
+    return m_isInOrder && head.tag == pixelDataTag && head.length != 0;
 }
 
 std::string HeaderWalk::pass(const ElementHead &head)
