@@ -109,8 +109,10 @@ QRect MonitorMath::movedInside(const QRect &rect, const QRect &area)
 
 QRect MonitorMath::middle(const QRect &rect, int percent)
 {
-    const int dx = static_cast<int>(double{1} * rect.width() * (100 - percent) * 0.005);
-    const int dy = static_cast<int>(double{1} * rect.height() * (100 - percent) * 0.005);
+    // Of both sides together, in percent.
+    const double cut = 100 - percent;
+    const int dx = static_cast<int>(rect.width() * cut * 0.005);
+    const int dy = static_cast<int>(rect.height() * cut * 0.005);
     return rect.adjusted(dx, dy, -dx, -dy);
 }
 
