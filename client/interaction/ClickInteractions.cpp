@@ -81,10 +81,17 @@ bool FullscreenInteraction::leave(const ExEvent &event)
 
 void LinkBadgeInteraction::install(ExEventHandler &handler)
 {
+    bind(handler, ExSignal::PRESS, Qt::LeftButton, this, &LinkBadgeInteraction::press, early);
     bind(handler, ExSignal::CLICK, Qt::LeftButton, this, &LinkBadgeInteraction::click, early);
     bind(handler, ExSignal::DOUBLE_CLICK, Qt::LeftButton, this, &LinkBadgeInteraction::doubleClick,
         early);
     bind(handler, ExSignal::PRESS, Qt::Key_L, this, &LinkBadgeInteraction::click);
+}
+
+bool LinkBadgeInteraction::press(const ExEvent &event)
+{
+    const WorkstationViewer *const viewer = viewerOf(event);
+    return viewer != nullptr && isOnBadge(event, *viewer);
 }
 
 bool LinkBadgeInteraction::click(const ExEvent &event)

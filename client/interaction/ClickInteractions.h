@@ -38,6 +38,8 @@ public:
     void install(ExEventHandler &handler) override;
 
 private:
+    /// Tools do not get the release of a click on the badge: they must not start at its press.
+    bool press(const ExEvent &event);
     bool click(const ExEvent &event);
     /// A second, quick click on the badge is another click, not a double click on the viewer.
     bool doubleClick(const ExEvent &event);

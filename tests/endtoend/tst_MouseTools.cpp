@@ -289,6 +289,17 @@ private Q_SLOTS:
         QCOMPARE(list().all().size(), 1U);
     }
 
+    void badgeBelongsToNoTool()
+    {
+        m_fixture->clickBadge(slice(1));
+        m_fixture->drag(slice(1), Qt::LeftButton, {0, 60}, Qt::ControlModifier);
+        QCOMPARE(slice(1).plane(), PlaneKind::Oblique); // not dragged on by the tool of the button
+        QCOMPARE(slice(1).window().width, 2000.0);
+        activate("Measure.Distance");
+        m_fixture->clickBadge(slice(1));
+        QVERIFY(list().all().empty());
+    }
+
     void angle()
     {
         activate("Measure.Angle");
