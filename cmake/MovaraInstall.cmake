@@ -10,13 +10,17 @@ foreach(library IN ITEMS MovaraPlatform MovaraDicomIo MovaraFramework)
         install(TARGETS ${library}
             EXPORT MovaraFrameworkTargets
             LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-            FILE_SET HEADERS DESTINATION "${movara_include_dir}"
-            FILE_SET generated DESTINATION "${movara_include_dir}"
+                COMPONENT runtime NAMELINK_COMPONENT development
+            FILE_SET HEADERS DESTINATION "${movara_include_dir}" COMPONENT development
+            FILE_SET generated DESTINATION "${movara_include_dir}" COMPONENT development
             INCLUDES DESTINATION "${movara_include_dir}")
     endif()
 endforeach()
 
-install(EXPORT MovaraFrameworkTargets NAMESPACE Movara:: DESTINATION "${movara_cmake_dir}")
+install(EXPORT MovaraFrameworkTargets
+    NAMESPACE Movara::
+    DESTINATION "${movara_cmake_dir}"
+    COMPONENT development)
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/MovaraFrameworkConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/MovaraFrameworkConfig.cmake"
@@ -27,4 +31,5 @@ write_basic_package_version_file(
 install(FILES
     "${PROJECT_BINARY_DIR}/MovaraFrameworkConfig.cmake"
     "${PROJECT_BINARY_DIR}/MovaraFrameworkConfigVersion.cmake"
-    DESTINATION "${movara_cmake_dir}")
+    DESTINATION "${movara_cmake_dir}"
+    COMPONENT development)

@@ -7,6 +7,7 @@
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/toolkit/QxApplication.h"
 
+#include <QIcon>
 #include <QTimer>
 
 #include <cstdio>
@@ -63,5 +64,7 @@ int main(int argc, char **argv)
     // What message boxes are titled with.
     QCoreApplication::setApplicationName(QStringLiteral("Movara"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MOVARA_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("movara-workstation"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/movara/movara-workstation.svg")));
     return runWindow(command);
 }

@@ -49,3 +49,19 @@ build()
     [ -t 1 ] || quiet=(--quiet)
     ninja -C "$root/build/$preset" "${quiet[@]}" "$@"
 }
+
+# make_packages PRESET FOLDER: Debian packages of what a preset has built; quiet unless it fails.
+make_packages()
+{
+    local work log
+    work=$(mktemp -d)
+    log=$work/log
+    mkdir -p "$2"
+    if ! cpack --config "$root/build/$1/CPackConfig.cmake" -B "$work" >"$log" 2>&1 \
+        || ! mv "$work"/*.deb "$2"; then
+        cat "$log" >&2
+        rm -rf "$work"
+        return 1
+    fi
+    rm -rf "$work"
+}
