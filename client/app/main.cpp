@@ -1,6 +1,7 @@
 #include "client/app/CommandLine.h"
 #include "client/app/DisplayCheck.h"
 #include "client/app/MainWindow.h"
+#include "client/app/Plugins.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
 #include "client/application/WorkstationApplication.h"
@@ -26,6 +27,7 @@ QStringList argumentList(int argc, char **argv)
 
 int runWindow(const CommandLine &command)
 {
+    const QStringList refused = Plugins::load();
     WorkstationApplication application(command.language);
     DicomHeaderReader::install();
     MainWindow window;
@@ -35,6 +37,9 @@ int runWindow(const CommandLine &command)
     }
     window.setLayoutByName(command.layout);
     window.show();
+    if (command.screenshot.isEmpty()) {
+        Plugins::tell(refused);
+    }
     std::unique_ptr<QObject> run;
     if (!command.benchmark.isEmpty()) {
         run = std::make_unique<ScrollBenchmark>(window, command.paths);

@@ -45,7 +45,9 @@ SvgIconEngine::SvgIconEngine(QString name)
 
 QString SvgIconEngine::fileName(const QString &name)
 {
-    return QLatin1String(":/movara/icons/") % name % QLatin1String(".svg");
+    return name.contains(QLatin1Char('/'))
+        ? name
+        : QLatin1String(":/movara/icons/") % name % QLatin1String(".svg");
 }
 
 void SvgIconEngine::paint(

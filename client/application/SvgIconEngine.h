@@ -9,7 +9,8 @@
 class SvgIconEngine final : public QIconEngine
 {
 public:
-    /// @param name of the file in the resource folder ":/movara/icons", without its ending.
+    /// @param name of the file in the resource folder ":/movara/icons", without its ending, or the
+    /// whole name of another file.
     explicit SvgIconEngine(QString name);
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;

@@ -1,7 +1,7 @@
 #include "client/application/WorkstationDecoration.h"
 
 #include "client/application/SvgIconEngine.h"
-#include "client/application/ToolModule.h"
+#include "framework/tools/ToolModule.h"
 
 #include <QCoreApplication>
 #include <QKeySequence>

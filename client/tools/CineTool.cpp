@@ -1,8 +1,8 @@
-#include "client/application/ToolModule.h"
 #include "client/links/LinkedActions.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ToolModule.h"
 #include "platform/properties/KxPropertyPool.h"
 
 #include <QTimer>

@@ -1,9 +1,9 @@
 #include "client/app/MainWindow.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/toolbars/ToolBars.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/dialogs/ExMessageBox.h"
+#include "framework/tools/ToolModule.h"
 #include "platform/properties/KxPropertyPool.h"
 
 #include <QCoreApplication>

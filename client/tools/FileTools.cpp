@@ -1,6 +1,6 @@
 #include "client/app/MainWindow.h"
-#include "client/application/ToolModule.h"
 #include "client/tools/WorkstationTools.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "client/app/MainWindow.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/tools/ExActionUI.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

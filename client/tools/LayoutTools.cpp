@@ -1,9 +1,9 @@
 #include "client/app/Workstation.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/layout/LayoutTable.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/tools/ExMenuTrigger.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "client/application/ToolModule.h"
 #include "client/links/LinkType.h"
 #include "client/links/ViewerLinks.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/tools/ToolModule.h"
 #include "framework/viewers/ExViewerDB.h"
 
 namespace {

@@ -1,10 +1,10 @@
-#include "client/application/ToolModule.h"
 #include "client/measurements/MeasurementList.h"
 #include "client/measurements/MeasurementTexts.h"
 #include "client/measurements/MeasurementView.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/SliceViewer.h"
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ToolModule.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

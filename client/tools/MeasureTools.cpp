@@ -1,7 +1,7 @@
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/tools/MeasureTool.h"
 #include "client/tools/WorkstationTools.h"
+#include "framework/tools/ToolModule.h"
 
 #include <QCoreApplication>
 

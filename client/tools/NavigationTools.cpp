@@ -1,4 +1,3 @@
-#include "client/application/ToolModule.h"
 #include "client/links/LinkedActions.h"
 #include "client/links/ViewerLinks.h"
 #include "client/tools/DragTool.h"
@@ -6,6 +5,7 @@
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/VolumeViewer.h"
+#include "framework/tools/ToolModule.h"
 #include "framework/viewers/ExViewerDB.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #include "client/app/MainWindow.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/dialogs/ExMessageBox.h"
+#include "framework/tools/ToolModule.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,6 +1,6 @@
-#include "client/application/ToolModule.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/SliceViewer.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

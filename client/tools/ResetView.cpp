@@ -1,8 +1,8 @@
-#include "client/application/ToolModule.h"
 #include "client/links/LinkedActions.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/VolumeViewer.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "client/app/Workstation.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/overlay/OverlaySettings.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -399,6 +399,24 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>PluginLoader</name>
+    <message>
+        <source>It was made for version %1 of Movara, and this is version %2. Install the plug-in that belongs to version %2.</source>
+        <translation>Es wurde für Version %1 von Movara gemacht, und dies ist Version %2. Installieren Sie das Zusatzmodul, das zu Version %2 gehört.</translation>
+    </message>
+    <message>
+        <source>It cannot be loaded: %1</source>
+        <translation>Es kann nicht geladen werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Plugins</name>
+    <message>
+        <source>Some plug-ins were not loaded:</source>
+        <translation>Einige Zusatzmodule wurden nicht geladen:</translation>
+    </message>
+</context>
+<context>
     <name>ProblemsButton</name>
     <message>
         <source>Files that could not be used: %1…</source>

@@ -1,7 +1,7 @@
-#include "client/application/ToolModule.h"
 #include "client/links/LinkedActions.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/SliceViewer.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "client/application/ToolModule.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

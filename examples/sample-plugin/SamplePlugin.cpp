@@ -1,0 +1,101 @@
+// A plug-in of its own: a tool with a setting. Everything is registered from static objects; the
+// workstation runs what is to be done later once its application object is there.
+
+#include "framework/application/ExApplication.h"
+#include "framework/application/PluginInterface.h"
+#include "framework/dialogs/ExMessageBox.h"
+#include "framework/tools/ExTrigger.h"
+#include "framework/tools/ToolModule.h"
+#include "framework/viewers/ExBaseViewer.h"
+#include "platform/properties/KxPropertyPool.h"
+#include "platform/properties/KxTranslationProperty.h"
+#include "platform/render/KxVolume.h"
+
+#include <QCoreApplication>
+#include <QObject>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+/// A setting, kept for the user, beside those of the workstation.
+constexpr char decimalsKey[] = "Sample.Decimals";
+
+const bool isRegistered = KxPropertyPool::addRegisterProperties([](KxPropertyPool &pool) {
+    KxTranslationProperty::translate("Sample", QT_TRANSLATE_NOOP("Property", "Sample Plug-in"));
+    KxTranslationProperty::translate(
+        decimalsKey, QT_TRANSLATE_NOOP("Property", "Decimals of Values"));
+    pool.property<int>(decimalsKey, 1, pool.registrySerializer());
+});
+
+struct Range
+{
+    double least = std::numeric_limits<double>::max();
+    double most = std::numeric_limits<double>::lowest();
+};
+
+Range rangeOf(const KxVolume &volume)
+{
+    Range range;
+    const auto [columns, rows, slices] = volume.dimensions();
+    for (int z = 0; z < slices; ++z) {
+        for (int y = 0; y < rows; ++y) {
+            for (int x = 0; x < columns; ++x) {
+                const double value = volume.value(x, y, z);
+                range.least = std::min(range.least, value);
+                range.most = std::max(range.most, value);
+            }
+        }
+    }
+    return range;
+}
+
+/// Tells the least and the greatest value of the volume in the active viewer.
+class ValuesTool final : public ExTrigger
+{
+public:
+    ValuesTool()
+        : ExTrigger("Sample.Values")
+    {
+        setActivatable(false); // A command: it is not on or off.
+    }
+
+    bool isEnabled(const ExBaseViewer *viewer) const override
+    {
+        return viewer != nullptr && viewer->volume(0) != nullptr;
+    }
+
+    bool process(ExBaseViewer *viewer, bool /*on*/) override
+    {
+        const Range range = rangeOf(*viewer->volume(0));
+        const int decimals = KxPropertyPool::instance().find<int>(decimalsKey)->value();
+        ExMessageBox::info(QCoreApplication::translate("Tools", "Values from %1 to %2 %3")
+                               .arg(range.least, 0, 'f', decimals)
+                               .arg(range.most, 0, 'f', decimals)
+                               .arg(QString::fromStdString(viewer->volume(0)->unit())));
+        return true;
+    }
+};
+
+const ToolModule values(
+    {
+        .key = "Sample.Values",
+        .category = QT_TRANSLATE_NOOP("Tools", "Sample"),
+        .text = QT_TRANSLATE_NOOP("Tools", "Range of &values"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Tell the least and the greatest value"),
+        .description = QT_TRANSLATE_NOOP("Tools", "Of the volume in the active viewer."),
+        .icon = ":/sample/values.svg",
+    },
+    [](int) -> ExTool * { return new ValuesTool; });
+
+} // namespace
+
+/// What makes the library a plug-in of this series of versions.
+class SamplePlugin final : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID MOVARA_PLUGIN_IID)
+};
+
+#include "SamplePlugin.moc"
