@@ -22,9 +22,13 @@ bool inOneRow(const ExDisplayInfo &a, const ExDisplayInfo &b)
     return 2 * shared >= std::min(a.height, b.height);
 }
 
-auto fromTop(const ExDisplayInfo &display)
+/// Rows begin with the display that ends first: one that stands beside two rows then belongs to the
+/// upper one, and does not make one row of both.
+bool endsBefore(const ExDisplayInfo &a, const ExDisplayInfo &b)
 {
-    return std::tie(display.y, display.x, display.name);
+    const int endOfA = a.y + a.height;
+    const int endOfB = b.y + b.height;
+    return std::tie(endOfA, a.y, a.x, a.name) < std::tie(endOfB, b.y, b.x, b.name);
 }
 
 auto fromLeft(const ExDisplayInfo &display)
@@ -34,11 +38,9 @@ auto fromLeft(const ExDisplayInfo &display)
 
 void orderByPosition(std::vector<ExDisplayInfo> &displays)
 {
-    std::sort(displays.begin(), displays.end(),
-        [](const auto &a, const auto &b) { return fromTop(a) < fromTop(b); });
+    std::sort(displays.begin(), displays.end(), endsBefore);
     for (auto row = displays.begin(); row != displays.end();) {
-        // The topmost display left begins a row; those beside it follow it, wherever they are in
-        // the list.
+        // Those beside the first one left follow it, wherever they are in the list.
         const ExDisplayInfo first = *row;
         const auto end = std::stable_partition(
             row, displays.end(), [&](const auto &d) { return inOneRow(first, d); });
