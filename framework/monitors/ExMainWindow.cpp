@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPointer>
 
 #include <memory>
 
@@ -40,11 +41,12 @@ QMenu *ExMainWindow::createPopupMenu()
 void ExMainWindow::contextMenuEvent(QContextMenuEvent *event)
 {
     event->ignore();
-    const std::unique_ptr<QMenu> menu(createPopupMenu());
-    if (menu == nullptr || menu->isEmpty()) {
-        return;
+    // While the menu is open a display may go, and with it this window and its menu.
+    const QPointer<QMenu> menu = createPopupMenu();
+    if (menu != nullptr && !menu->isEmpty()) {
+        menu->move(event->globalPos());
+        menu->exec(event->globalPos());
+        event->accept();
     }
-    menu->move(event->globalPos());
-    menu->exec(event->globalPos());
-    event->accept();
+    delete menu;
 }

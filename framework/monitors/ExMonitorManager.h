@@ -170,7 +170,7 @@ public:
     /// size hint, at least @p minWidth by @p minHeight, in the middle of the monitor. Nothing
     /// without an object name.
     void widgetGeometryRestore(QWidget &widget, const QRect &fallback, int minWidth, int minHeight);
-    /// Centres a dialog about a point, on the screen with that point's corner.
+    /// Centres a dialog about a point, on the screen with its top-left corner, or nearest to it.
     static void positionDialog(QDialog *dialog, const QPoint &centre);
     /// Centres a dialog over its parent; nothing without one.
     static void adjustDialogPosition(QDialog *dialog);

@@ -12,7 +12,28 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace {
+
+/// From a point to the nearest one of a rectangle, squared; 0 inside.
+qint64 distance(const QRect &rect, const QPoint &point)
+{
+    const qint64 dx = qint64{point.x()} - std::clamp(point.x(), rect.left(), rect.right());
+    const qint64 dy = qint64{point.y()} - std::clamp(point.y(), rect.top(), rect.bottom());
+    return dx * dx + dy * dy;
+}
+
+/// The screen with a point, or nearest to it; null without any screen.
+const QScreen *screenNearest(const QPoint &point)
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    const auto nearest = std::min_element(
+        screens.begin(), screens.end(), [&point](const QScreen *a, const QScreen *b) {
+            return distance(a->geometry(), point) < distance(b->geometry(), point);
+        });
+    return nearest == screens.end() ? nullptr : *nearest;
+}
 
 /// Gives new windows the font of their monitor, and new dialogs their place.
 class WindowHook final : public QxNotifyHook
@@ -79,7 +100,8 @@ void ExMonitorManager::widgetGeometryRestore(
     } else if (fallback.isValid()) {
         widget.setGeometry(fallback);
     } else {
-        const QSize size = widget.sizeHint().expandedTo({minWidth, minHeight});
+        const QSize size
+            = widget.sizeHint().expandedTo({std::max(minWidth, 1), std::max(minHeight, 1)});
         widget.setGeometry(
             area.isValid() ? MonitorMath::centred(size, area) : QRect(QPoint(0, 0), size));
     }
@@ -93,10 +115,7 @@ void ExMonitorManager::positionDialog(QDialog *dialog, const QPoint &centre)
     const int width = dialog->frameGeometry().width();
     const int height = dialog->frameGeometry().height();
     QRect place(centre.x() - width / 2, centre.y() - height / 2, width, height);
-    const QScreen *screen = QGuiApplication::screenAt(place.topLeft());
-    if (screen == nullptr) {
-        screen = QGuiApplication::primaryScreen();
-    }
+    const QScreen *const screen = screenNearest(place.topLeft());
     if (screen == nullptr) {
         return;
     }
