@@ -35,7 +35,10 @@ std::map<std::string, RegisteredContent> &contentRegistry()
 /// toolkit knows no such screen.
 QRect freeArea(const QRect &rect, const QRect &monitor)
 {
-    const QScreen *const screen = QGuiApplication::screenAt(rect.center());
+    const QScreen *screen = QGuiApplication::screenAt(rect.center());
+    if (screen == nullptr) {
+        screen = QGuiApplication::screenAt(monitor.center());
+    }
     const QRect area = screen == nullptr ? monitor : screen->availableGeometry() & monitor;
     return area.isValid() ? area : monitor;
 }
@@ -134,15 +137,15 @@ void ExMonitorManager::applyConfigurations()
     const bool onScreen = std::any_of(before.begin(), before.end(),
         [](const ExMonitorWidget *widget) { return widget->isVisible(); });
 
-    QList<ExMonitorWidget *> taken;
+    const std::vector<ExMonitorManagerPrivate::Group> groups = d->groups();
+    QList<ExMonitorWidget *> taken = d->existingWidgets(groups);
     std::vector<std::pair<ExMonitorWidget *, QList<Content *>>> arranged;
-    for (const auto &group : d->groups()) {
-        ExMonitorWidget *widget = d->existingWidget(group, taken);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        ExMonitorWidget *&widget = taken[static_cast<qsizetype>(i)];
         if (widget == nullptr) {
             widget = createMonitorWidget();
         }
-        taken.append(widget);
-        arranged.emplace_back(widget, group.contents);
+        arranged.emplace_back(widget, groups[i].contents);
     }
     for (auto &[widget, shown] : d->widgets) {
         shown.clear();

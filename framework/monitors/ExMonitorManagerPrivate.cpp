@@ -98,19 +98,27 @@ std::vector<ExMonitorManagerPrivate::Group> ExMonitorManagerPrivate::groups() co
     return groups;
 }
 
-ExMonitorWidget *ExMonitorManagerPrivate::existingWidget(
-    const Group &group, const QList<ExMonitorWidget *> &taken) const
+QList<ExMonitorWidget *> ExMonitorManagerPrivate::existingWidgets(
+    const std::vector<Group> &groups) const
 {
-    for (const Content *const content : group.contents) {
-        ExMonitorWidget *const widget = entries.at(content).widget;
-        if (widget != nullptr && !taken.contains(widget)) {
-            return widget;
+    QList<ExMonitorWidget *> found;
+    for (const Group &group : groups) {
+        found.append(nullptr);
+        for (const Content *const content : group.contents) {
+            ExMonitorWidget *const widget = entries.at(content).widget;
+            if (found.last() == nullptr && !found.contains(widget)) {
+                found.last() = widget;
+            }
         }
     }
-    const auto empty = std::find_if(widgets.begin(), widgets.end(), [&taken](const auto &entry) {
-        return entry.second.isEmpty() && !taken.contains(entry.first);
-    });
-    return empty == widgets.end() ? nullptr : empty->first;
+    for (ExMonitorWidget *&place : found) {
+        const auto free = std::find_if(widgets.begin(), widgets.end(),
+            [&found](const auto &entry) { return !found.contains(entry.first); });
+        if (place == nullptr && free != widgets.end()) {
+            place = free->first;
+        }
+    }
+    return found;
 }
 
 void ExMonitorManagerPrivate::hideEmptyWidgets() const

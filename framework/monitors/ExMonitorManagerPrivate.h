@@ -53,10 +53,9 @@ public:
     [[nodiscard]] QList<int> usableMonitors(const Configuration &configuration) const;
     /// Which contents go together, and on which monitors.
     [[nodiscard]] std::vector<Group> groups() const;
-    /// The window for a group: that of its first content that has one, else one without contents.
-    /// @param taken windows that other groups have got.
-    [[nodiscard]] ExMonitorWidget *existingWidget(
-        const Group &group, const QList<ExMonitorWidget *> &taken) const;
+    /// The window for each group: that of its first content that has one, else any that is left;
+    /// null for those that need a new one.
+    [[nodiscard]] QList<ExMonitorWidget *> existingWidgets(const std::vector<Group> &groups) const;
     /// Windows that nothing is shown in any longer.
     void hideEmptyWidgets() const;
     /// Takes the state of the record, when the window is on screen.

@@ -162,8 +162,9 @@ void ExMonitorWidget::doLayout()
     const ExMonitorManager &manager = ExMonitorManager::instance();
     const QList<Content *> contents = manager.contents(this);
     d->makePanes(manager.monitors(this));
+    QList<QWidget *> placed;
     for (ExMonitorWidgetPrivate::Pane &pane : d->panes) {
-        d->fillPane(pane, contents);
+        d->fillPane(pane, contents, placed);
         d->placeToolBars(pane, contents);
     }
     d->layout->activate();
@@ -223,10 +224,9 @@ void ExMonitorWidget::showFullScreen(bool notify)
         const QScopedValueRollback switching(d->isSwitching, true);
         setFlagsKeepingIcon(Qt::Window | Qt::FramelessWindowHint);
         d->state = Qt::WindowFullScreen;
-        ExMonitorManager &manager = ExMonitorManager::instance();
-        setGeometry(manager.fullScreenRect(this));
+        setGeometry(ExMonitorManager::instance().fullScreenRect(this));
         doLayout();
-        manager.activate(activeContent(false));
+        d->bringForward(activeContent(false));
         setCornerWidgetVisible(true);
         QWidget::showNormal();
         MonitorWindowSystem::instance().attach(*this);
@@ -243,13 +243,12 @@ void ExMonitorWidget::showNormal(bool relayout)
     setFlagsKeepingIcon(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
         | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
     setWindowState(Qt::WindowNoState);
-    ExMonitorManager &manager = ExMonitorManager::instance();
-    setGeometry(manager.normalWindowRect(this));
+    setGeometry(ExMonitorManager::instance().normalWindowRect(this));
     setCornerWidgetVisible(false);
     if (relayout) {
         doLayout();
     }
-    manager.activate(activeContent(true));
+    d->bringForward(activeContent(true));
     show();
     MonitorWindowSystem::instance().attach(*this);
 }

@@ -40,6 +40,13 @@ Content *ExMonitorWidgetPrivate::Pane::active() const
     return found == pages.end() ? nullptr : found->content;
 }
 
+bool ExMonitorWidgetPrivate::Pane::shows(const QList<Page> &wanted) const
+{
+    return pages == wanted && std::all_of(pages.begin(), pages.end(), [this](const Page &page) {
+        return page.widget->parentWidget() == stack;
+    });
+}
+
 void ExMonitorWidgetPrivate::Pane::releasePages()
 {
     for (const Page &page : std::as_const(pages)) {
@@ -127,6 +134,13 @@ bool ExMonitorWidgetPrivate::activate(Pane &pane, const Content *content)
     return true;
 }
 
+void ExMonitorWidgetPrivate::bringForward(Content *content)
+{
+    if (!widget.isContentActive(content, widget.activeMainWindow())) {
+        ExMonitorManager::instance().activate(content);
+    }
+}
+
 void ExMonitorWidgetPrivate::makePanes(const QList<int> &monitors)
 {
     const auto count = std::max<qsizetype>(monitors.size(), 1);
@@ -169,21 +183,31 @@ void ExMonitorWidgetPrivate::removeLastPane()
     pane.window->deleteLater();
 }
 
-void ExMonitorWidgetPrivate::fillPane(Pane &pane, const QList<Content *> &contents)
+void ExMonitorWidgetPrivate::fillPane(
+    Pane &pane, const QList<Content *> &contents, QList<QWidget *> &placed)
 {
-    const Content *const active = pane.active();
-    pane.releasePages();
+    QList<Pane::Page> wanted;
     ExMonitorManager &manager = ExMonitorManager::instance();
     for (Content *const content : contents) {
         // Monitors that are not there are left out of what the content is told.
         ExMonitorWidget::Configuration record = manager.configuration(content);
         record.monitors = manager.occupiedMonitors(content);
         QWidget *const page = content->widgetForMonitor(record, pane.monitor);
-        if (page != nullptr) {
-            pane.stack->addWidget(page);
-            pane.pages.append({content, page});
+        if (page != nullptr && !placed.contains(page)) {
+            wanted.append({content, page});
+            placed.append(page);
         }
     }
+    // Taking viewers out and putting them back would lay them out, and show it, twice more.
+    if (pane.shows(wanted)) {
+        return;
+    }
+    const Content *const active = pane.active();
+    pane.releasePages();
+    for (const Pane::Page &page : std::as_const(wanted)) {
+        pane.stack->addWidget(page.widget);
+    }
+    pane.pages = wanted;
     if (QWidget *const page = pane.page(active)) {
         pane.stack->setCurrentWidget(page);
     }

@@ -28,12 +28,15 @@ public:
         {
             Content *content = nullptr;
             QPointer<QWidget> widget;
+
+            friend bool operator==(const Page &, const Page &) = default;
         };
         QList<Page> pages;
         /// What stands in the main window, breaks included, with the content that it belongs to.
         QList<std::pair<Content *, ExMonitorWidget::ToolBar>> toolBars;
 
         [[nodiscard]] QWidget *page(const Content *content) const;
+        [[nodiscard]] bool shows(const QList<Page> &wanted) const;
         /// The content whose page is in front; null when there is none.
         [[nodiscard]] Content *active() const;
         void releasePages();
@@ -52,12 +55,17 @@ public:
     [[nodiscard]] Pane *pane(const QMainWindow *window);
     /// Brings a content to the front of a pane. False when it has no page there.
     bool activate(Pane &pane, const Content *content);
+    /// Has the manager activate a content, unless it is in front of the active main window: what
+    /// lies in front on other monitors then stays.
+    void bringForward(Content *content);
     /// Makes the panes of these monitors; the first one is always there.
     void makePanes(const QList<int> &monitors);
     void addPane();
     void removeLastPane();
-    /// Gives a pane a page for each content that has something to show there.
-    void fillPane(Pane &pane, const QList<Content *> &contents);
+    /// Gives a pane a page for each content that has something to show there. Pages that are there
+    /// already are not touched.
+    /// @param placed widgets that other panes show; those of this one are added.
+    void fillPane(Pane &pane, const QList<Content *> &contents, QList<QWidget *> &placed);
     /// Puts the tool bars of the contents that begin on the pane's monitor in its main window.
     void placeToolBars(Pane &pane, const QList<Content *> &contents);
     void showToolBarsOfActive(const Pane &pane) const;

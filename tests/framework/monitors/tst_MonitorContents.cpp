@@ -139,6 +139,25 @@ private Q_SLOTS:
         manager().applyConfigurations();
         QCOMPARE(manager().monitorWidgets().size(), 3);
         QCOMPARE(manager().monitors(manager().monitorWidget(&narrow)), QList<int>{3});
+
+        // One that another has just left is used, too.
+        Panes late("late");
+        place(narrow, {2});
+        place(late, {3});
+        manager().applyConfigurations();
+        QCOMPARE(manager().monitorWidgets().size(), 3);
+    }
+
+    void oneWidgetStandsOnTheFirstMonitor()
+    {
+        QWidget page;
+        ExMonitorWidget::SingleMonitorContent content(u"single"_s, &page);
+        manager().setConfiguration(&content, {{1, 2}, {}, {}, false, false});
+        manager().applyConfigurations();
+        ExMonitorWidget *const widget = manager().monitorWidget(&content);
+        QVERIFY(widget->mainWindowForMonitor(1)->isAncestorOf(&page));
+        QVERIFY(!widget->isContentActivatable(&content, 2));
+        manager().removeContent(&content);
     }
 
     void monitorsThatAreNotThere()
@@ -181,8 +200,10 @@ private Q_SLOTS:
         QVERIFY(widget->isContentActive(&first, 0));
         QVERIFY(!widget->activateContent(&second, 0));
 
-        widget->doLayout();
+        widget->showFullScreen(false);
+        QVERIFY(widget->isContentActive(&first, 0));
         QVERIFY(widget->isContentActive(&second, 1));
+        widget->hide();
     }
 
     void tracking()
