@@ -155,8 +155,12 @@ void ExMonitorManager::updateFonts()
     for (ExMonitorWidget *const widget : monitorWidgets()) {
         const auto points
             = static_cast<float>(sizeFor(applicationFontKeys, monitorCategory(widget)));
-        QFont font(QApplication::font().family());
-        font.setPointSizeF(static_cast<double>(pointSizeNormalizeTo96dpi(widget, points)));
-        widget->changeFont(font);
+        const float normalized = pointSizeNormalizeTo96dpi(widget, points);
+        // Settings may hold anything; there is no font of such a size.
+        if (normalized > 0) {
+            QFont font(QApplication::font().family());
+            font.setPointSizeF(static_cast<double>(normalized));
+            widget->changeFont(font);
+        }
     }
 }

@@ -64,6 +64,13 @@ private:
     std::map<Corners, int> m_places;
 };
 
+/// Without its fraction, and small enough that a monitor can be grown by it.
+int limited(double length)
+{
+    constexpr double largest = 1 << 29;
+    return static_cast<int>(std::clamp(length, -largest, largest));
+}
+
 bool standsBefore(const QRect &a, const QRect &b)
 {
     return a.top() != b.top() ? a.top() < b.top() : a.left() < b.left();
@@ -110,9 +117,9 @@ QRect MonitorMath::movedInside(const QRect &rect, const QRect &area)
 QRect MonitorMath::middle(const QRect &rect, int percent)
 {
     // Of both sides together, in percent.
-    const double cut = 100 - percent;
-    const int dx = static_cast<int>(rect.width() * cut * 0.005);
-    const int dy = static_cast<int>(rect.height() * cut * 0.005);
+    const double cut = 100.0 - percent;
+    const int dx = limited(rect.width() * cut * 0.005);
+    const int dy = limited(rect.height() * cut * 0.005);
     return rect.adjusted(dx, dy, -dx, -dy);
 }
 
