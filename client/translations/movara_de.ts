@@ -40,6 +40,21 @@
     </message>
 </context>
 <context>
+    <name>Enumeration.HxMovaraImportTab.LoadIncompleteStudies</name>
+    <message>
+        <source>Load If Confirmed, Partnering on OEM Calls</source>
+        <translation>Nach Bestätigung laden, Partner bei OEM-Aufrufen</translation>
+    </message>
+    <message>
+        <source>Load If Confirmed</source>
+        <translation>Nach Bestätigung laden</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+</context>
+<context>
     <name>ExApplication</name>
     <message>
         <source>Help...</source>
@@ -132,6 +147,74 @@
     <message>
         <source>%1 already exists.</source>
         <translation>%1 ist schon vorhanden.</translation>
+    </message>
+</context>
+<context>
+    <name>ImportTab</name>
+    <message>
+        <source>The studies/series you are trying to load do not belong to the locked patient:
+
+</source>
+        <extracomment>The locked patient is the patient that was selected and locked from the webclient. It is not possible to load any other patient as long as this patient is locked.</extracomment>
+        <translation>Die Studien/Serien, die geladen werden sollen, gehören nicht zum gesperrten Patienten:
+
+</translation>
+    </message>
+    <message>
+        <source>Loading prohibited!
+</source>
+        <translation>Laden nicht erlaubt!
+</translation>
+    </message>
+    <message>
+        <source>The studies you are trying to load may be incomplete.
+Do you want to load them anyway?</source>
+        <translation>Die Studien, die geladen werden sollen, sind möglicherweise unvollständig.
+Sollen sie trotzdem geladen werden?</translation>
+    </message>
+    <message>
+        <source>The studies you are trying to load may be incomplete.
+You cannot load them.</source>
+        <translation>Die Studien, die geladen werden sollen, sind möglicherweise unvollständig.
+Sie können nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>There were problems accessing the volume storage.
+Contact your system administrator.</source>
+        <translation>Auf den Volumenspeicher konnte nicht zugegriffen werden.
+Wenden Sie sich an Ihren Systemverwalter.</translation>
+    </message>
+    <message>
+        <source>No appropriate studies or series selected. No data will be loaded.</source>
+        <translation>Keine geeigneten Studien oder Serien ausgewählt. Es werden keine Daten geladen.</translation>
+    </message>
+    <message>
+        <source>N/A</source>
+        <translation>k. A.</translation>
+    </message>
+    <message>
+        <source>(Name: %1, Date of Birth: %2, ID: %3)</source>
+        <translation>(Name: %1, Geburtsdatum: %2, ID: %3)</translation>
+    </message>
+    <message>
+        <source>(Name: %1, Date of Birth: %2)</source>
+        <translation>(Name: %1, Geburtsdatum: %2)</translation>
+    </message>
+    <message>
+        <source>The studies you are trying to load seem to come from multiple patients.
+
+</source>
+        <translation>Die Studien, die geladen werden sollen, stammen anscheinend von mehreren Patienten.
+
+</translation>
+    </message>
+    <message>
+        <source>Additional %1 patients are not shown in this list.</source>
+        <translation>%1 weitere Patienten sind in dieser Liste nicht aufgeführt.</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>Ignorieren</translation>
     </message>
 </context>
 <context>
@@ -257,6 +340,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>What was open stays open.</source>
         <translation>Was offen war, bleibt offen.</translation>
+    </message>
+    <message>
+        <source>Closed: %1</source>
+        <translation>Geschlossen: %1</translation>
     </message>
 </context>
 <context>

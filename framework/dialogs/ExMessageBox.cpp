@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QPointer>
+#include <QPushButton>
 
 namespace {
 
@@ -98,6 +99,18 @@ bool ExMessageBox::overwriteConfirmation(const QString &fileName, QWidget *paren
 bool ExMessageBox::deleteConfirmation(const QString &text, QWidget *parent)
 {
     return confirm(text, QCoreApplication::translate("ExMessageBox", "Delete"), parent);
+}
+
+bool ExMessageBox::warningConfirmation(
+    const QString &text, const QString &acceptText, QWidget *parent)
+{
+    const QPointer<ExMessageBox> box
+        = new ExMessageBox(Warning, text, Cancel, Cancel, parent, nullString());
+    const QPushButton *const accept = box->addButton(acceptText, AcceptRole);
+    box->run();
+    const bool isAccepted = box != nullptr && box->clickedButton() == accept;
+    delete box;
+    return isAccepted;
 }
 
 QString ExMessageBox::password(

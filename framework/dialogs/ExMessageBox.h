@@ -35,6 +35,10 @@ public:
     static bool overwriteConfirmation(const QString &fileName, QWidget *parent = nullptr);
     /// Asks, with the given text, whether something may be deleted; closing the box says no.
     static bool deleteConfirmation(const QString &text, QWidget *parent = nullptr);
+    /// Warns, and asks with a button of its own text whether to go on all the same; closing the box
+    /// says no.
+    static bool warningConfirmation(
+        const QString &text, const QString &acceptText, QWidget *parent = nullptr);
     /// Asks for a password; empty when the user cancels.
     /// @param generate whether to propose a generated one at once.
     static QString password(

@@ -15,6 +15,9 @@ struct ExLoadInfo
     std::vector<std::string> seriesUids;
     /// The stored volume to load; empty when whole series are.
     std::string volumeUid;
+    /// The series of presentation states in the same study, which tell how its images are to be
+    /// shown. They are not loaded as images and not in the loaded list.
+    std::vector<std::string> presentationSeriesUids;
     /// Where it stands in the directory.
     McHandle<Zel::DicomDirectoryEntry> entry;
 };

@@ -1,13 +1,13 @@
 #include "platform/dicomio/DicomDirectoryBuilder.h"
 
+#include "platform/dicomio/DicomCompleteness.h"
+#include "platform/dicomio/DicomTexts.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <map>
-#include <numeric>
-#include <set>
 #include <string>
 #include <tuple>
 
@@ -94,86 +94,11 @@ std::string otherObjectRemark(const std::string &modality)
     return known != otherObjects.end() ? known->remark : "This series holds no images.";
 }
 
-std::string joined(const std::vector<std::string> &parts)
+void noteMissing(const std::vector<std::string> &missing, DicomDirectoryEntry &entry)
 {
-    constexpr std::size_t most = 8;
-    std::string text;
-    for (std::size_t i = 0; i < std::min(parts.size(), most); ++i) {
-        text.append(i == 0 ? "" : ", ").append(parts[i]);
-    }
-    const std::size_t others = parts.size() - std::min(parts.size(), most);
-    return others > 0 ? text + " and " + std::to_string(others) + " more" : text;
-}
-
-/// Numbers that are missing between the lowest and the highest. Some devices count in even steps.
-std::vector<std::string> missingNumbers(const std::set<int> &numbers)
-{
-    std::vector<std::string> missing;
-    if (numbers.size() < 2) {
-        return missing;
-    }
-    int step = 0;
-    for (auto next = std::next(numbers.begin()); next != numbers.end(); ++next) {
-        step = std::gcd(step, *next - *std::prev(next));
-    }
-    constexpr int most = 1000;
-    auto present = numbers.begin();
-    for (int number = *present; number < *numbers.rbegin(); number += step) {
-        if (number == *present) {
-            ++present;
-        } else if (static_cast<int>(missing.size()) < most) {
-            missing.push_back(std::to_string(number));
-        }
-    }
-    return missing;
-}
-
-void checkInstanceNumbers(const Headers &images, DicomDirectoryEntry &series)
-{
-    std::set<int> numbers;
-    for (const DicomFileHeader *const image : images) {
-        if (image->instanceNumber >= 0) {
-            numbers.insert(image->instanceNumber);
-        }
-    }
-    const std::vector<std::string> missing = missingNumbers(numbers);
-    if (!missing.empty()) {
-        series.setIncomplete();
-        series.addRemark("Images are missing by their numbers: " + joined(missing) + ".");
-    }
-}
-
-void checkAnnounced(int announced, int found, DicomDirectoryEntry &series)
-{
-    if (found < announced) {
-        series.setIncomplete();
-        series.addRemark("Only " + std::to_string(found) + " of " + std::to_string(announced)
-            + " images are there.");
-    }
-}
-
-void checkAnnouncedNumbers(const Headers &files, DicomDirectoryEntry &series)
-{
-    struct Count
-    {
-        int announced = 0;
-        int found = 0;
-    };
-    std::map<std::string, Count> acquisitions;
-    int announced = 0;
-    for (const DicomFileHeader *const file : files) {
-        announced = std::max(announced, file->announcedInSeries);
-        if (file->isImage) {
-            const std::string &number
-                = file->frames.front().phaseText(PhaseAttribute::AcquisitionNumber);
-            Count &count = acquisitions[number];
-            count.announced = std::max(count.announced, file->announcedInAcquisition);
-            count.found += static_cast<int>(file->frames.size());
-        }
-    }
-    checkAnnounced(announced, static_cast<int>(files.size()), series);
-    for (const auto &[number, count] : acquisitions) {
-        checkAnnounced(count.announced, count.found, series);
+    for (const std::string &remark : missing) {
+        entry.setIncomplete();
+        entry.addRemark(remark);
     }
 }
 
@@ -229,7 +154,7 @@ void remarkOnMissingUids(const DicomFileHeader &file, DicomDirectoryEntry &serie
     }
 }
 
-EntryHandle makeSeries(const std::string &uid, const Headers &files)
+EntryHandle makeSeries(const std::string &uid, const Headers &files, const Headers &study)
 {
     EntryHandle series(new DicomDirectoryEntry(DicomDirectoryEntry::Series, uid));
     copyTexts(files, seriesAttributes, *series);
@@ -243,8 +168,7 @@ EntryHandle makeSeries(const std::string &uid, const Headers &files)
             others.append(file->file);
         }
     }
-    checkInstanceNumbers(images, *series);
-    checkAnnouncedNumbers(files, *series);
+    noteMissing(DicomCompleteness::missingFromSeries(files, study), *series);
     addVolumes(images, *series);
     if (images.empty()) {
         series->addRemark(otherObjectRemark(series->modality()));
@@ -271,13 +195,15 @@ EntryHandle makeStudy(const std::string &uid, const Headers &files)
     copyTexts(files, studyAttributes, *study);
     std::vector<EntryHandle> children;
     for (const auto &[seriesUid, group] : grouped(files, seriesKey)) {
-        children.push_back(makeSeries(seriesUid, group));
+        children.push_back(makeSeries(seriesUid, group, files));
     }
     const auto key = [](const DicomDirectoryEntry &series) {
         const std::string &number = series.text(Attribute::SeriesNumber);
         return std::make_tuple(number.empty(), std::strtol(number.c_str(), nullptr, 10),
             series.text(Attribute::SeriesDate) + series.text(Attribute::SeriesTime), series.uid());
     };
+    noteMissing(
+        DicomCompleteness::missingFromStudy(files, static_cast<int>(children.size())), *study);
     appendSorted(children, key, *study);
     return study;
 }
@@ -340,7 +266,7 @@ void remarkOnDuplicates(const Selection &selection, DicomDirectoryEntry &series)
     }
     if (!names.empty()) {
         series.addRemark(
-            "Files that repeat images of this series are left out: " + joined(names) + ".");
+            "Files that repeat images of this series are left out: " + joinedText(names) + ".");
     }
 }
 

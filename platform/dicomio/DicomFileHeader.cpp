@@ -349,6 +349,9 @@ void readIdentity(vtkDICOMMetaData *data, DicomFileHeader &header)
         header.instanceNumber = number.AsInt();
     }
     header.announcedInSeries = data->Get(0, DC::NumberOfSeriesRelatedInstances).AsInt();
+    header.announcedInStudy = data->Get(0, DC::NumberOfStudyRelatedInstances).AsInt();
+    header.announcedSeriesInStudy = data->Get(0, DC::NumberOfStudyRelatedSeries).AsInt();
+    header.isDerived = data->Get(0, DC::ImageType).AsString().rfind("DERIVED", 0) == 0;
     header.announcedInAcquisition = data->Get(0, DC::ImagesInAcquisition).AsInt();
     header.isMediaDirectory = header.text(Attribute::SopClassUid) == "1.2.840.10008.1.3.10"
         || data->Has(DC::DirectoryRecordSequence);

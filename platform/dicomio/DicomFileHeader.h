@@ -79,6 +79,10 @@ struct DicomFileHeader
     int instanceNumber = -1; ///< -1 when unknown
     int announcedInSeries = 0; ///< 0 when the header says nothing
     int announcedInAcquisition = 0;
+    int announcedInStudy = 0;
+    int announcedSeriesInStudy = 0;
+    /// Computed from other images rather than acquired.
+    bool isDerived = false;
     std::vector<DicomFrame> frames; ///< empty when this is no image
 
     [[nodiscard]] const std::string &text(Attribute attribute) const

@@ -302,7 +302,6 @@ void remarkOnUnused(const std::vector<DicomStackImage> &images, const DicomVolum
     }
     const std::size_t unused = images.size() - used.size();
     if (unused > 0) {
-        plan.isComplete = false;
         plan.remarks.push_back(std::to_string(unused)
             + " images lie between the slices of the volume and are not shown.");
     }
@@ -424,12 +423,29 @@ void collectFiles(const DicomPhases &sorted, DicomVolumePlan &plan)
     }
 }
 
-void remarkOnLeftOver(const std::vector<DicomStackImage> &leftOver, DicomVolumePlan &plan)
+/// Whether an image is there a second time, as another instance with the same number.
+bool isCopy(const DicomStackImage &image, const DicomPhases &sorted)
 {
+    const auto isSame = [&image](const DicomStackImage &other) {
+        return other.location == image.location
+            && other.file->instanceNumber == image.file->instanceNumber
+            && other.frame().phaseTexts == image.frame().phaseTexts;
+    };
+    return std::any_of(sorted.phases.begin(), sorted.phases.end(), [&isSame](const auto &phase) {
+        return std::any_of(phase.images.begin(), phase.images.end(), isSame);
+    });
+}
+
+void remarkOnLeftOver(const DicomPhases &sorted, DicomVolumePlan &plan)
+{
+    const std::vector<DicomStackImage> &leftOver = sorted.leftOver;
     if (leftOver.empty()) {
         return;
     }
-    plan.isComplete = false;
+    // Of a phase that is there in part the rest is missing; of a copy nothing is.
+    plan.isComplete = plan.isComplete
+        && std::all_of(leftOver.begin(), leftOver.end(),
+            [&sorted](const DicomStackImage &image) { return isCopy(image, sorted); });
     const bool one = leftOver.size() == 1;
     plan.remarks.push_back(std::to_string(leftOver.size())
         + (one ? " image lies where another one lies, and makes"
@@ -459,7 +475,7 @@ DicomVolumePlan planStack(const std::vector<DicomStackImage> &images)
     DicomVolumePlan plan;
     plan.uid = first.front().file->sopInstanceUid;
     collectFiles(sorted, plan);
-    remarkOnLeftOver(sorted.leftOver, plan);
+    remarkOnLeftOver(sorted, plan);
     const SliceGrid grid = sliceGrid(first);
     placeGrid(grid, first, plan);
     if (refuseIrregular(grid, plan)) {

@@ -61,6 +61,8 @@ QToolButton:pressed { background: @hairline; }
 QToolButton:checked { background: @raised; border-color: @accent; }
 QToolButton:focus { border-color: @text; }
 QToolButton:disabled { color: @disabled; }
+SplitterButton { background: @raised; border: none; border-radius: 0; padding: 0; }
+SplitterButton:hover { background: @panel; }
 QPushButton { background: @raised; border: 1px solid @hairline; border-radius: 4px; min-height: 24px; padding: 0 12px; }
 QPushButton:hover, QPushButton:focus, QPushButton:default { border-color: @accent; }
 QPushButton:pressed { background: @hairline; }

@@ -228,13 +228,22 @@ private Q_SLOTS:
 
     void completeness_data()
     {
-        // Announced are images in acquisition; a complete series has no remark.
+        // Announced: "attribute=value", of all images; a complete series has no remark.
         const Rows<QList<int>, QString, QString> row("numbers", "announced", "remark");
         row("counts up", QList<int>{5, 6, 7}, "", "");
         row("counts in twos", QList<int>{2, 4, 6}, "", "");
+        row("phase and slice", QList<int>{1001, 1002, 1003, 2001, 2002, 2003}, "", "");
         row("gap", QList<int>{1, 2, 5, 6}, "", "Images are missing by their numbers: 3, 4.");
-        row("all announced ones", QList<int>{1, 2}, "2", "");
-        row("fewer than announced", QList<int>{1, 2}, "9", "Only 2 of 9 images are there.");
+        row("slice lost of a phase", QList<int>{101, 102, 201}, "",
+            "Images are missing by their numbers: 103, 104, 105, 106, 107, 108, 109, 110 and 90 "
+            "more.");
+        row("phase lost", QList<int>{101, 102, 301, 302}, "",
+            "Images are missing by their numbers: 103, 104, 105, 106, 107, 108, 109, 110 and 190 "
+            "more.");
+        row("all announced ones", QList<int>{1, 2}, "G0020-1002=2", "");
+        row("acquired", QList<int>{1, 2}, "G0020-1002=9", "Only 2 of 9 images are there.");
+        row("derived", QList<int>{1, 2}, "G0020-1002=9 G0008-0008=DERIVED\\SECONDARY", "");
+        row("in series", QList<int>{1, 2}, "G0020-1209=3", "Only 2 of 3 images are there.");
     }
 
     void completeness()
@@ -244,8 +253,19 @@ private Q_SLOTS:
         QFETCH(const QString, remark);
         DicomFixture files;
         int height = 0;
+        const QByteArrayList said = (announced + u" x=").toLatin1().split(' ');
         for (const int number : numbers) {
-            files.addSlice(number, ++height, {{"G0020-1002", announced.toStdString()}});
+            const auto change = [&said](qsizetype i) {
+                const qsizetype at = said.value(i, said.first()).indexOf('=');
+                return std::pair(said.value(i, said.first()).left(at),
+                    said.value(i, said.first()).mid(at + 1).toStdString());
+            };
+            const auto first = change(0);
+            const auto second = change(said.size() > 2 ? 1 : 0);
+            files.addSlice(number, ++height,
+                {{first.first.isEmpty() ? "G0020-1002" : first.first.constData(), first.second},
+                    {second.first.isEmpty() ? "G0020-1002" : second.first.constData(),
+                        second.second}});
         }
         const QString line = u"Doe^Jane/ID1 2.25.1 2.25.1.1 CT: %1"_s.arg(numbers.size());
         QCOMPARE(describedSeries(*files.onlySeries()).join(u'\n'),
