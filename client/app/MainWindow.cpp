@@ -102,6 +102,10 @@ void MainWindow::connectSession()
                 static_cast<WorkstationViewer &>(*widget->viewer()), uid.toStdString());
         }
     });
+    connect(&m_workstation->gate(), &LoadGate::patientClosed, this, [this](const QString &name) {
+        constexpr int shownMilliseconds = 10000;
+        statusBar()->showMessage(tr("Closed: %1").arg(name), shownMilliseconds);
+    });
     connect(&m_workstation->measurements(), &MeasurementList::changed, this,
         [] { WorkstationApplication::instance().refreshTools(); });
     connect(m_thumbnails, &ThumbnailMaker::made, m_tree, &StudyTree::setThumbnail);

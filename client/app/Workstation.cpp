@@ -23,6 +23,7 @@ Workstation::Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu)
         &m_measurements, &MeasurementList::changed, &area, [this] { updateOverlays(); });
     QObject::connect(&m_session, &StudySession::scanned, &area, [this] { offerSeries(); });
     QObject::connect(&m_session, &StudySession::closed, &area, [this] { offerSeries(); });
+    QObject::connect(&m_session, &StudySession::closed, &m_gate, &LoadGate::closeAll);
 }
 
 Workstation::~Workstation()
@@ -73,16 +74,46 @@ std::vector<SliceViewer *> Workstation::sliceViewers() const
 
 void Workstation::openInAll(const std::string &uid)
 {
+    std::vector<Opening> openings;
     for (WorkstationViewer *viewer : viewers()) {
-        openIn(*viewer, uid);
+        openings.push_back({viewer, uid});
+    }
+    open(openings);
+}
+
+void Workstation::open(const std::vector<Opening> &openings)
+{
+    LoadGate::Entries wanted;
+    for (const Opening &opening : openings) {
+        if (const auto entry = m_session.entry(opening.uid)) {
+            wanted.append(entry);
+        }
+    }
+    const LoadGate::Entries admitted = m_gate.admit(wanted);
+    // While the user was asked viewers may have gone, and studies may have been closed.
+    const std::vector<WorkstationViewer *> all = viewers();
+    for (const Opening &opening : openings) {
+        const auto entry = m_session.entry(opening.uid);
+        const bool isThere = std::find(all.begin(), all.end(), opening.viewer) != all.end();
+        if (isThere && entry && admitted.contains(entry)) {
+            m_session.show(entry, *opening.viewer);
+        }
     }
 }
 
-void Workstation::openIn(WorkstationViewer &viewer, const std::string &uid)
+void Workstation::close(const std::vector<std::string> &uids)
 {
-    if (const auto entry = m_session.entry(uid); entry && entry->isImage()) {
-        m_session.show(entry, viewer);
+    LoadGate::Entries closed;
+    for (const std::string &uid : uids) {
+        if (const auto entry = m_session.entry(uid)) {
+            closed.append(entry);
+            m_session.unload(uid);
+            for (const auto &volume : entry->children()) {
+                m_session.unload(volume->uid());
+            }
+        }
     }
+    m_gate.close(closed);
 }
 
 bool Workstation::isSettled() const

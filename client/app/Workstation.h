@@ -4,6 +4,7 @@
 #include "client/layout/ViewerLayouts.h"
 #include "client/layout/WorkstationScreen.h"
 #include "client/links/ViewerLinks.h"
+#include "client/loading/LoadGate.h"
 #include "client/loading/StudySession.h"
 #include "client/measurements/MeasurementList.h"
 #include "client/viewers/WorkstationViewerManager.h"
@@ -27,6 +28,7 @@ public:
     Workstation &operator=(const Workstation &) = delete;
 
     [[nodiscard]] StudySession &session() { return m_session; }
+    [[nodiscard]] LoadGate &gate() { return m_gate; }
     [[nodiscard]] ViewerLayouts &layouts() { return m_layouts; }
     [[nodiscard]] MeasurementList &measurements() { return m_measurements; }
     [[nodiscard]] WorkstationScreen &screen() { return m_screen; }
@@ -36,10 +38,20 @@ public:
     [[nodiscard]] std::vector<WorkstationViewer *> viewers() const;
     [[nodiscard]] std::vector<SliceViewer *> sliceViewers() const;
 
-    /// Opens a series, or one of its volumes, in all viewers or in one. Unknown identifiers are
-    /// ignored.
+    /// A series, or one of its volumes, and the viewer in which to open it.
+    struct Opening
+    {
+        WorkstationViewer *viewer = nullptr;
+        std::string uid;
+    };
+    /// Opens series as far as the gate lets them pass, which may ask the user, once for all of
+    /// them. Unknown identifiers are ignored.
+    void open(const std::vector<Opening> &openings);
+    /// Opens one in all viewers.
     void openInAll(const std::string &uid);
-    void openIn(WorkstationViewer &viewer, const std::string &uid);
+    void openIn(WorkstationViewer &viewer, const std::string &uid) { open({{&viewer, uid}}); }
+    /// Closes series or volumes: they go out of the viewers and out of memory, but stay listed.
+    void close(const std::vector<std::string> &uids);
     /// Whether nothing is being read and every viewer shows its final image.
     [[nodiscard]] bool isSettled() const;
 
@@ -54,5 +66,6 @@ private:
     WorkstationViewerManager m_manager;
     ViewerLayouts m_layouts;
     InteractionSet m_interactions;
+    LoadGate m_gate;
     StudySession m_session;
 };

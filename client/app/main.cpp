@@ -5,7 +5,6 @@
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
 #include "client/application/WorkstationApplication.h"
-#include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/toolkit/QxApplication.h"
 
 #include <QIcon>
@@ -29,12 +28,13 @@ int runWindow(const CommandLine &command)
 {
     const QStringList refused = Plugins::load();
     WorkstationApplication application(command.language);
-    DicomHeaderReader::install();
     MainWindow window;
     application.setDefaultStyle();
     if (command.size.isValid()) {
         window.resize(command.size);
     }
+    window.workstation().gate().setUnattended(
+        !command.screenshot.isEmpty() || !command.benchmark.isEmpty());
     window.setLayoutByName(command.layout);
     window.show();
     if (command.screenshot.isEmpty()) {

@@ -3,6 +3,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QUrl>
 
 const QString ViewerArea::seriesMimeType = QStringLiteral("application/x-movara-series");
@@ -31,8 +32,11 @@ void ViewerArea::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
     if (event->mimeData()->hasFormat(seriesMimeType)) {
-        Q_EMIT seriesDropped(QString::fromUtf8(event->mimeData()->data(seriesMimeType)),
-            childAt(event->position().toPoint()));
+        const QString uid = QString::fromUtf8(event->mimeData()->data(seriesMimeType));
+        const QPointer<QWidget> target = childAt(event->position().toPoint());
+        // Opening may ask the user, which the drag must not wait for.
+        QMetaObject::invokeMethod(
+            this, [this, uid, target] { Q_EMIT seriesDropped(uid, target); }, Qt::QueuedConnection);
         return;
     }
     QStringList paths;

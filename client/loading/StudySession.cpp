@@ -125,14 +125,41 @@ void StudySession::clear()
     qDeleteAll(m_loads);
     m_loads.clear();
     for (WorkstationViewer *viewer : viewers()) {
-        if (viewer->volume(0) != nullptr) {
-            ExNotifiable::notify({ExNotification::ABOUT_TO_DELETE_VOLUME, viewer});
-        }
-        viewer->setSeries(nullptr);
+        empty(*viewer);
     }
     m_series.clear();
     m_found = {};
     Q_EMIT closed();
+}
+
+void StudySession::empty(WorkstationViewer &viewer)
+{
+    if (viewer.volume(0) != nullptr) {
+        ExNotifiable::notify({ExNotification::ABOUT_TO_DELETE_VOLUME, &viewer});
+    }
+    viewer.setSeries(nullptr);
+}
+
+void StudySession::unload(const std::string &uid)
+{
+    const auto found = m_series.find(uid);
+    if (found == m_series.end()) {
+        return;
+    }
+    const McHandle<LoadedSeries> series = found->second;
+    m_series.erase(found);
+    const auto load = std::find_if(m_loads.begin(), m_loads.end(),
+        [&series](const SeriesLoad *each) { return &each->series() == series.get(); });
+    if (load != m_loads.end()) {
+        delete *load;
+        m_loads.erase(load);
+    }
+    for (WorkstationViewer *viewer : viewers()) {
+        if (viewer->series() == series.get()) {
+            empty(*viewer);
+        }
+    }
+    tellBusy();
 }
 
 McHandle<StudySession::Entry> StudySession::entry(const std::string &uid) const

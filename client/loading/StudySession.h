@@ -52,6 +52,9 @@ public:
 
     /// Shows a series, or one of its volumes, in a viewer; reading starts when it has not yet.
     void show(const McHandle<Entry> &entry, WorkstationViewer &viewer);
+    /// Takes a series, or the volume of one, out of the viewers and forgets what was read of it; it
+    /// stays listed. Unknown identifiers are ignored.
+    void unload(const std::string &uid);
     /// Whether the series is, or is being, loaded.
     [[nodiscard]] bool isLoaded(const std::string &uid) const;
 
@@ -71,6 +74,8 @@ private:
     void scanEnded();
     /// Takes everything out of the viewers and forgets it.
     void clear();
+    /// Takes what is shown out of these viewers, telling it first.
+    static void empty(WorkstationViewer &viewer);
     McHandle<LoadedSeries> load(const McHandle<Entry> &entry);
     void startLoad(SeriesLoad &load);
     void loadChanged(LoadedSeries &series);

@@ -5,11 +5,13 @@
 #include "client/panels/StudyTree.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/NextDialog.h"
 #include "tests/support/Rows.h"
 
 #include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -27,6 +29,11 @@ bool showsBright(const WorkstationViewer &viewer)
 {
     const QImage &frame = viewer.widget()->frame();
     return !frame.isNull() && qGray(frame.pixel(frame.rect().center())) == 255;
+}
+
+void clickOk(QWidget &dialog)
+{
+    dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Ok)->click();
 }
 
 } // namespace
@@ -101,7 +108,7 @@ private Q_SLOTS:
         QVERIFY(enter.isAccepted());
         QDropEvent drop(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&area, &drop);
-        QCOMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
+        QTRY_COMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
         QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
         QTRY_VERIFY(m_fixture->workstation().isSettled());
     }
@@ -110,13 +117,79 @@ private Q_SLOTS:
     {
         for (int phase = 1; phase <= 3; ++phase) {
             for (int z = 0; z < 2; ++z) {
-                m_files->addSlice(10 * phase + z, 4 * z, {{"G0020-0012", std::to_string(phase)}});
+                m_files->addSlice(100 * phase + z, 4 * z, {{"G0020-0012", std::to_string(phase)}});
             }
         }
         openAndWait();
         QCOMPARE(viewer(0).numPhases(), 3);
         QCOMPARE(m_fixture->slice(0).stack().count(), 2);
         QVERIFY(treeTexts().last().endsWith(u"images: 6, phases: 3"_s));
+    }
+
+    void patientsAreNotMixedUnasked()
+    {
+        addPatient("A", 1);
+        addPatient("B", 2);
+        addPatient("C", 3);
+        openAndWait();
+        QCOMPARE(viewer(0).series()->uid(), std::string("2.25.3.1")); // The largest one.
+        Workstation &workstation = m_fixture->workstation();
+        QStringList log;
+        const QSignalSpy closed(&workstation.gate(), &LoadGate::patientClosed);
+        const auto openIn = [&](std::size_t i, const char *uid, const char *button) {
+            const NextDialog dialog([&](QWidget &shown) {
+                auto &box = dynamic_cast<QMessageBox &>(shown);
+                log += box.text().section(u'\n', 2).replace(u'\n', u'|');
+                for (QAbstractButton *each : box.buttons()) {
+                    if (each->text().remove(u'&') == QLatin1String(button)) {
+                        each->click();
+                        return;
+                    }
+                }
+                box.reject(); // Not expected.
+            });
+            workstation.openIn(viewer(i), uid);
+            log += QString::fromStdString(viewer(i).series() ? viewer(i).series()->uid() : "-");
+        };
+        openIn(1, "2.25.1.1", "Cancel");
+        openIn(1, "2.25.1.1", "Ignore");
+        openIn(2, "2.25.1.1", "none"); // Open already.
+        openIn(2, "2.25.2.1", "Ignore"); // Another one, to both.
+        openIn(3, "2.25.1.1", "none");
+        workstation.close({"2.25.1.1"});
+        QVERIFY(viewer(1).series() == nullptr && viewer(3).series() == nullptr);
+        openIn(1, "2.25.3.1", "none"); // Stays open.
+        openIn(1, "2.25.1.1", "Ignore"); // The answer went with the patient.
+        const QString line = u"(Name: %1, Date of Birth: 1970-01-02)|"_s;
+        const QString a = line.arg(u"A"_s);
+        const QString b = line.arg(u"B"_s);
+        const QString c = line.arg(u"C"_s);
+        const QStringList expected{a % c, u"2.25.3.1"_s, a % c, u"2.25.1.1"_s, u"2.25.1.1"_s,
+            b % a % c, u"2.25.2.1"_s, u"2.25.1.1"_s, u"2.25.3.1"_s, a % b % c, u"2.25.1.1"_s};
+        QCOMPARE(log, expected);
+        QCOMPARE(closed.count(), 1);
+        QCOMPARE(m_fixture->window().statusBar()->currentMessage(), u"Closed: A"_s);
+        QTRY_VERIFY(workstation.isSettled());
+    }
+
+    void incompleteSeriesIsRefusedOnce()
+    {
+        for (const int z : {0, 5, 10, 25, 30}) {
+            m_files->addSlice(z + 1, z);
+        }
+        int asked = 0;
+        const auto cancel = [&asked](QWidget &dialog) {
+            ++asked;
+            dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Cancel)->click();
+        };
+        const NextDialog ask(cancel);
+        openAndWait(); // In all viewers.
+        QCOMPARE(asked, 1);
+        QVERIFY(viewer(0).series() == nullptr && viewer(3).series() == nullptr);
+        m_fixture->workstation().gate().setUnattended(true);
+        m_fixture->workstation().openInAll("2.25.1.1");
+        QVERIFY(viewer(0).series() != nullptr && viewer(3).series() != nullptr);
+        QTRY_VERIFY(m_fixture->workstation().isSettled());
     }
 
     void firstImageComesBeforeTheLast()
@@ -144,6 +217,7 @@ private Q_SLOTS:
                 session.cancel();
             }
         });
+        const NextDialog ask(clickOk);
         openAndWait();
         const QString incomplete = QStringLiteral("Opening was cancelled: the list is incomplete.");
         const auto *const status = m_fixture->window().findChild<StatusText *>();
@@ -333,7 +407,9 @@ private Q_SLOTS:
         for (const int z : {0, 5, 10, 25, 30}) {
             m_files->addSlice(z + 1, z);
         }
+        const NextDialog ask(clickOk);
         openAndWait();
+        QVERIFY(ask.hasAppeared());
         // The gap keeps its size: what is not there is empty, nothing moves together.
         QCOMPARE(m_fixture->slice(0).stack().count(), 7);
         QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
@@ -348,7 +424,9 @@ private Q_SLOTS:
         // The header is whole, the pixels are cut off.
         const QByteArray whole = m_files->read("3.dcm");
         m_files->addText("3.dcm", whole.left(whole.size() - 10));
+        const NextDialog ask(clickOk);
         openAndWait();
+        QVERIFY(ask.hasAppeared());
         QCOMPARE(
             viewer(0).widget()->overlay().warnings.last(), u"slices that could not be read: 1"_s);
     }
@@ -362,6 +440,19 @@ private:
         open();
         QTRY_COMPARE(opened.count(), 1);
         QTRY_VERIFY(m_fixture->window().isSettled());
+    }
+
+    /// A patient with one series of so many slices, UID "2.25.<slices>.1".
+    void addPatient(const std::string &name, int slices)
+    {
+        const std::string uid = "2.25." + std::to_string(slices);
+        for (int i = 1; i <= slices; ++i) {
+            const auto image = DicomFixture::attributes(i,
+                {{"G0010-0010", name}, {"G0010-0020", "ID" + name}, {"G0020-000D", uid},
+                    {"G0020-000E", uid + ".1"}, {"G0008-0018", uid + ".1." + std::to_string(i)},
+                    {"G0020-0032", "0\\0\\" + std::to_string(i)}});
+            m_files->add(name + std::to_string(i) + ".dcm", *image, DicomFixture::ramp(i));
+        }
     }
 
     /// 64 x 64 pixels in a series of its own.

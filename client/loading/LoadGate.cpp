@@ -1,0 +1,208 @@
+#include "client/loading/LoadGate.h"
+
+#include "client/loading/EntryTexts.h"
+#include "framework/application/ExApplication.h"
+#include "framework/loading/ExLoadHelper.h"
+#include "platform/dicom/DicomDirectory.h"
+#include "platform/dicomio/DicomHeaderReader.h"
+
+#include <algorithm>
+
+namespace {
+
+using Entry = LoadGate::Entry;
+using Entries = LoadGate::Entries;
+
+ExLoadHelper &helper()
+{
+    return *ExApplication::instance().loadHelper();
+}
+
+Entry patientOf(const Entry &entry)
+{
+    return Entry(entry->topLevel());
+}
+
+template <typename Container>
+std::vector<Entry> patientsOf(const Container &entries)
+{
+    std::vector<Entry> patients;
+    for (const Entry &entry : entries) {
+        if (std::find(patients.begin(), patients.end(), patientOf(entry)) == patients.end()) {
+            patients.push_back(patientOf(entry));
+        }
+    }
+    return patients;
+}
+
+std::vector<Entry> openPatients()
+{
+    const Zel::LoadedList list = helper().loadedList();
+    std::vector<Entry> entries;
+    for (const auto &[uid, entry] : list.items()) {
+        entries.push_back(entry);
+    }
+    return patientsOf(entries);
+}
+
+/// What the loaded list knows an entry by: its volumes that can be loaded, else its series.
+void appendLoadedUids(const Entry &entry, std::vector<std::string> &uids)
+{
+    const std::size_t before = uids.size();
+    for (const Entry &child : entry->children()) {
+        if (!child->isStoredVolume() || (!child->isExcluded() && child->isImage())) {
+            appendLoadedUids(child, uids);
+        }
+    }
+    if (uids.size() == before && (entry->isStoredVolume() || entry->isSeries())) {
+        uids.push_back(entry->uid());
+    }
+}
+
+std::vector<std::string> loadedUids(const Entry &entry)
+{
+    std::vector<std::string> uids;
+    appendLoadedUids(entry, uids);
+    return uids;
+}
+
+bool isLoaded(const Entry &entry)
+{
+    const Zel::LoadedList list = helper().loadedList();
+    const std::vector<std::string> uids = loadedUids(entry);
+    return std::all_of(uids.begin(), uids.end(),
+        [&list](const std::string &uid) { return list.items().count(uid) > 0; });
+}
+
+/// Those that are loaded, or those that are not, each once.
+Entries filtered(const Entries &entries, bool loaded)
+{
+    Entries result;
+    for (const Entry &entry : entries) {
+        if (isLoaded(entry) == loaded && !result.contains(entry)) {
+            result.append(entry);
+        }
+    }
+    return result;
+}
+
+/// Of an entry that cannot be shown as a whole nothing is loaded.
+void takeBackParts(const McDArray<ExLoadInfo> &items, const Entries &wanted)
+{
+    const Entries missing = filtered(wanted, false);
+    for (const ExLoadInfo &item : items) {
+        if (missing.contains(item.entry) || missing.contains(Entry(item.entry->parent()))) {
+            helper().removeFromLoadedList(item);
+        }
+    }
+}
+
+bool checkSelection(const Entries &entries)
+{
+    const Zel::DicomDirectory::TemporarySelection selection(entries);
+    bool several = false;
+    return helper().checkDifferentPatients(several, false);
+}
+
+} // namespace
+
+LoadGate::LoadGate(QObject *parent)
+    : QObject(parent)
+{
+    // The helper looks whether files can be read before it lets them pass.
+    DicomHeaderReader::install();
+}
+
+LoadGate::~LoadGate() = default;
+
+LoadGate::Entries LoadGate::admit(const Entries &wanted)
+{
+    const Entries added = filtered(wanted, false);
+    if (!added.isEmpty()) {
+        McDArray<ExLoadInfo> items;
+        if (!m_isUnattended) {
+            helper().checkIncompleteStudyStart();
+        }
+        if (m_isUnattended || checkPatients(added)) {
+            helper().getLoadInfoItems(added, items, m_isUnattended);
+        }
+        helper().checkIncompleteStudyStop();
+        takeBackParts(items, added);
+        forgetClosedPairs();
+    }
+    return filtered(wanted, true);
+}
+
+bool LoadGate::checkPatients(const Entries &added)
+{
+    const Patients patients = patientsOf(added);
+    Patients together = patients;
+    for (const Entry &open : openPatients()) {
+        if (!isAccepted(open, patients)) {
+            together.push_back(open);
+        }
+    }
+    const bool isKnown = together.size() == patients.size()
+        && std::all_of(patients.begin(), patients.end(),
+            [&](const Entry &patient) { return isAccepted(patient, patients); });
+    if (isKnown) {
+        // Nothing to be asked, but for whether each may be opened at all.
+        return std::all_of(patients.begin(), patients.end(),
+            [](const Entry &patient) { return checkSelection({patient}); });
+    }
+    Entries selection;
+    for (const Entry &patient : together) {
+        selection.append(patient);
+    }
+    const bool isAllowed = checkSelection(selection);
+    for (std::size_t i = 0; isAllowed && i < together.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            m_acceptedPairs.insert(std::minmax(together[i], together[j]));
+        }
+    }
+    return isAllowed;
+}
+
+bool LoadGate::isAccepted(const Entry &patient, const Patients &others) const
+{
+    return std::all_of(others.begin(), others.end(), [&](const Entry &other) {
+        return other == patient || m_acceptedPairs.count(std::minmax(patient, other)) > 0;
+    });
+}
+
+void LoadGate::forgetClosedPairs()
+{
+    const Patients open = openPatients();
+    const auto isClosed = [&open](const Entry &patient) {
+        return std::find(open.begin(), open.end(), patient) == open.end();
+    };
+    std::erase_if(m_acceptedPairs,
+        [&](const Pair &pair) { return isClosed(pair.first) || isClosed(pair.second); });
+}
+
+void LoadGate::close(const Entries &entries)
+{
+    const Patients before = openPatients();
+    for (const Entry &entry : entries) {
+        helper().removeFromLoadedList(loadedUids(entry));
+    }
+    tellClosed(before);
+}
+
+void LoadGate::closeAll()
+{
+    const Patients before = openPatients();
+    helper().clearLoadedList();
+    tellClosed(before);
+}
+
+void LoadGate::tellClosed(const Patients &before)
+{
+    forgetClosedPairs();
+    const Patients open = openPatients();
+    for (const Entry &patient : before) {
+        if (std::find(open.begin(), open.end(), patient) == open.end()) {
+            Q_EMIT patientClosed(EntryTexts::seriesInfo(*patient).patientName);
+        }
+    }
+}
