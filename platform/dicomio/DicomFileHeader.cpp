@@ -10,9 +10,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 
@@ -56,6 +58,71 @@ const std::vector<AttributeTag> &attributeTags()
     return tags;
 }
 
+constexpr const char *privateCreator = "SIEMENS MR HEADER";
+/// The first block of its group and the b-value in it.
+const vtkDICOMTag privateBlock(0x0019, 0x0010);
+const vtkDICOMTag privateBValue(0x0019, 0x100c);
+
+/// What else is looked at here, in the root or in functional groups: nothing else is kept of a
+/// file.
+const std::vector<vtkDICOMTag> &otherTags()
+{
+    static const std::vector<vtkDICOMTag> tags{DC::SpecificCharacterSet, DC::SOPInstanceUID,
+        DC::InstanceNumber, DC::NumberOfSeriesRelatedInstances, DC::ImagesInAcquisition,
+        DC::Columns, DC::Rows, DC::SamplesPerPixel, DC::BitsAllocated, DC::BitsStored,
+        DC::PixelRepresentation, DC::PhotometricInterpretation, DC::RescaleType, DC::Units,
+        DC::SliceThickness, DC::SpacingBetweenSlices, DC::NumberOfFrames, DC::PixelSpacing,
+        DC::ImagerPixelSpacing, DC::NominalScannedPixelSpacing, DC::ImagePositionPatient,
+        DC::ImageOrientationPatient, DC::RescaleSlope, DC::RescaleIntercept, DC::WindowCenter,
+        DC::WindowWidth, DC::DiffusionBValue, DC::SequenceName, DC::TemporalPositionIndex,
+        DC::TemporalPositionIdentifier, DC::EffectiveEchoTime, DC::EchoTime,
+        DC::NominalCardiacTriggerDelayTime, DC::TriggerTime, DC::NominalPercentageOfCardiacPhase,
+        DC::InversionTime, DC::ComplexImageComponent, DC::ImageType, DC::AcquisitionNumber,
+        DC::FrameAcquisitionDateTime, DC::AcquisitionDateTime, DC::AcquisitionTime, DC::ContentTime,
+        DC::DirectoryRecordSequence, DC::ModalityLUTSequence, DC::SequenceOfUltrasoundRegions,
+        DC::SharedFunctionalGroupsSequence, DC::PerFrameFunctionalGroupsSequence};
+    return tags;
+}
+
+const vtkDICOMItem &wantedAttributes()
+{
+    static const vtkDICOMItem wanted = [] {
+        vtkDICOMItem item;
+        const auto add = [&item](vtkDICOMTag tag) {
+            const vtkDICOMVR vr = vtkDICOMDictionary::FindDictEntry(tag).GetVR();
+            item.Set(tag, vtkDICOMValue(vr));
+        };
+        for (const auto &[attribute, tag] : attributeTags()) {
+            add(tag);
+        }
+        for (const vtkDICOMTag tag : otherTags()) {
+            add(tag);
+        }
+        // Wherever a file has that maker's private attributes.
+        item.Set(privateBlock, vtkDICOMValue(vtkDICOMVR::LO, privateCreator));
+        item.Set(privateBValue, vtkDICOMValue(vtkDICOMVR::IS));
+        return item;
+    }();
+    return wanted;
+}
+
+/// A number among several. The library reads each through a text stream, which takes longer than
+/// all else; it is left what does not look like a number.
+double numberAt(const vtkDICOMValue &value, std::size_t index)
+{
+    const char *const all = value.GetCharData();
+    std::string_view text(all != nullptr ? all : "", all != nullptr ? value.GetVL() : 0);
+    for (std::size_t i = 0; i < index && !text.empty(); ++i) {
+        text.remove_prefix(std::min(text.find('\\'), text.size() - 1) + 1);
+    }
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const std::size_t digits = text.starts_with('-') ? 1 : 0;
+    double number = 0;
+    const bool isNumber = text.size() > digits && std::isdigit(text[digits]) != 0
+        && std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc();
+    return isNumber ? number : value.GetDouble(index);
+}
+
 /// Looks attributes up for one frame: in its own functional groups, the shared ones, the root.
 class FrameLookUp
 {
@@ -75,7 +142,7 @@ public:
         const vtkDICOMValue &found = value(tag);
         const bool present
             = found.IsValid() && index < found.GetNumberOfValues() && found.GetVL() > 0;
-        const double result = present ? found.GetDouble(index) : unknownNumber;
+        const double result = present ? numberAt(found, index) : unknownNumber;
         return std::isfinite(result) ? result : unknownNumber;
     }
     [[nodiscard]] double number(vtkDICOMTag tag, std::size_t index, double otherwise) const
@@ -129,7 +196,7 @@ std::string bValue(const FrameLookUp &look)
     std::string text = look.text(DC::DiffusionBValue);
     if (text.empty()) {
         const vtkDICOMTag tag
-            = look.data()->ResolvePrivateTag(vtkDICOMTag(0x0019, 0x000c), "SIEMENS MR HEADER");
+            = look.data()->ResolvePrivateTag(vtkDICOMTag(0x0019, 0x000c), privateCreator);
         text = look.text(tag);
     }
     return text.empty() ? bValueOfSequenceName(look.text(DC::SequenceName)) : text;
@@ -362,13 +429,19 @@ std::string damagedHeader(const std::string &reason)
     return reason.empty() ? "The header is damaged." : "The header is damaged: " + reason;
 }
 
-/// Whether the file begins as DICOM files with a preamble do.
-bool hasDicomMark(const McFilename &file)
+/// Why a file in which nothing was found cannot be used.
+std::string reasonOfNothing(const McFilename &file, const std::string &parserError)
 {
-    std::array<char, 132> start{};
     std::ifstream stream(file, std::ios::binary);
-    return stream.read(start.data(), start.size())
+    if (!stream) {
+        std::error_code error;
+        return std::filesystem::exists(file, error) ? "The file cannot be read."
+                                                    : "The file is no longer there.";
+    }
+    std::array<char, 132> start{};
+    const bool hasDicomMark = stream.read(start.data(), start.size())
         && std::string_view(start.data() + 128, 4) == "DICM";
+    return hasDicomMark ? damagedHeader(parserError) : "This is not a DICOM file.";
 }
 
 } // namespace
@@ -388,14 +461,16 @@ DicomFileHeader readDicomFileHeader(const McFilename &file)
 {
     DicomFileHeader header;
     header.file = file;
-    const ParsedDicom parsed = parseDicom(file);
+    ParsedDicom parsed = parseDicom(file, &wantedAttributes());
+    if (!parsed.pixelDataFound) {
+        parsed = parseDicom(file); // Damage in what is passed over would not be seen.
+    }
     readIdentity(parsed.data, header);
     const bool nothingFound = header.text(Attribute::SopClassUid).empty()
         && header.sopInstanceUid.empty() && header.text(Attribute::StudyUid).empty()
         && !parsed.pixelDataFound;
     if (nothingFound && !header.isMediaDirectory) {
-        header.error = hasDicomMark(file) ? damagedHeader(parsed.error)
-                                          : std::string("This is not a DICOM file.");
+        header.error = reasonOfNothing(file, parsed.error);
         return header;
     }
     if (!parsed.error.empty() && !parsed.pixelDataFound) {

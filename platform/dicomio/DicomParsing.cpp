@@ -6,6 +6,7 @@
 #include <vtkCallbackCommand.h>
 #include <vtkCommand.h>
 #include <vtkDICOMDictionary.h>
+#include <vtkDICOMItem.h>
 #include <vtkDICOMParser.h>
 #include <vtkNew.h>
 #include <vtkObjectFactory.h>
@@ -117,7 +118,7 @@ private:
 
 vtkStandardNewMacro(CheckedParser)
 
-    ParsedDicom parsePlain(const McFilename &file)
+    ParsedDicom parsePlain(const McFilename &file, const vtkDICOMItem *wanted)
 {
     ParsedDicom result;
     result.data = vtkSmartPointer<vtkDICOMMetaData>::New();
@@ -127,6 +128,9 @@ vtkStandardNewMacro(CheckedParser)
     messages.observe(result.data);
     parser->SetFileName(file.c_str());
     parser->SetMetaData(result.data);
+    if (wanted != nullptr) {
+        parser->SetQueryItem(*wanted);
+    }
     parser->Update();
     result.data->RemoveAllObservers();
     result.error = parser->fault().empty() ? messages.firstError() : parser->fault();
@@ -142,13 +146,13 @@ vtkStandardNewMacro(CheckedParser)
 
 } // namespace
 
-ParsedDicom parseDicom(const McFilename &file)
+ParsedDicom parseDicom(const McFilename &file, const vtkDICOMItem *wanted)
 {
     prepareDicomParsing();
-    ParsedDicom result = parsePlain(file);
+    ParsedDicom result = parsePlain(file, wanted);
     if (isDeflated(result.data)) {
         const InflatedDicom inflated(file);
-        result = inflated.file().empty() ? result : parsePlain(inflated.file());
+        result = inflated.file().empty() ? result : parsePlain(inflated.file(), wanted);
         result.data->Set(0, DC::TransferSyntaxUID, deflatedSyntax);
     }
     return result;

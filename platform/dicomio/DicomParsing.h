@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+class vtkDICOMItem;
 class vtkObject;
 
 /// Collects the errors and warnings of a VTK object, which would otherwise go to the standard error
@@ -40,7 +41,8 @@ struct ParsedDicom
 };
 
 /// Parses the header of @p file. Any thread.
-ParsedDicom parseDicom(const McFilename &file);
+/// @param wanted which attributes are kept, with empty values; null for all. A few are faster.
+ParsedDicom parseDicom(const McFilename &file, const vtkDICOMItem *wanted = nullptr);
 /// Whether the data set behind the meta header is deflated as a whole.
 bool isDeflated(vtkDICOMMetaData *data);
 /// Makes the library's static tables before several threads use them; cheap after the first call.

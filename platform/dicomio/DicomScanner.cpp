@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-#include <set>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -32,13 +31,12 @@ public:
 
     void add(const McFilename &path);
     [[nodiscard]] const McDArray<DicomScanner::Problem> &problems() const { return m_problems; }
-    [[nodiscard]] std::vector<McFilename> sorted() const
-    {
-        return {m_files.begin(), m_files.end()};
-    }
+    /// Gives them away.
+    [[nodiscard]] std::vector<McFilename> takeSorted();
 
 private:
     void addFolder(const McFilename &folder);
+    void addFilesOf(const McFilename &folder, std::vector<McFilename> &subfolders);
     void addListedFiles(const McFilename &mediaDirectory);
     void addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components);
     void addFile(const McFilename &file);
@@ -49,7 +47,7 @@ private:
 
     const DicomScanner::Progress &m_progress;
     const std::stop_token &m_stop;
-    std::set<McFilename> m_files;
+    std::vector<McFilename> m_files;
     McDArray<DicomScanner::Problem> m_problems;
 };
 
@@ -58,8 +56,26 @@ bool isHidden(const McFilename &file)
     return file.filename().native().starts_with('.');
 }
 
-void FileList::add(const McFilename &path)
+/// Folder by folder, as paths compare, but without taking them apart for each comparison.
+bool comesBefore(const McFilename &a, const McFilename &b)
 {
+    const auto rank = [](char c) { return c == '/' ? 0 : 1 + static_cast<unsigned char>(c); };
+    return std::lexicographical_compare(a.native().begin(), a.native().end(), b.native().begin(),
+        b.native().end(), [rank](char x, char y) { return rank(x) < rank(y); });
+}
+
+std::vector<McFilename> FileList::takeSorted()
+{
+    std::sort(m_files.begin(), m_files.end(), comesBefore);
+    const auto isSame
+        = [](const McFilename &a, const McFilename &b) { return a.native() == b.native(); };
+    m_files.erase(std::unique(m_files.begin(), m_files.end(), isSame), m_files.end());
+    return std::move(m_files);
+}
+
+void FileList::add(const McFilename &given)
+{
+    const McFilename path = given.lexically_normal();
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
@@ -75,7 +91,7 @@ void FileList::add(const McFilename &path)
 
 void FileList::addFile(const McFilename &file)
 {
-    m_files.insert(file.lexically_normal());
+    m_files.push_back(file);
     constexpr std::size_t often = 256;
     if (m_progress && m_files.size() % often == 0) {
         m_progress(0, -1);
@@ -84,25 +100,34 @@ void FileList::addFile(const McFilename &file)
 
 void FileList::addFolder(const McFilename &folder)
 {
-    std::error_code error;
-    // Links to folders are not followed: they may lead around in a circle.
-    fs::recursive_directory_iterator entry(folder, error);
-    if (error) {
-        addProblem(folder, "The folder cannot be read: " + error.message() + ".");
-        return;
+    std::vector<McFilename> waiting{folder};
+    while (!waiting.empty() && !m_stop.stop_requested()) {
+        const McFilename next = std::move(waiting.back());
+        waiting.pop_back();
+        addFilesOf(next, waiting);
     }
-    while (entry != fs::recursive_directory_iterator() && !m_stop.stop_requested()) {
-        const fs::directory_entry current = *entry;
+}
+
+/// A folder that cannot be read, or goes while it is read, does not keep the others back.
+void FileList::addFilesOf(const McFilename &folder, std::vector<McFilename> &subfolders)
+{
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    while (!error && entry != fs::directory_iterator() && !m_stop.stop_requested()) {
+        const fs::directory_entry &current = *entry;
+        std::error_code unknown; // what has gone since is neither
         if (isHidden(current.path())) {
-            entry.disable_recursion_pending();
-        } else if (current.is_regular_file(error)) {
+            // Left out.
+        } else if (current.is_regular_file(unknown)) {
             addFile(current.path());
+        } else if (current.is_directory(unknown) && !current.is_symlink(unknown)) {
+            // Links to folders are not followed: they may lead around in a circle.
+            subfolders.push_back(current.path());
         }
         entry.increment(error);
-        if (error) {
-            addProblem(current.path(), "The folder cannot be read: " + error.message() + ".");
-            return;
-        }
+    }
+    if (error) {
+        addProblem(folder, "The folder cannot be read: " + error.message() + ".");
     }
 }
 
@@ -130,7 +155,7 @@ void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMVal
         addProblem(mediaDirectory, "It lists a file outside its folder: " + listed.string() + ".");
         return;
     }
-    const McFilename file = existingFile(mediaDirectory.parent_path(), inside);
+    const McFilename file = existingFile(mediaDirectory.parent_path(), inside).lexically_normal();
     std::error_code error;
     if (fs::is_regular_file(file, error)) {
         addFile(file);
@@ -223,19 +248,15 @@ private:
     std::size_t m_done = 0;
 };
 
-/// Moves the usable headers out; notes the others.
-std::vector<DicomFileHeader> usable(
-    std::vector<DicomFileHeader> headers, McDArray<DicomScanner::Problem> &problems)
+/// Takes out headers that cannot be used, and notes why.
+void keepUsable(std::vector<DicomFileHeader> &headers, McDArray<DicomScanner::Problem> &problems)
 {
-    std::vector<DicomFileHeader> result;
-    for (DicomFileHeader &header : headers) {
+    std::erase_if(headers, [&problems](const DicomFileHeader &header) {
         if (!header.error.empty()) {
             problems.append({header.file, header.error});
-        } else if (!header.file.empty() && !header.isMediaDirectory) {
-            result.push_back(std::move(header));
         }
-    }
-    return result;
+        return !header.error.empty() || header.file.empty() || header.isMediaDirectory;
+    });
 }
 
 } // namespace
@@ -258,14 +279,15 @@ DicomScanner::Result DicomScanner::scanNow(
         list.add(path);
     }
     const bool areAllListed = !stop.stop_requested();
-    const std::vector<McFilename> files = list.sorted();
+    const std::vector<McFilename> files = list.takeSorted();
     Result result;
     result.problems = list.problems();
     prepareDicomParsing();
     std::vector<DicomFileHeader> headers = HeaderScan(files, progress, stop).run();
     result.numFiles = static_cast<int>(std::count_if(headers.begin(), headers.end(),
         [](const DicomFileHeader &header) { return !header.file.empty(); }));
-    result.patients = buildDirectory(usable(std::move(headers), result.problems));
+    keepUsable(headers, result.problems);
+    result.patients = buildDirectory(headers);
     result.wasCancelled = !areAllListed || result.numFiles < static_cast<int>(files.size());
     return result;
 }

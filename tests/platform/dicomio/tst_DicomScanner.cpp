@@ -289,6 +289,25 @@ private Q_SLOTS:
         QCOMPARE(series->numImages() + static_cast<int>(series->files().size()), 12);
     }
 
+    void privateBValues()
+    {
+        DicomFixture files;
+        for (int i = 0; i < 4; ++i) {
+            files.addSlice(i, i / 2, {{"G0008-0060", "MR"}});
+            const std::string name = std::to_string(i) + ".dcm";
+            QByteArray bytes = files.read(name);
+            const QByteArray value = i % 2 ? "500 " : "0   ";
+            bytes.insert(bytes.indexOf(QByteArray("\x20\x00\x0d\x00UI", 6)),
+                QByteArray(
+                    "\x19\x00\x11\x00LO\x12\x00SIEMENS MR HEADER \x19\x00\x0c\x11IS\x04\x00", 34)
+                    + value);
+            files.addText(name, bytes);
+        }
+        const McDArray<std::string> phases = files.onlySeries()->phases();
+        QCOMPARE(std::vector<std::string>(phases.begin(), phases.end()),
+            (std::vector<std::string>{"b 0", "b 500"}));
+    }
+
     void otherObjects()
     {
         DicomFixture files;
@@ -377,6 +396,30 @@ private Q_SLOTS:
         QVERIFY2(result.numFiles > 0 && result.numFiles < listed,
             qPrintable(QString::number(result.numFiles)));
         QCOMPARE(result.patients.first()->numImages(), result.numFiles);
+    }
+
+    void folderVanishes()
+    {
+        DicomFixture files;
+        const McFilename folder = files.path("study");
+        std::filesystem::create_directories(folder / "deep");
+        constexpr int listed = 40;
+        for (int i = 1; i <= listed; ++i) {
+            const McFilename file = files.addSlice(i, i);
+            std::filesystem::rename(file, folder / (i % 2 ? "." : "deep") / file.filename());
+        }
+        const DicomScanner::Result result = DicomScanner::scanNow(
+            {folder}, [&folder](int, int) { std::filesystem::remove_all(folder); });
+        QVERIFY(!result.wasCancelled);
+        QCOMPARE(result.numFiles, listed);
+        const int read = listed - result.problems.size();
+        QVERIFY2(read > 0 && read < listed, qPrintable(QString::number(read)));
+        QCOMPARE(result.patients.first()->numImages(), read);
+        for (const DicomScanner::Problem &problem : result.problems) {
+            QCOMPARE(text(problem.reason), u"The file is no longer there."_s);
+        }
+        QCOMPARE(described(DicomScanner::scanNow({folder})),
+            u"study: There is no such file or folder."_s);
     }
 
     void signalsComeInTheScannersThread()
