@@ -6,6 +6,8 @@
 #include "framework/notification/ExNotifiable.h"
 #include "framework/viewers/ExViewerManager.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <utility>
 
@@ -76,8 +78,10 @@ StudySession::~StudySession()
 void StudySession::open(const QStringList &paths)
 {
     McDArray<McFilename> files;
+    m_scannedPaths.clear();
     for (const QString &path : paths) {
         files.append(McFilename(path.toStdString()));
+        m_scannedPaths += QFileInfo(path).absoluteFilePath();
     }
     m_scanner.start(files);
     m_isScanWanted = true;
@@ -94,6 +98,7 @@ void StudySession::scanEnded()
         } else {
             clear();
             m_found = result;
+            m_paths = m_scannedPaths;
             Q_EMIT scanned();
         }
     }
@@ -129,6 +134,7 @@ void StudySession::clear()
     }
     m_series.clear();
     m_found = {};
+    m_paths.clear();
     Q_EMIT closed();
 }
 

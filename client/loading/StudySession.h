@@ -42,6 +42,8 @@ public:
     [[nodiscard]] bool isScanning() const { return m_scanner.isRunning(); }
     /// What is open, as its scan has found it; empty when nothing is.
     [[nodiscard]] const DicomScanner::Result &found() const { return m_found; }
+    /// The folders and files that found() comes from, absolute; empty when nothing is open.
+    [[nodiscard]] const QStringList &paths() const { return m_paths; }
     /// The series, or the volume of one, with this identifier; null when it is unknown.
     [[nodiscard]] McHandle<Entry> entry(const std::string &uid) const;
     /// All series with images, in the order of the directory.
@@ -85,6 +87,8 @@ private:
 
     DicomScanner m_scanner;
     DicomScanner::Result m_found;
+    QStringList m_paths;
+    QStringList m_scannedPaths;
     std::map<std::string, McHandle<LoadedSeries>> m_series;
     std::vector<SeriesLoad *> m_loads;
     /// What a scan finds after the studies were closed is of no interest.

@@ -97,6 +97,19 @@ void MeasurementList::clear()
     Q_EMIT changed();
 }
 
+void MeasurementList::replaceAll(const std::vector<Measurement> &measurements)
+{
+    clear();
+    for (const Measurement &each : measurements) {
+        m_all.push_back(each);
+        m_lastId = std::max(m_lastId, each.id);
+        const int number = each.name.section(QLatin1Char(' '), -1).toInt();
+        m_numbers[each.kind] = std::max(m_numbers[each.kind] + 1, number);
+        Q_EMIT added(each.id);
+    }
+    Q_EMIT changed();
+}
+
 void MeasurementList::removeByUser(const std::vector<int> &ids)
 {
     Step step;

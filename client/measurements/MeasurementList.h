@@ -39,6 +39,9 @@ public:
     void remove(int id);
     /// All for good, and nothing can be undone any more.
     void clear();
+    /// Puts these, with their ids and names, in the place of all that there are; nothing can be
+    /// undone any more. Later ones are numbered on.
+    void replaceAll(const std::vector<Measurement> &measurements);
 
     /// Removes what the user deletes at once; undo() brings it back. Unknown ids are ignored.
     void removeByUser(const std::vector<int> &ids);

@@ -172,6 +172,41 @@ KxSlice SliceViewer::flipped(const KxSlice &slice) const
         m_isFlippedDown ? -slice.down() : slice.down(), slice.thickness()};
 }
 
+SliceView SliceViewer::view() const
+{
+    return {m_plane, m_ownPlane, m_slice, m_zoom, m_isFitting, m_window, m_isInverted,
+        m_isFlippedAcross, m_isFlippedDown};
+}
+
+void SliceViewer::setView(const SliceView &view)
+{
+    KxVolume *const shown = volume(0);
+    if (shown == nullptr) {
+        return;
+    }
+    m_plane = view.plane;
+    m_ownPlane = view.ownPlane;
+    m_isFlippedAcross = view.isFlippedAcross;
+    m_isFlippedDown = view.isFlippedDown;
+    const bool isOblique = m_plane == PlaneKind::Oblique;
+    const KxSlice own = isOblique ? flipped(view.slice) : PlaneGeometry::plane(m_plane, *shown);
+    m_stack = SliceStack(own, *shown);
+    const McVec3d &center = view.slice.center();
+    const KxSlice upright = flipped({m_stack.moved(center, m_stack.nearestIndex(center)),
+        own.right(), own.down(), view.slice.thickness()});
+    m_zoom = std::clamp(view.zoom, smallestZoom, largestZoom);
+    m_isFitting = view.isFitting;
+    setSlice(isOblique ? view.slice : upright);
+    if (m_isFitting) {
+        m_zoom = fittingZoom(); // The viewer may have another size than it had.
+    }
+    notify(ExNotification::VIEWER_SUBTYPE_CHANGED);
+    notify(ExNotification::VIEWER_FLIPPED);
+    notify(ExNotification::ZOOM_CHANGED);
+    setWindow(view.window);
+    setInverted(view.isInverted);
+}
+
 McVec3d SliceViewer::patientAt(const QPointF &position) const
 {
     const QPointF offset = (position - QRectF(widget()->rect()).center()) / m_zoom;

@@ -3,6 +3,7 @@
 #include "client/geometry/PlaneKind.h"
 #include "client/geometry/SliceStack.h"
 #include "client/viewers/SliceReslicer.h"
+#include "client/viewers/ViewerStates.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "platform/render/KxSlice.h"
 
@@ -67,6 +68,12 @@ public:
     void setFlipped(Qt::Orientation orientation, bool flipped);
     /// Whether the picture is one that a mirror would show: flipped one way and not the other.
     [[nodiscard]] bool isMirrored() const { return m_isFlippedAcross != m_isFlippedDown; }
+
+    /// How the series is shown now.
+    [[nodiscard]] SliceView view() const;
+    /// Shows the series so again, of a standard plane its own directions at the place of the view;
+    /// ignored while there are no images. Notifies of each thing that changes.
+    void setView(const SliceView &view);
 
     [[nodiscard]] McVec3d patientAt(const QPointF &position) const;
     [[nodiscard]] QPointF positionOf(const McVec3d &point) const;

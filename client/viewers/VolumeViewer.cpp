@@ -125,6 +125,22 @@ void VolumeViewer::reset()
     setView({0, 1, 0}, {0, 0, 1});
 }
 
+VolumeView VolumeViewer::view() const
+{
+    return {m_viewDirection, m_up, m_zoom, m_isFitting, m_window};
+}
+
+void VolumeViewer::setView(const VolumeView &view)
+{
+    if (volume(0) == nullptr) {
+        return;
+    }
+    setView(view.viewDirection, view.up);
+    setWindow(view.window);
+    setZoom(view.isFitting ? fittingZoom() : view.zoom);
+    m_isFitting = view.isFitting;
+}
+
 void VolumeViewer::changed(ExNotification::Type type)
 {
     m_needsPicture = true;

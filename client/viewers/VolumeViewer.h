@@ -1,5 +1,6 @@
 #pragma once
 
+#include "client/viewers/ViewerStates.h"
 #include "client/viewers/VolumeRenderThread.h"
 #include "client/viewers/WorkstationViewer.h"
 
@@ -31,6 +32,12 @@ public:
     [[nodiscard]] const KxVolume::Window &window() const { return m_window; }
     /// From the front, at the size that fits. Notifies PERSPECTIVE_CHANGED and ZOOM_CHANGED.
     void reset();
+
+    /// How the series is shown now.
+    [[nodiscard]] VolumeView view() const;
+    /// Shows the series so again; ignored while there are no images. Notifies of each thing that
+    /// changes.
+    void setView(const VolumeView &view);
 
     void renderFrame() override;
     void terminateRendering() override;
