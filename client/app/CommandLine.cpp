@@ -30,11 +30,12 @@ void addOptions(QCommandLineParser &parser)
             QStringLiteral("name"), QStringLiteral("2x2")},
         {QStringLiteral("language"), QStringLiteral("Shows all texts in this language: en or de."),
             QStringLiteral("code")},
-        {QStringLiteral("size"), QStringLiteral("Size of the main window, e.g. 1600x1000."),
+        {QStringLiteral("size"),
+            QStringLiteral("Size of the window with the viewers, e.g. 1600x1000."),
             QStringLiteral("WxH")},
         {QStringLiteral("screenshot"),
-            QStringLiteral("Writes a picture of the main window, once everything is loaded, and "
-                           "ends."),
+            QStringLiteral("Writes a picture of the window with the viewers, once everything is "
+                           "loaded, and ends. Further windows go to FILE-2 and so on."),
             QStringLiteral("file")},
         {QStringLiteral("benchmark"),
             QStringLiteral("Measures and ends. Known: scroll (time from a wheel step to the "

@@ -14,7 +14,7 @@ struct CommandLine
     QString language; ///< e.g. "de"; empty for that of the settings
     QString screenshot; ///< file to write; empty for none
     QString benchmark; ///< empty for none
-    QSize size; ///< of the main window; not valid for its own
+    QSize size; ///< of the window with the viewers; not valid for its own
 
     /// What ends the program at once: a text to print and the exit code.
     struct End

@@ -3,6 +3,7 @@
 #include "client/app/NotificationWatch.h"
 #include "client/app/Workstation.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/monitors/ExMonitorManager.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -19,30 +20,51 @@ bool canTakeFocus(const QWidget *widget)
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
 
+QList<QToolBar *> toolBars()
+{
+    QList<QToolBar *> found;
+    for (const ExMonitorWidget *monitor : ExMonitorManager::instance().monitorWidgets()) {
+        for (const QMainWindow *window : monitor->mainWindows()) {
+            found += window->findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly);
+        }
+    }
+    return found;
+}
+
 } // namespace
 
-FocusOrder::FocusOrder(QMainWindow &window, QWidget &list, Workstation &workstation)
-    : m_window(window)
-    , m_list(list)
+FocusOrder::FocusOrder(QWidget &list, Workstation &workstation)
+    : m_list(list)
     , m_workstation(workstation)
-    , m_layoutWatch(new NotificationWatch({ExNotification::VIEWER_LAYOUT_CHANGED},
+    , m_layoutWatch(new NotificationWatch(
+          {ExNotification::VIEWER_LAYOUT_CHANGED, ExNotification::MONITOR_CONFIGURATION_CHANGED},
           [this](const ExNotification & /*notification*/) { arrange(); }))
+{ }
+
+void FocusOrder::addWindow(ExMonitorWidget &window)
 {
     for (QWidget *button : buttons()) {
         button->setFocusPolicy(Qt::TabFocus);
     }
-    addKey(Qt::Key_F6, 1);
-    addKey(Qt::SHIFT | Qt::Key_F6, -1);
+    addKey(window, Qt::Key_F6, 1);
+    addKey(window, Qt::SHIFT | Qt::Key_F6, -1);
     arrange();
 }
 
-void FocusOrder::addKey(const QKeySequence &key, int step)
+void FocusOrder::addKey(QWidget &window, const QKeySequence &key, int step)
 {
-    auto *const shortcut = new QShortcut(key, &m_window);
+    auto *const shortcut = new QShortcut(key, &window);
     connect(shortcut, &QShortcut::activated, this, [this, step] { moveToArea(step); });
 }
 
 void FocusOrder::arrange()
+{
+    for (const ExMonitorWidget *window : ExMonitorManager::instance().monitorWidgets()) {
+        arrangeIn(*window);
+    }
+}
+
+void FocusOrder::arrangeIn(const QWidget &window)
 {
     std::vector<QWidget *> order{&m_list};
     for (const WorkstationViewer *viewer : m_workstation.viewers()) {
@@ -50,6 +72,7 @@ void FocusOrder::arrange()
     }
     const std::vector<QWidget *> last = buttons();
     order.insert(order.end(), last.begin(), last.end());
+    std::erase_if(order, [&window](const QWidget *widget) { return widget->window() != &window; });
     for (std::size_t i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order[i - 1], order[i]);
     }
@@ -64,6 +87,7 @@ void FocusOrder::moveToArea(int step)
     for (int tried = 0; tried < count; ++tried) {
         next = (next + step + count) % count;
         if (QWidget *const widget = all[static_cast<std::size_t>(next)]; canTakeFocus(widget)) {
+            widget->activateWindow();
             widget->setFocus(Qt::ShortcutFocusReason);
             return;
         }
@@ -95,8 +119,7 @@ std::vector<QWidget *> FocusOrder::areas() const
 std::vector<QWidget *> FocusOrder::buttons() const
 {
     std::vector<QWidget *> found;
-    const auto bars = m_window.findChildren<QToolBar *>(QString(), Qt::FindDirectChildrenOnly);
-    for (const QToolBar *bar : bars) {
+    for (const QToolBar *bar : toolBars()) {
         for (QAction *action : bar->actions()) {
             if (auto *const button = qobject_cast<QToolButton *>(bar->widgetForAction(action))) {
                 found.push_back(button);

@@ -8,32 +8,36 @@
 
 #include <vector>
 
-class QMainWindow;
+class ExMonitorWidget;
 class QWidget;
 class Workstation;
 
-/// Leads the keyboard focus through the main window. Tab goes from the list of studies through the
-/// viewers, in the order of the layout, to the buttons of the tool bars; F6 and Shift+F6 go from
-/// one of these areas to the next. A click on a button leaves the focus where it is. GUI thread
-/// only.
+/// Leads the keyboard focus through the windows. In each of them Tab goes from the list of studies
+/// through the viewers, in the order of the layout, to the buttons of the tool bars; F6 and
+/// Shift+F6 go from one of these areas to the next, in whatever window that is. A click on a button
+/// leaves the focus where it is. GUI thread only.
 class FocusOrder final : public QObject
 {
 public:
-    /// To be made when the tool bars are there. What it is given must outlive it.
-    FocusOrder(QMainWindow &window, QWidget &list, Workstation &workstation);
+    /// What it is given must outlive it.
+    FocusOrder(QWidget &list, Workstation &workstation);
+
+    /// Has the keys work in a window.
+    void addWindow(ExMonitorWidget &window);
 
 private:
-    /// Viewers come and go with the layouts.
+    /// Viewers come and go with the layouts, windows with the monitors.
     void arrange();
-    void addKey(const QKeySequence &key, int step);
+    void arrangeIn(const QWidget &window);
+    void addKey(QWidget &window, const QKeySequence &key, int step);
     void moveToArea(int step);
     /// Which of the areas has the focus, or -1.
     [[nodiscard]] int currentArea() const;
     /// What takes the focus in each area; null where nothing can.
     [[nodiscard]] std::vector<QWidget *> areas() const;
+    /// Of the tool bars of all windows.
     [[nodiscard]] std::vector<QWidget *> buttons() const;
 
-    QMainWindow &m_window;
     QWidget &m_list;
     Workstation &m_workstation;
     McHandle<ExNotifiable> m_layoutWatch;

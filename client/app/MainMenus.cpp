@@ -38,13 +38,15 @@ const std::vector<MenuRow> &menus()
         {QT_TRANSLATE_NOOP("MainMenus", "&Link"),
             {"Link.Attach", separator, "Link.Scrolling", "Link.Zoom", "Link.Pan", "Link.Window",
                 "Link.Phase", "Link.Rotation"}},
+        {QT_TRANSLATE_NOOP("MainMenus", "&Window"),
+            {"Window.FullScreen", "View.ShowToolBars", separator, "Window.Monitors"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Help"),
             {"Help.Manual", "Help.ShortCuts", separator, "Help.About"}},
     };
     return rows;
 }
 
-/// Other tools are offered before the help.
+/// Other tools are offered before the windows and the help.
 constexpr std::size_t placeOfTools = 4;
 
 QStringList toStrings(const std::vector<const char *> &keys)

@@ -4,23 +4,26 @@
 #include <QObject>
 #include <QTimer>
 
-class MainWindow;
+class WorkSession;
 
-/// Waits until the main window shows everything in its final state, writes a picture of it and ends
-/// the event loop: with 0, or with another code after a message when something went wrong.
+/// Waits until everything is shown in its final state, writes a picture of each window and ends the
+/// event loop: with 0, or with another code after a message when something went wrong.
 class ScreenshotRun final : public QObject
 {
     Q_OBJECT
 
 public:
-    ScreenshotRun(MainWindow &window, QString file);
+    /// @param file for the window with the viewers; a further window's name has "-2" and so on
+    /// before the ending.
+    ScreenshotRun(WorkSession &session, QString file);
 
 private:
     void check();
     void finish();
+    [[nodiscard]] QString fileFor(qsizetype window) const;
     void fail(const QString &message);
 
-    MainWindow &m_window;
+    WorkSession &m_session;
     QString m_file;
     QTimer m_timer;
     QElapsedTimer m_clock;

@@ -1,7 +1,7 @@
 #include "client/app/ScrollBenchmark.h"
 
 #include "client/app/BenchmarkVolume.h"
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 
@@ -52,29 +52,29 @@ void printRow(const QString &name, std::vector<double> milliseconds, const QSize
 
 } // namespace
 
-ScrollBenchmark::ScrollBenchmark(MainWindow &window, const QStringList &folders)
-    : m_window(window)
+ScrollBenchmark::ScrollBenchmark(WorkSession &session, const QStringList &folders)
+    : m_session(session)
 {
     if (folders.isEmpty()) {
         m_series = makeBenchmarkSeries();
         QTimer::singleShot(0, this, &ScrollBenchmark::run);
     } else {
-        connect(
-            &window, &MainWindow::opened, this, &ScrollBenchmark::runOpened, Qt::QueuedConnection);
-        window.open(folders);
+        connect(&session, &WorkSession::opened, this, &ScrollBenchmark::runOpened,
+            Qt::QueuedConnection);
+        session.open(folders);
     }
 }
 
 void ScrollBenchmark::runOpened()
 {
     waitUntilSettled();
-    const auto viewers = m_window.workstation().sliceViewers();
+    const auto viewers = m_session.workstation().sliceViewers();
     m_series = viewers.empty() ? nullptr : viewers.front()->series();
-    if (m_series && m_series->images() != nullptr && m_window.openProblem().isEmpty()) {
+    if (m_series && m_series->images() != nullptr && m_session.openProblem().isEmpty()) {
         run();
     } else {
         std::fprintf(stderr, "movara-workstation: There is nothing to scroll. %s\n",
-            qUtf8Printable(m_window.openProblem()));
+            qUtf8Printable(m_session.openProblem()));
         QCoreApplication::exit(1);
     }
 }
@@ -107,14 +107,14 @@ void ScrollBenchmark::run()
 
 void ScrollBenchmark::waitUntilSettled()
 {
-    while (!m_window.isSettled()) {
+    while (!m_session.isSettled()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
     }
 }
 
 void ScrollBenchmark::runScenario(const Scenario &scenario)
 {
-    Workstation &workstation = m_window.workstation();
+    Workstation &workstation = m_session.workstation();
     workstation.layouts().apply(scenario.layout);
     for (WorkstationViewer *viewer : workstation.viewers()) {
         viewer->setSeries(m_series);
@@ -146,7 +146,7 @@ double ScrollBenchmark::measureStep(SliceViewer &viewer, int planes)
 {
     // Nothing that is left over from the step before belongs to this one.
     QCoreApplication::processEvents();
-    const auto watched = m_window.workstation().sliceViewers();
+    const auto watched = m_session.workstation().sliceViewers();
     std::vector<bool> isPainted(watched.size());
     std::vector<QMetaObject::Connection> connections;
     for (std::size_t i = 0; i < watched.size(); ++i) {

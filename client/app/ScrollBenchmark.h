@@ -9,10 +9,10 @@
 
 #include <vector>
 
-class MainWindow;
+class WorkSession;
 class SliceViewer;
 
-/// Sends wheel events to a viewer of the main window, one after the other, and measures each from
+/// Sends wheel events to a viewer of the workstation, one after the other, and measures each from
 /// its sending until all slice viewers have been painted: those that follow with their new slice,
 /// the others with their moved reference lines. Prints a table and ends the event loop; without
 /// anything to scroll it says so and ends it with 1.
@@ -22,7 +22,7 @@ class ScrollBenchmark final : public QObject
 
 public:
     /// @param folders what to open and scroll; empty for made-up voxels.
-    ScrollBenchmark(MainWindow &window, const QStringList &folders);
+    ScrollBenchmark(WorkSession &session, const QStringList &folders);
 
 private:
     struct Scenario
@@ -39,6 +39,6 @@ private:
     void waitUntilSettled();
     [[nodiscard]] double measureStep(SliceViewer &viewer, int planes);
 
-    MainWindow &m_window;
+    WorkSession &m_session;
     McHandle<LoadedSeries> m_series;
 };

@@ -7,28 +7,76 @@
 #include <algorithm>
 #include <utility>
 
-Workstation::Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu)
-    : m_screen(area)
-    , m_links(new ViewerLinks)
-    , m_manager(m_screen)
-    , m_layouts(area, m_screen, m_manager,
+Workstation::Workstation(MenuInteraction::OpenMenu openMenu)
+    : m_links(new ViewerLinks)
+    , m_manager([this](const ExBaseViewer *viewer) { return m_screens.screenFor(viewer); })
+    , m_layouts(m_screens, m_manager,
           [this](WorkstationViewer &viewer) {
               m_interactions.install(viewer);
               viewer.setSeriesOffered(!m_session.imageSeries().empty());
           })
     , m_interactions(m_layouts, std::move(openMenu))
 {
-    QObject::connect(&area, &ViewerArea::resized, &area, [this] { m_screen.reconfigure(); });
     QObject::connect(
-        &m_measurements, &MeasurementList::changed, &area, [this] { updateOverlays(); });
-    QObject::connect(&m_session, &StudySession::scanned, &area, [this] { offerSeries(); });
-    QObject::connect(&m_session, &StudySession::closed, &area, [this] { offerSeries(); });
+        &m_measurements, &MeasurementList::changed, &m_context, [this] { updateOverlays(); });
+    QObject::connect(&m_session, &StudySession::scanned, &m_context, [this] { offerSeries(); });
+    QObject::connect(&m_session, &StudySession::closed, &m_context, [this] { offerSeries(); });
     QObject::connect(&m_session, &StudySession::closed, &m_gate, &LoadGate::closeAll);
 }
 
 Workstation::~Workstation()
 {
     m_session.close();
+}
+
+void Workstation::setAreas(const QList<ViewerArea *> &areas)
+{
+    leaveOtherScreens(areas);
+    for (ViewerArea *area : areas) {
+        if (m_screens.find(area) == nullptr) {
+            addScreen(*area);
+        }
+    }
+    m_screens.sort(areas);
+    m_layouts.sortViewers();
+    ExNotifiable::notify(ExNotification::VIEWER_LAYOUT_CHANGED);
+}
+
+void Workstation::leaveOtherScreens(const QList<ViewerArea *> &areas)
+{
+    std::vector<const WorkstationScreen *> left;
+    for (const auto &screen : m_screens.all()) {
+        if (!areas.contains(&screen->area())) {
+            left.push_back(screen.get());
+        }
+    }
+    const auto isLeft = [&](const WorkstationViewer *viewer) {
+        return std::find(left.begin(), left.end(), m_screens.screenFor(viewer)) != left.end();
+    };
+    const auto all = viewers();
+    const auto staying = std::find_if_not(all.begin(), all.end(), isLeft);
+    if (activeViewer() != nullptr && isLeft(activeViewer()) && staying != all.end()) {
+        m_manager.setActiveViewer(*staying);
+    }
+    for (WorkstationViewer *viewer : all) {
+        if (isLeft(viewer)) {
+            m_manager.dropViewer(*viewer);
+        }
+    }
+    for (const WorkstationScreen *screen : left) {
+        screen->area().disconnect(&m_context);
+        m_screens.remove(*screen);
+    }
+}
+
+void Workstation::addScreen(ViewerArea &area)
+{
+    const ViewerLayout *const first
+        = m_screens.first() == nullptr ? nullptr : LayoutTable::find(m_screens.first()->layout());
+    WorkstationScreen &screen = m_screens.add(area);
+    QObject::connect(&area, &ViewerArea::resized, &m_context, [&screen] { screen.reconfigure(); });
+    const QString usual = QStringLiteral("2x2");
+    m_layouts.applyTo(screen, first == nullptr ? *LayoutTable::find(usual) : *first);
 }
 
 void Workstation::offerSeries()

@@ -2,7 +2,7 @@
 
 #include "client/interaction/InteractionSet.h"
 #include "client/layout/ViewerLayouts.h"
-#include "client/layout/WorkstationScreen.h"
+#include "client/layout/WorkstationScreens.h"
 #include "client/links/ViewerLinks.h"
 #include "client/loading/LoadGate.h"
 #include "client/loading/StudySession.h"
@@ -14,14 +14,14 @@ class SliceViewer;
 class ViewerArea;
 class WorkstationViewer;
 
-/// Everything of the workstation but its windows, put together: screen, viewers, links, layouts,
-/// interactions, studies, measurements. One in the process, owned by the main window. GUI thread
+/// Everything of the workstation but its windows, put together: screens, viewers, links, layouts,
+/// interactions, studies, measurements. One in the process, owned by the work session. GUI thread
 /// only.
 class Workstation
 {
 public:
-    /// @param area where the viewers are; must outlive the workstation.
-    Workstation(ViewerArea &area, MenuInteraction::OpenMenu openMenu);
+    /// Without any screen, until there are areas.
+    explicit Workstation(MenuInteraction::OpenMenu openMenu);
     /// Ends all reading, then removes the viewers through the manager.
     ~Workstation();
     Workstation(const Workstation &) = delete;
@@ -31,7 +31,11 @@ public:
     [[nodiscard]] LoadGate &gate() { return m_gate; }
     [[nodiscard]] ViewerLayouts &layouts() { return m_layouts; }
     [[nodiscard]] MeasurementList &measurements() { return m_measurements; }
-    [[nodiscard]] WorkstationScreen &screen() { return m_screen; }
+    [[nodiscard]] const WorkstationScreens &screens() const { return m_screens; }
+    /// Makes these the areas in which viewers are, in this order. A new one is filled with viewers
+    /// in the layout of the first screen; the viewers of one that is left out go, and all that is
+    /// shown in the others stays. Areas must stay until they are left out here.
+    void setAreas(const QList<ViewerArea *> &areas);
     /// Null when there is none.
     [[nodiscard]] WorkstationViewer *activeViewer() const;
     /// In the order of the viewer manager.
@@ -57,15 +61,18 @@ public:
 
 private:
     void updateOverlays();
+    void leaveOtherScreens(const QList<ViewerArea *> &areas);
+    void addScreen(ViewerArea &area);
     /// Tells the viewers whether there are series to choose from.
     void offerSeries();
 
     MeasurementList m_measurements;
-    WorkstationScreen m_screen;
+    WorkstationScreens m_screens;
     McHandle<ViewerLinks> m_links;
     WorkstationViewerManager m_manager;
     ViewerLayouts m_layouts;
     InteractionSet m_interactions;
     LoadGate m_gate;
     StudySession m_session;
+    QObject m_context; ///< What is connected ends with it.
 };

@@ -1,10 +1,12 @@
 #include "client/app/CommandLine.h"
 #include "client/app/DisplayCheck.h"
-#include "client/app/MainWindow.h"
 #include "client/app/Plugins.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
+#include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/desktop/Desktop.h"
+#include "framework/monitors/ExMonitorManager.h"
 #include "platform/toolkit/QxApplication.h"
 
 #include <QIcon>
@@ -28,25 +30,29 @@ int runWindow(const CommandLine &command)
 {
     const QStringList refused = Plugins::load();
     WorkstationApplication application(command.language);
-    MainWindow window;
+    ExMonitorManager::installAutomaticFontAndDialogAdjustment();
+    WorkSession session;
     application.setDefaultStyle();
+    Desktop &desktop = session.desktop();
     if (command.size.isValid()) {
-        window.resize(command.size);
+        desktop.startWithSize(command.size);
     }
-    window.workstation().gate().setUnattended(
-        !command.screenshot.isEmpty() || !command.benchmark.isEmpty());
-    window.setLayoutByName(command.layout);
-    window.show();
+    // Runs that end by themselves leave the user's windows where they were.
+    const bool isRun = !command.benchmark.isEmpty() || !command.screenshot.isEmpty();
+    desktop.setRemembering(!isRun && !command.size.isValid());
+    session.workstation().layouts().applyToAll(*LayoutTable::find(command.layout));
+    session.workstation().gate().setUnattended(isRun);
+    desktop.show();
     if (command.screenshot.isEmpty()) {
         Plugins::tell(refused);
     }
     std::unique_ptr<QObject> run;
     if (!command.benchmark.isEmpty()) {
-        run = std::make_unique<ScrollBenchmark>(window, command.paths);
+        run = std::make_unique<ScrollBenchmark>(session, command.paths);
     } else {
-        command.paths.isEmpty() ? window.openSample() : window.open(command.paths);
+        command.paths.isEmpty() ? session.openSample() : session.open(command.paths);
         if (!command.screenshot.isEmpty()) {
-            run = std::make_unique<ScreenshotRun>(window, command.screenshot);
+            run = std::make_unique<ScreenshotRun>(session, command.screenshot);
         }
     }
     return QCoreApplication::exec();

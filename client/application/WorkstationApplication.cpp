@@ -1,13 +1,14 @@
 #include "client/application/WorkstationApplication.h"
 
-#include "client/app/MainWindow.h"
 #include "client/app/NotificationWatch.h"
+#include "client/app/WorkSession.h"
 #include "client/application/HelpWindow.h"
 #include "client/application/PropertyBrowser.h"
 #include "client/application/PropertyTexts.h"
 #include "client/application/Translations.h"
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
+#include "framework/monitors/ExMonitorManager.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"
@@ -28,7 +29,8 @@ const std::vector<ExNotification::Type> stateChanges{ExNotification::ACTIVE_VIEW
     ExNotification::VIEWER_FLIPPED, ExNotification::CINE_START, ExNotification::CINE_STOP,
     ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
     ExNotification::VIEWER_GROUP_ENABLED, ExNotification::VIEWER_GROUP_DISABLED,
-    ExNotification::GLOBAL_TOGGLE_CHANGED};
+    ExNotification::GLOBAL_TOGGLE_CHANGED, ExNotification::SCREEN_RECONFIGURE_PRE,
+    ExNotification::MONITOR_CONFIGURATION_CHANGED};
 
 void updateTools()
 {
@@ -80,17 +82,17 @@ WorkstationApplication &WorkstationApplication::instance()
 
 Workstation *WorkstationApplication::workstation() const
 {
-    return m_window == nullptr ? nullptr : &m_window->workstation();
+    return m_session == nullptr ? nullptr : &m_session->workstation();
 }
 
-MainWindow *WorkstationApplication::mainWindow() const
+WorkSession *WorkstationApplication::workSession() const
 {
-    return m_window;
+    return m_session;
 }
 
-void WorkstationApplication::setMainWindow(MainWindow *window)
+void WorkstationApplication::setWorkSession(WorkSession *session)
 {
-    m_window = window;
+    m_session = session;
     refreshTools();
 }
 
@@ -122,7 +124,7 @@ QString WorkstationApplication::userName() const
 
 QWidget *WorkstationApplication::dialogParent()
 {
-    return m_window;
+    return m_session == nullptr ? nullptr : ExMonitorManager::instance().activeMonitorWidget();
 }
 
 int WorkstationApplication::propertyBrowser(const std::list<KxVariant *> &properties,

@@ -10,8 +10,8 @@
 #include <QTimer>
 
 class HelpWindow;
-class MainWindow;
 class PropertyBrowser;
+class WorkSession;
 class Workstation;
 
 /// The workstation's application object: made once, after the toolkit's and before any window.
@@ -27,12 +27,12 @@ public:
     /// Undefined when there is none.
     static WorkstationApplication &instance();
 
-    /// Viewers, layouts, links and studies; null before there is a window and once it has gone.
+    /// Viewers, layouts, links and studies; null while there is no work session.
     [[nodiscard]] Workstation *workstation() const;
     /// Null when there is none.
-    [[nodiscard]] MainWindow *mainWindow() const;
-    /// The window that the application is shown in; null when it goes. Not owned.
-    void setMainWindow(MainWindow *window);
+    [[nodiscard]] WorkSession *workSession() const;
+    /// What the user works with; null when it goes. Not owned.
+    void setWorkSession(WorkSession *session);
     /// Has the actions of all tools show their present states, soon and once however often it is
     /// asked. Happens by itself after changes of viewers, links and layouts.
     void refreshTools();
@@ -45,6 +45,7 @@ public:
     UiRegistry *uiRegistry() override { return &m_uiRegistry; }
     /// The name that the user has logged in with.
     [[nodiscard]] QString userName() const override;
+    /// The window that is or was last the active one; null while there is no work session.
     QWidget *dialogParent() override;
     /// @return how many settings were changed, if modal, else 0.
     int propertyBrowser(const std::list<KxVariant *> &properties,
@@ -71,7 +72,7 @@ private:
 
     WorkstationDecoration m_decoration;
     UiRegistry m_uiRegistry;
-    QPointer<MainWindow> m_window;
+    QPointer<WorkSession> m_session;
     QPointer<HelpWindow> m_help;
     QPointer<PropertyBrowser> m_browser;
     QTimer m_refresh;

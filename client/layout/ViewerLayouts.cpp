@@ -1,7 +1,7 @@
 #include "client/layout/ViewerLayouts.h"
 
 #include "client/layout/ViewerArea.h"
-#include "client/layout/WorkstationScreen.h"
+#include "client/layout/WorkstationScreens.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/VolumeViewer.h"
@@ -22,12 +22,19 @@ bool fits(const WorkstationViewer &viewer, const ViewerLayout::Place &place)
     return static_cast<const SliceViewer &>(viewer).plane() == place.plane;
 }
 
+/// Told apart over all screens.
+std::string displaySetId(
+    const WorkstationScreen &screen, const ViewerLayout &layout, std::size_t place)
+{
+    const std::string id = layout.name.toStdString() + '/' + std::to_string(place + 1);
+    return screen.number() == 1 ? id : std::to_string(screen.number()) + ':' + id;
+}
+
 } // namespace
 
 ViewerLayouts::ViewerLayouts(
-    ViewerArea &area, WorkstationScreen &screen, WorkstationViewerManager &manager, SetUp setUp)
-    : m_area(area)
-    , m_screen(screen)
+    WorkstationScreens &screens, WorkstationViewerManager &manager, SetUp setUp)
+    : m_screens(screens)
     , m_manager(manager)
     , m_setUp(std::move(setUp))
 { }
@@ -35,9 +42,9 @@ ViewerLayouts::ViewerLayouts(
 WorkstationViewer *ViewerLayouts::takeStaying(
     ExBaseViewerGroup &present, const ViewerLayout &layout, const ViewerLayout::Place &place)
 {
-    const auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
+    auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
     const bool isAlone
-        = layout.places.size() == 1 && active != nullptr && active->series() != nullptr;
+        = layout.places.size() == 1 && present.contains(active) && active->series() != nullptr;
     for (int i = 0; i < present.size(); ++i) {
         auto *const viewer = static_cast<WorkstationViewer *>(present[i]);
         if (isAlone ? viewer == active : fits(*viewer, place)) {
@@ -48,13 +55,31 @@ WorkstationViewer *ViewerLayouts::takeStaying(
     return nullptr;
 }
 
-WorkstationViewer *ViewerLayouts::createViewer(const ViewerLayout::Place &place)
+WorkstationScreen *ViewerLayouts::activeScreen() const
+{
+    WorkstationScreen *const active = m_screens.screenFor(m_manager.activeViewer());
+    return active == nullptr ? m_screens.first() : active;
+}
+
+ExBaseViewerGroup ViewerLayouts::viewersOn(const WorkstationScreen &screen) const
+{
+    ExBaseViewerGroup viewers(nullptr, ExBaseViewerGroup::ALL_VIEWERS, Ex::ANY_VIEWER_TYPE);
+    for (int i = viewers.size(); i-- > 0;) {
+        if (m_screens.screenFor(viewers[i]) != &screen) {
+            viewers.remove(i);
+        }
+    }
+    return viewers;
+}
+
+WorkstationViewer *ViewerLayouts::createViewer(
+    WorkstationScreen &screen, const ViewerLayout::Place &place)
 {
     WorkstationViewer *viewer = nullptr;
     if (place.isVolume) {
-        viewer = new VolumeViewer(&m_area);
+        viewer = new VolumeViewer(&screen.area());
     } else {
-        viewer = new SliceViewer(place.plane, &m_area);
+        viewer = new SliceViewer(place.plane, &screen.area());
     }
     m_manager.addViewer(viewer, place.box, true);
     m_setUp(*viewer);
@@ -64,8 +89,36 @@ WorkstationViewer *ViewerLayouts::createViewer(const ViewerLayout::Place &place)
 
 void ViewerLayouts::apply(const ViewerLayout &layout)
 {
-    m_screen.setReconfigureEnabled(false);
-    ExBaseViewerGroup present(nullptr, ExBaseViewerGroup::ALL_VIEWERS, Ex::ANY_VIEWER_TYPE);
+    if (WorkstationScreen *const screen = activeScreen()) {
+        applyTo(*screen, layout);
+    }
+}
+
+void ViewerLayouts::applyToAll(const ViewerLayout &layout)
+{
+    for (const auto &screen : m_screens.all()) {
+        applyTo(*screen, layout);
+    }
+}
+
+QString ViewerLayouts::current() const
+{
+    const WorkstationScreen *const screen = activeScreen();
+    return screen == nullptr ? QString() : screen->layout();
+}
+
+void ViewerLayouts::sortViewers()
+{
+    m_manager.sortViewers([this](const McHandle<ExBaseViewer> &a, const McHandle<ExBaseViewer> &b) {
+        return std::pair(m_screens.indexOf(a), a->displaySetID())
+            < std::pair(m_screens.indexOf(b), b->displaySetID());
+    });
+}
+
+void ViewerLayouts::applyTo(WorkstationScreen &screen, const ViewerLayout &layout)
+{
+    screen.setReconfigureEnabled(false);
+    ExBaseViewerGroup present = viewersOn(screen);
     const auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
     const McHandle<LoadedSeries> series(active != nullptr ? active->series() : nullptr);
     WorkstationViewer *first = nullptr;
@@ -73,24 +126,21 @@ void ViewerLayouts::apply(const ViewerLayout &layout)
         const ViewerLayout::Place &place = layout.places[i];
         WorkstationViewer *viewer = takeStaying(present, layout, place);
         if (viewer != nullptr) {
-            m_screen.addWidget(viewer, place.box); // Anew: no longer full screen.
+            screen.addWidget(viewer, place.box); // Anew: no longer full screen.
         } else {
-            viewer = createViewer(place);
+            viewer = createViewer(screen, place);
             viewer->setSeries(series);
         }
-        viewer->setDisplaySetID(layout.name.toStdString() + '/' + std::to_string(i + 1));
+        viewer->setDisplaySetID(displaySetId(screen, layout, i));
         first = first == nullptr ? viewer : first;
     }
     for (ExBaseViewer *left : present) {
         m_manager.dropViewer(*left);
     }
-    // Groups of viewers come in the order of the layout.
-    m_manager.sortViewers([](const McHandle<ExBaseViewer> &a, const McHandle<ExBaseViewer> &b) {
-        return a->displaySetID() < b->displaySetID();
-    });
-    m_current = layout.name;
-    m_screen.setReconfigureEnabled(true);
-    m_screen.reconfigure();
+    sortViewers();
+    screen.setLayout(layout.name);
+    screen.setReconfigureEnabled(true);
+    screen.reconfigure();
     if (m_manager.activeViewer() == nullptr || active != m_manager.activeViewer()) {
         m_manager.setActiveViewer(first);
     }
@@ -99,18 +149,20 @@ void ViewerLayouts::apply(const ViewerLayout &layout)
 
 void ViewerLayouts::setFullscreen(WorkstationViewer &viewer, bool on)
 {
-    if (m_screen.setFullscreen(&viewer, on)) {
-        m_screen.reconfigure();
+    WorkstationScreen *const screen = m_screens.screenFor(&viewer);
+    if (screen != nullptr && screen->setFullscreen(&viewer, on)) {
+        screen->reconfigure();
         ExNotifiable::notify({ExNotification::FULLSCREEN_CHANGED, &viewer});
     }
 }
 
 bool ViewerLayouts::isFullscreen(const WorkstationViewer &viewer) const
 {
-    return m_screen.isFullscreen(&viewer);
+    const WorkstationScreen *const screen = m_screens.screenFor(&viewer);
+    return screen != nullptr && screen->isFullscreen(&viewer);
 }
 
 void ViewerLayouts::toggleFullscreen(WorkstationViewer &viewer)
 {
-    setFullscreen(viewer, !m_screen.isFullscreen(&viewer));
+    setFullscreen(viewer, !isFullscreen(viewer));
 }

@@ -18,8 +18,9 @@ int edge(float fraction, int length)
 
 } // namespace
 
-WorkstationScreen::WorkstationScreen(ViewerArea &area)
+WorkstationScreen::WorkstationScreen(ViewerArea &area, int number)
     : m_area(area)
+    , m_number(number)
 { }
 
 void WorkstationScreen::reconfigure()

@@ -2,14 +2,23 @@
 
 #include "framework/viewers/ExScreen.h"
 
+#include <QString>
+
 class ViewerArea;
 
-/// The workstation's one screen: the viewer area of its main window, which must outlive it. A
-/// viewer in full-screen placement hides the others.
+/// A screen of the workstation: the viewer area on one monitor, which must outlive it. A viewer in
+/// full-screen placement hides the others of the screen.
 class WorkstationScreen final : public ExScreen
 {
 public:
-    explicit WorkstationScreen(ViewerArea &area);
+    /// @param number tells it from the other screens; from 1 on.
+    WorkstationScreen(ViewerArea &area, int number);
+
+    [[nodiscard]] ViewerArea &area() const { return m_area; }
+    [[nodiscard]] int number() const { return m_number; }
+    /// The name of the layout applied last; empty before.
+    [[nodiscard]] const QString &layout() const { return m_layout; }
+    void setLayout(const QString &name) { m_layout = name; }
 
     void reconfigure() override;
     [[nodiscard]] int numScreens() const override { return 1; }
@@ -23,4 +32,6 @@ public:
 
 private:
     ViewerArea &m_area;
+    int m_number;
+    QString m_layout;
 };

@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMainWindow>
 #include <QMetaObject>
 #include <QToolButton>
 
@@ -104,12 +103,11 @@ std::vector<ToolBarLayout::Item> usable(const std::vector<ToolBarLayout::Item> &
 
 } // namespace
 
-ToolBars::ToolBars(QMainWindow &window)
-    : m_window(window)
-    , m_watch(new NotificationWatch(
-          {ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::VIEWER_SUBTYPE_CHANGED,
-              ExNotification::VIEWER_LAYOUT_CHANGED},
-          [this](const ExNotification & /*notification*/) { showActiveTools(); }))
+ToolBars::ToolBars()
+    : m_watch(new NotificationWatch(
+        {ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::VIEWER_SUBTYPE_CHANGED,
+            ExNotification::VIEWER_LAYOUT_CHANGED},
+        [this](const ExNotification & /*notification*/) { showActiveTools(); }))
 {
     for (const ToolBarLayout::Bar &bar : layout().bars) {
         addBar(bar);
@@ -118,11 +116,18 @@ ToolBars::ToolBars(QMainWindow &window)
         McLogFile::warnf("%s", qUtf8Printable(m_problem));
         const QString problem = m_problem;
         QMetaObject::invokeMethod(
-            &window, [problem] { ExMessageBox::warning(problem); }, Qt::QueuedConnection);
+            &m_context, [problem] { ExMessageBox::warning(problem); }, Qt::QueuedConnection);
     }
 }
 
-ToolBars::~ToolBars() = default;
+ToolBars::~ToolBars()
+{
+    for (const ExMonitorWidget::ToolBar &entry : m_entries) {
+        if (entry.toolBar() != nullptr && entry.toolBar()->parentWidget() == nullptr) {
+            delete entry.toolBar();
+        }
+    }
+}
 
 QString ToolBars::userFile()
 {
@@ -202,8 +207,7 @@ void ToolBars::addBar(const ToolBarLayout::Bar &bar)
         delete toolBar;
         return;
     }
-    m_window.addToolBar(toolBar);
-    toolBar->setVisible(true);
+    m_entries.append(ExMonitorWidget::ToolBar(toolBar, true, Qt::TopToolBarArea));
 }
 
 void ToolBars::addItem(ExToolBar &toolBar, const ToolBarLayout::Item &item)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "client/toolbars/ToolBarLayout.h"
+#include "framework/monitors/ExMonitorWidget.h"
 #include "framework/notification/ExNotifiable.h"
 #include "framework/tools/ExToolGroup.h"
 #include "platform/util/McHandle.h"
@@ -11,22 +12,23 @@
 #include <vector>
 
 class ExToolBar;
-class QMainWindow;
 
-/// The tool bars of a window, as the user's file says, or, where there is none or it is damaged, as
-/// the file that comes with the program does. Tools that are unknown, or that the user may not use,
-/// are left out, and so are separators that would stand beside nothing. Owned by the window. GUI
-/// thread only.
+/// The tool bars of the viewers, as the user's file says, or, where there is none or it is damaged,
+/// as the file that comes with the program does. Tools that are unknown, or that the user may not
+/// use, are left out, and so are separators that would stand beside nothing. The tool bars belong
+/// to the window that they stand in, without one to this. GUI thread only.
 class ToolBars
 {
 public:
-    /// Fills the window. A damaged file, and unknown tools in one, are told in a message box once
-    /// the event loop runs.
-    explicit ToolBars(QMainWindow &window);
+    /// Makes the tool bars. A damaged file, and unknown tools in one, are told in a message box
+    /// once the event loop runs.
+    ToolBars();
     ~ToolBars();
     ToolBars(const ToolBars &) = delete;
     ToolBars &operator=(const ToolBars &) = delete;
 
+    /// In their order, for ExMonitorManager::setToolBars().
+    [[nodiscard]] const QList<ExMonitorWidget::ToolBar> &entries() const { return m_entries; }
     /// What is wrong with the user's file, with its line; empty when nothing is.
     [[nodiscard]] const QString &problem() const { return m_problem; }
 
@@ -45,7 +47,8 @@ private:
     /// Has the buttons of pop-ups stand for what is active, also where that was not chosen here.
     void showActiveTools();
 
-    QMainWindow &m_window;
+    QList<ExMonitorWidget::ToolBar> m_entries;
+    QObject m_context; ///< What is to be told is told while it is there.
     QString m_problem;
     std::vector<std::unique_ptr<ExToolGroup>> m_groups;
     McHandle<ExNotifiable> m_watch;

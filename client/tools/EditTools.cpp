@@ -1,4 +1,4 @@
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/toolbars/ToolBars.h"
 #include "client/tools/WorkstationTools.h"
@@ -18,7 +18,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow & /*window*/) override
+    void run(WorkSession & /*session*/) override
     {
         WorkstationApplication::instance().propertyBrowser(
             KxPropertyPool::instance().properties(), {}, hiddenSettings(), false);
@@ -29,7 +29,8 @@ private:
     static QList<QRegularExpression> hiddenSettings()
     {
         return {QRegularExpression(QStringLiteral("^Hidden\\.")),
-            QRegularExpression(QStringLiteral("^UI\\.DialogPositionSize\\."))};
+            QRegularExpression(
+                QStringLiteral("^UI\\.(DialogPositionSize|Placement|ToolBarState)\\."))};
     }
 };
 
@@ -40,7 +41,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow & /*window*/) override
+    void run(WorkSession & /*session*/) override
     {
         const QString problem = ToolBars::createUserFile();
         if (!problem.isEmpty()) {

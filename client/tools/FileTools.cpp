@@ -1,4 +1,4 @@
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/tools/ToolModule.h"
 
@@ -10,7 +10,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow &window) override { window.askForFolder(); }
+    void run(WorkSession &session) override { session.askForFolder(); }
 };
 
 class CloseStudies final : public ApplicationCommand
@@ -19,7 +19,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow &window) override { window.workstation().session().close(); }
+    void run(WorkSession &session) override { session.workstation().session().close(); }
 };
 
 class Quit final : public ApplicationCommand
@@ -28,7 +28,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow &window) override { window.close(); }
+    void run(WorkSession &session) override { session.quit(); }
 };
 
 const ToolModule openFolder(

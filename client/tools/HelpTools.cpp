@@ -1,4 +1,4 @@
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/tools/ExActionUI.h"
@@ -12,7 +12,10 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow & /*window*/) override { WorkstationApplication::instance().showHelp({}); }
+    void run(WorkSession & /*session*/) override
+    {
+        WorkstationApplication::instance().showHelp({});
+    }
 };
 
 class ShortCuts final : public ApplicationCommand
@@ -21,7 +24,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow & /*window*/) override { ExActionUI::showShortCutList(); }
+    void run(WorkSession & /*session*/) override { ExActionUI::showShortCutList(); }
 };
 
 class About final : public ApplicationCommand
@@ -30,7 +33,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow &window) override { window.showAbout(); }
+    void run(WorkSession &session) override { session.showAbout(); }
 };
 
 const ToolModule manual(

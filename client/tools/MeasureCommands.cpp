@@ -120,7 +120,7 @@ public:
     }
 
 protected:
-    void run(MainWindow & /*window*/) override { MeasurementList::instancePointer()->undo(); }
+    void run(WorkSession & /*session*/) override { MeasurementList::instancePointer()->undo(); }
 };
 
 const ToolModule copyResults(

@@ -1,4 +1,4 @@
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/ViewerRenderWidget.h"
@@ -12,7 +12,6 @@
 #include <QPixmap>
 #include <QSaveFile>
 #include <QStandardPaths>
-#include <QStatusBar>
 
 namespace {
 
@@ -32,10 +31,10 @@ QString defaultName()
 }
 
 /// Empty when the user has thought better of it.
-QString askForFile(QWidget &parent)
+QString askForFile(QWidget *parent)
 {
     QString file = QFileDialog::getSaveFileName(
-        &parent, Texts::tr("Save a picture"), defaultName(), Texts::tr("Pictures (*.png *.jpg)"));
+        parent, Texts::tr("Save a picture"), defaultName(), Texts::tr("Pictures (*.png *.jpg)"));
     if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) {
         file += QLatin1String(".png");
     }
@@ -43,9 +42,9 @@ QString askForFile(QWidget &parent)
 }
 
 /// The picture is made before the user is asked, so that it shows what was to be seen then.
-void save(const QPixmap &picture, MainWindow &window)
+void save(const QPixmap &picture, WorkSession &session)
 {
-    const QString name = askForFile(window);
+    const QString name = askForFile(WorkstationApplication::instance().dialogParent());
     if (name.isEmpty()) {
         return;
     }
@@ -54,8 +53,7 @@ void save(const QPixmap &picture, MainWindow &window)
     const bool isSaved = file.open(QIODevice::WriteOnly) && picture.save(&file, format.constData())
         && file.commit();
     if (isSaved) {
-        constexpr int shownFor = 10000;
-        window.statusBar()->showMessage(Texts::tr("Saved: %1").arg(name), shownFor);
+        session.showMessage(Texts::tr("Saved: %1").arg(name));
     } else {
         ExMessageBox::error(
             Texts::tr("The picture cannot be written to %1: %2")
@@ -73,8 +71,8 @@ public:
 protected:
     void run(WorkstationViewer &viewer) override
     {
-        if (MainWindow *const window = WorkstationApplication::instance().mainWindow()) {
-            save(viewer.widget()->grab(), *window);
+        if (WorkSession *const session = WorkstationApplication::instance().workSession()) {
+            save(viewer.widget()->grab(), *session);
         }
     }
 };
@@ -85,7 +83,10 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(MainWindow &window) override { save(window.grab(), window); }
+    void run(WorkSession &session) override
+    {
+        save(WorkstationApplication::instance().dialogParent()->grab(), session);
+    }
 };
 
 const ToolModule saveViewer(
@@ -106,7 +107,7 @@ const ToolModule saveWindow(
         .key = "File.SaveWindow",
         .category = QT_TRANSLATE_NOOP("Tools", "File"),
         .text = QT_TRANSLATE_NOOP("Tools", "Save picture of &window…"),
-        .toolTip = QT_TRANSLATE_NOOP("Tools", "Save what the window shows to a file"),
+        .toolTip = QT_TRANSLATE_NOOP("Tools", "Save what the active window shows to a file"),
         .icon = "save-window",
         .shortCut = "Ctrl+Shift+S",
     },

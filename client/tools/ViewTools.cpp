@@ -24,7 +24,7 @@ protected:
     [[nodiscard]] bool isOn(const WorkstationViewer &viewer) const override
     {
         Workstation *const workstation = WorkstationApplication::instance().workstation();
-        return workstation != nullptr && workstation->screen().isFullscreen(&viewer);
+        return workstation != nullptr && workstation->layouts().isFullscreen(viewer);
     }
     void set(WorkstationViewer &viewer, bool on) override
     {

@@ -28,11 +28,11 @@ bool ApplicationCommand::supportsViewer(const ExBaseViewer * /*viewer*/) const
 
 bool ApplicationCommand::process(ExBaseViewer * /*viewer*/, bool /*on*/)
 {
-    MainWindow *const window = WorkstationApplication::instance().mainWindow();
-    if (window == nullptr) {
+    WorkSession *const session = WorkstationApplication::instance().workSession();
+    if (session == nullptr) {
         return false;
     }
-    run(*window);
+    run(*session);
     return true;
 }
 

@@ -2,7 +2,7 @@
 
 #include "framework/tools/ExTrigger.h"
 
-class MainWindow;
+class WorkSession;
 class WorkstationViewer;
 
 /// Bases of the workstation's commands and switches. A tool derives from one of them, says what it
@@ -18,7 +18,7 @@ public:
     bool process(ExBaseViewer *viewer, bool on) override;
 
 protected:
-    virtual void run(MainWindow &window) = 0;
+    virtual void run(WorkSession &session) = 0;
 };
 
 /// Something of the application as a whole that is on or off, whoever switches it.

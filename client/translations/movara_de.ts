@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>Contents</name>
+    <message>
+        <source>Studies</source>
+        <translation>Studien</translation>
+    </message>
+    <message>
+        <source>Viewers</source>
+        <translation>Ansichten</translation>
+    </message>
+</context>
+<context>
+    <name>Desktop</name>
+    <message>
+        <source>%1 – Movara</source>
+        <translation>%1 – Movara</translation>
+    </message>
+</context>
+<context>
     <name>EditTools</name>
     <message>
         <source>The tool bars are described in this file. It is read when the workstation starts.
@@ -270,76 +288,9 @@ Wenden Sie sich an Ihren Systemverwalter.</translation>
         <source>&amp;Tools</source>
         <translation>&amp;Werkzeuge</translation>
     </message>
-</context>
-<context>
-    <name>MainWindow</name>
     <message>
-        <source>Movara</source>
-        <translation>Movara</translation>
-    </message>
-    <message>
-        <source>Looking for DICOM files…</source>
-        <translation>DICOM-Dateien werden gesucht …</translation>
-    </message>
-    <message>
-        <source>Opening %1</source>
-        <translation>%1 wird geöffnet</translation>
-    </message>
-    <message>
-        <source>Making the sample study</source>
-        <translation>Beispielstudie wird erzeugt</translation>
-    </message>
-    <message>
-        <source>Making the sample study…</source>
-        <translation>Beispielstudie wird erzeugt …</translation>
-    </message>
-    <message>
-        <source>Open a DICOM folder</source>
-        <translation>DICOM-Ordner öffnen</translation>
-    </message>
-    <message>
-        <source>About Movara</source>
-        <translation>Über Movara</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Movara&lt;/b&gt; reference workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Not a medical device: not for diagnosis.</source>
-        <translation>&lt;b&gt;Movara&lt;/b&gt; Referenz-Workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Kein Medizinprodukt: nicht zur Diagnose.</translation>
-    </message>
-    <message>
-        <source>Files looked at: %1</source>
-        <translation>Durchsuchte Dateien: %1</translation>
-    </message>
-    <message>
-        <source>Opening was cancelled.</source>
-        <translation>Das Öffnen wurde abgebrochen.</translation>
-    </message>
-    <message>
-        <source>There are no files here. Open another folder with File &gt; Open folder.</source>
-        <translation>Hier sind keine Dateien. Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
-    </message>
-    <message>
-        <source>There are no images here (files looked at: %1). Open another folder with File &gt; Open folder.</source>
-        <translation>Hier sind keine Bilder (durchsuchte Dateien: %1). Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
-    </message>
-    <message>
-        <source>Opening</source>
-        <translation>Öffnen</translation>
-    </message>
-    <message>
-        <source>No studies are open.
-
-Open a folder with File &gt; Open folder, or drop one here.</source>
-        <translation>Es sind keine Studien geöffnet.
-
-Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
-    </message>
-    <message>
-        <source>%1 – Movara</source>
-        <translation>%1 – Movara</translation>
-    </message>
-    <message>
-        <source>What was open stays open.</source>
-        <translation>Was offen war, bleibt offen.</translation>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
     </message>
     <message>
         <source>Closed: %1</source>
@@ -440,6 +391,33 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>MonitorMap</name>
+    <message>
+        <source>Viewers</source>
+        <translation>Ansichten</translation>
+    </message>
+    <message>
+        <source>Show viewers on monitor %1</source>
+        <translation>Ansichten auf Monitor %1 zeigen</translation>
+    </message>
+    <message>
+        <source>Studies</source>
+        <translation>Studien</translation>
+    </message>
+    <message>
+        <source>Show the list of studies on monitor %1</source>
+        <translation>Die Studienliste auf Monitor %1 zeigen</translation>
+    </message>
+    <message>
+        <source>%1 × %2</source>
+        <translation>%1 × %2</translation>
+    </message>
+    <message>
+        <source>main monitor</source>
+        <translation>Hauptmonitor</translation>
+    </message>
+</context>
+<context>
     <name>PictureTools</name>
     <message>
         <source>Save a picture</source>
@@ -460,6 +438,49 @@ oder beide anklicken</translation>
     <message>
         <source>unknown kind of picture</source>
         <translation>unbekannte Art von Bild</translation>
+    </message>
+</context>
+<context>
+    <name>PlacementDialog</name>
+    <message>
+        <source>Monitors</source>
+        <translation>Monitore</translation>
+    </message>
+    <message>
+        <source>What each monitor shows:</source>
+        <translation>Was jeder Monitor zeigt:</translation>
+    </message>
+    <message>
+        <source>There is only one monitor, which shows everything. With a further one, viewers and studies can be spread.</source>
+        <translation>Es gibt nur einen Monitor; er zeigt alles. Mit einem weiteren lassen sich Ansichten und Studien verteilen.</translation>
+    </message>
+    <message>
+        <source>The viewers fill their monitors.</source>
+        <translation>Die Ansichten füllen ihre Monitore.</translation>
+    </message>
+    <message>
+        <source>The viewers are on monitor %1.</source>
+        <translation>Die Ansichten sind auf Monitor %1.</translation>
+    </message>
+    <message>
+        <source>The list of studies stands beside them.</source>
+        <translation>Die Studienliste steht daneben.</translation>
+    </message>
+    <message>
+        <source>The list of studies has a window of its own on monitor %1.</source>
+        <translation>Die Studienliste hat ein eigenes Fenster auf Monitor %1.</translation>
+    </message>
+    <message>
+        <source>Choose a monitor for the viewers.</source>
+        <translation>Wählen Sie einen Monitor für die Ansichten.</translation>
+    </message>
+    <message>
+        <source>Choose a monitor for the list of studies.</source>
+        <translation>Wählen Sie einen Monitor für die Studienliste.</translation>
+    </message>
+    <message>
+        <source>Monitors with viewers must stand side by side. Check the one between them too.</source>
+        <translation>Monitore mit Ansichten müssen nebeneinander stehen. Wählen Sie auch den dazwischen.</translation>
     </message>
 </context>
 <context>
@@ -1226,10 +1247,6 @@ oder beide anklicken</translation>
         <translation>Bild des &amp;Fensters speichern …</translation>
     </message>
     <message>
-        <source>Save what the window shows to a file</source>
-        <translation>Was das Fenster zeigt, in einer Datei speichern</translation>
-    </message>
-    <message>
         <source>Measuring</source>
         <translation>Messen</translation>
     </message>
@@ -1393,6 +1410,42 @@ oder beide anklicken</translation>
         <source>Linked viewers follow, but for the plane. The slice stays, turned back to the viewer&apos;s plane; inverting and flipping end.</source>
         <translation>Verknüpfte Ansichten folgen, außer in der Ebene. Die Schicht bleibt, zurückgedreht in die Ebene der Ansicht; Umkehren und Spiegeln enden.</translation>
     </message>
+    <message>
+        <source>Save what the active window shows to a file</source>
+        <translation>Was das aktive Fenster zeigt, in eine Datei speichern</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Full &amp;screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>Let the window fill its monitors, without a frame</source>
+        <translation>Das Fenster füllt seine Monitore, ohne Rahmen</translation>
+    </message>
+    <message>
+        <source>&amp;Tool bars</source>
+        <translation>&amp;Werkzeugleisten</translation>
+    </message>
+    <message>
+        <source>Show the tool bars, or leave their room to the viewers</source>
+        <translation>Die Werkzeugleisten zeigen, oder ihren Platz den Ansichten lassen</translation>
+    </message>
+    <message>
+        <source>&amp;Monitors…</source>
+        <translation>&amp;Monitore …</translation>
+    </message>
+    <message>
+        <source>Choose what each monitor shows</source>
+        <translation>Wählen, was jeder Monitor zeigt</translation>
+    </message>
+    <message>
+        <source>Viewers can be on several monitors; the list of studies stands beside them or has a window of its own.</source>
+        <translation>Ansichten können auf mehreren Monitoren sein; die Studienliste steht daneben oder hat ein eigenes Fenster.</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>
@@ -1461,6 +1514,77 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>The 3D view follows when all slices have been read.</source>
         <translation>Die 3D-Ansicht folgt, wenn alle Schichten gelesen sind.</translation>
+    </message>
+</context>
+<context>
+    <name>WorkSession</name>
+    <message>
+        <source>Looking for DICOM files…</source>
+        <translation>DICOM-Dateien werden gesucht …</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>%1 wird geöffnet</translation>
+    </message>
+    <message>
+        <source>Making the sample study</source>
+        <translation>Beispielstudie wird erzeugt</translation>
+    </message>
+    <message>
+        <source>Making the sample study…</source>
+        <translation>Beispielstudie wird erzeugt …</translation>
+    </message>
+    <message>
+        <source>Open a DICOM folder</source>
+        <translation>DICOM-Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>About Movara</source>
+        <translation>Über Movara</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Movara&lt;/b&gt; reference workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Not a medical device: not for diagnosis.</source>
+        <translation>&lt;b&gt;Movara&lt;/b&gt; Referenz-Workstation&lt;br&gt;Version %1&lt;br&gt;&lt;br&gt;Kein Medizinprodukt: nicht zur Diagnose.</translation>
+    </message>
+    <message>
+        <source>Opening was cancelled.</source>
+        <translation>Das Öffnen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>There are no files here. Open another folder with File &gt; Open folder.</source>
+        <translation>Hier sind keine Dateien. Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
+    <message>
+        <source>There are no images here (files looked at: %1). Open another folder with File &gt; Open folder.</source>
+        <translation>Hier sind keine Bilder (durchsuchte Dateien: %1). Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
+    <message>
+        <source>Files looked at: %1</source>
+        <translation>Durchsuchte Dateien: %1</translation>
+    </message>
+    <message>
+        <source>What was open stays open.</source>
+        <translation>Was offen war, bleibt offen.</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>No studies are open.
+
+Open a folder with File &gt; Open folder, or drop one here.</source>
+        <translation>Es sind keine Studien geöffnet.
+
+Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
+    </message>
+    <message>
+        <source>%1 – Movara</source>
+        <translation>%1 – Movara</translation>
+    </message>
+    <message>
+        <source>Movara</source>
+        <translation>Movara</translation>
     </message>
 </context>
 <context>

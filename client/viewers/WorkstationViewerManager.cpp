@@ -3,8 +3,10 @@
 #include "framework/notification/ExNotifiable.h"
 #include "framework/viewers/ExBaseViewer.h"
 
-WorkstationViewerManager::WorkstationViewerManager(ExScreen &screen)
-    : m_screen(screen)
+#include <utility>
+
+WorkstationViewerManager::WorkstationViewerManager(ScreenOf screenOf)
+    : m_screenOf(std::move(screenOf))
 { }
 
 WorkstationViewerManager::~WorkstationViewerManager()
@@ -15,9 +17,9 @@ WorkstationViewerManager::~WorkstationViewerManager()
     }
 }
 
-ExScreen *WorkstationViewerManager::screenForViewer(ExBaseViewer * /*viewer*/)
+ExScreen *WorkstationViewerManager::screenForViewer(ExBaseViewer *viewer)
 {
-    return &m_screen;
+    return m_screenOf(viewer);
 }
 
 void WorkstationViewerManager::dropViewer(ExBaseViewer &dropped)

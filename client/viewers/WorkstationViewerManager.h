@@ -2,11 +2,16 @@
 
 #include "framework/viewers/ExViewerManager.h"
 
-/// The workstation's viewers; all are on one screen, which must outlive the manager.
+#include <functional>
+
+/// The workstation's viewers, on all of its screens.
 class WorkstationViewerManager final : public ExViewerManager
 {
 public:
-    explicit WorkstationViewerManager(ExScreen &screen);
+    using ScreenOf = std::function<ExScreen *(const ExBaseViewer *)>;
+
+    /// @param screenOf the screen that a viewer is on; null for none.
+    explicit WorkstationViewerManager(ScreenOf screenOf);
     /// Removes all viewers.
     ~WorkstationViewerManager() override;
 
@@ -16,5 +21,5 @@ public:
     void dropViewer(ExBaseViewer &viewer);
 
 private:
-    ExScreen &m_screen;
+    ScreenOf m_screenOf;
 };

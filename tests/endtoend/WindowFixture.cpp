@@ -32,25 +32,25 @@ bool hasWindows()
 } // namespace
 
 WindowFixture::WindowFixture()
-    : m_window(std::make_unique<MainWindow>())
+    : m_session(std::make_unique<WorkSession>())
 {
-    m_window->resize(1200, 900);
-    m_window->show();
-    if (!QTest::qWaitForWindowExposed(m_window.get())) {
-        qFatal("the main window is not shown");
+    m_session->desktop().show();
+    window().resize(1200, 900);
+    if (!QTest::qWaitForWindowExposed(&window())) {
+        qFatal("the window with the viewers is not shown");
     }
 }
 
 WindowFixture::~WindowFixture()
 {
-    m_window.reset();
+    m_session.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (hasWindows() || ExViewerManager::instancePointer()) {
-        qFatal("the main window has left widgets or its viewer manager behind");
+        qFatal("the session has left widgets or its viewer manager behind");
     }
     for (const LinkType &type : LinkType::all()) {
         if (ExViewerDB::numGroups(type.group) != 0) {
-            qFatal("viewers are still linked after the main window has gone");
+            qFatal("viewers are still linked after the session has gone");
         }
         ExViewerDB::setGroupEnabled(type.group, true);
     }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "client/app/MainWindow.h"
+#include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/desktop/Desktop.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "tests/client/support/PhantomSeries.h"
@@ -9,8 +10,8 @@
 
 #include <QStringList>
 
-/// The real main window on the screen, with input as a user gives it. Checks at its end that
-/// nothing of the window is left behind.
+/// The real workstation on the screen, with input as a user gives it. Checks at its end that
+/// nothing of its windows is left behind.
 class WindowFixture
 {
 public:
@@ -19,8 +20,10 @@ public:
 
     /// Settings and rights of the process; not those of whoever runs the tests.
     static PrivateSettings &settings();
-    [[nodiscard]] MainWindow &window() { return *m_window; }
-    [[nodiscard]] Workstation &workstation() { return m_window->workstation(); }
+    [[nodiscard]] WorkSession &session() { return *m_session; }
+    /// The one with the viewers.
+    [[nodiscard]] ExMonitorWidget &window() { return *m_session->desktop().viewersWindow(); }
+    [[nodiscard]] Workstation &workstation() { return m_session->workstation(); }
     /// The i-th slice viewer.
     [[nodiscard]] SliceViewer &slice(int i);
     /// Shows a series in all viewers and waits for the final images.
@@ -37,5 +40,5 @@ public:
 private:
     PrivateSettings &m_settings = settings();
     WorkstationApplication m_application{QStringLiteral("en")};
-    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WorkSession> m_session;
 };

@@ -284,7 +284,7 @@ private Q_SLOTS:
         m_fixture->show(series);
         slice(0).setSliceIndex(7);
         for (const QString &name : LayoutTable::names()) {
-            QVERIFY(m_fixture->window().setLayoutByName(name));
+            QVERIFY(m_fixture->session().setLayoutByName(name));
             const auto viewers = m_fixture->workstation().viewers();
             QCOMPARE(viewers.size(), LayoutTable::find(name)->places.size());
             QRegion covered;
@@ -297,18 +297,18 @@ private Q_SLOTS:
             QVERIFY(m_fixture->workstation().activeViewer() != nullptr);
             m_fixture->settle();
         }
-        m_fixture->window().setLayoutByName(u"2x2"_s);
+        m_fixture->session().setLayoutByName(u"2x2"_s);
         slice(0).setSliceIndex(7);
-        m_fixture->window().setLayoutByName(u"1+3"_s);
+        m_fixture->session().setLayoutByName(u"1+3"_s);
         QCOMPARE(slice(0).sliceIndex(), 7); // The axial viewer has only moved.
-        QVERIFY(!m_fixture->window().setLayoutByName(u"7x7"_s));
+        QVERIFY(!m_fixture->session().setLayoutByName(u"7x7"_s));
     }
 
     void layoutWithDetachedViewer()
     {
         showFour();
         m_fixture->clickBadge(slice(0));
-        m_fixture->window().setLayoutByName(u"1x1"_s);
+        m_fixture->session().setLayoutByName(u"1x1"_s);
         // Nobody is left to be linked with: no badge.
         QCOMPARE(slice(0).widget()->overlay().link, OverlayContent::Link::None);
     }
@@ -324,7 +324,7 @@ private Q_SLOTS:
         sagittal.setWindow({20, 300});
         const McVec3d normal = sagittal.shownSlice().normal();
         ExViewerManager::instancePointer()->setActiveViewer(&sagittal);
-        m_fixture->window().setLayoutByName(QStringLiteral("1x1"));
+        m_fixture->session().setLayoutByName(QStringLiteral("1x1"));
         QCOMPARE(workstation.viewers(), std::vector<WorkstationViewer *>{&sagittal});
         QCOMPARE(workstation.activeViewer(), &sagittal);
         QCOMPARE(sagittal.widget()->size(), sagittal.widget()->parentWidget()->size());

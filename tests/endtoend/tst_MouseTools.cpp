@@ -71,7 +71,7 @@ private Q_SLOTS:
         ExTool::getToolByDecorationKey("Tool.WindowLevel", true)->setActive(false);
         QCOMPARE(activeTools(), QStringList{u"Tool.WindowLevel"_s});
         // New viewers have it as well.
-        m_fixture->window().setLayoutByName(u"1+3"_s);
+        m_fixture->session().setLayoutByName(u"1+3"_s);
         m_fixture->settle();
         m_fixture->drag(slice(0), Qt::LeftButton, {60, 0});
         QVERIFY(slice(0).window().width > 2000);

@@ -260,7 +260,7 @@ private Q_SLOTS:
     void closeWhileReading()
     {
         addLargeSlices(60);
-        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
         open();
         QTRY_COMPARE(opened.count(), 1);
         m_fixture->workstation().session().close();
@@ -303,11 +303,11 @@ private Q_SLOTS:
                     {"G0028-0010", ""}, {"G0028-0011", ""}});
             m_files->add("report.dcm", *report, {});
         }
-        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
-        m_fixture->window().open({path});
+        const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
+        m_fixture->session().open({path});
         QTRY_COMPARE(opened.count(), 1);
-        QVERIFY2(m_fixture->window().openProblem().startsWith(text),
-            qPrintable(m_fixture->window().openProblem()));
+        QVERIFY2(m_fixture->session().openProblem().startsWith(text),
+            qPrintable(m_fixture->session().openProblem()));
         QVERIFY(viewer(0).series() == nullptr);
         if (what == QLatin1String("report")) {
             QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
@@ -322,19 +322,19 @@ private Q_SLOTS:
     void whatIsOpenStaysWithoutImages()
     {
         addLargeSlices(60);
-        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
         open();
         QTRY_COMPARE(opened.count(), 1);
         const QStringList listed = treeTexts();
         const DicomFixture empty;
-        m_fixture->window().open({QString::fromStdString(empty.folder().string())});
+        m_fixture->session().open({QString::fromStdString(empty.folder().string())});
         QTRY_COMPARE(opened.count(), 2);
-        QTRY_VERIFY(m_fixture->window().isSettled());
+        QTRY_VERIFY(m_fixture->session().isSettled());
         QCOMPARE(treeTexts(), listed);
         QVERIFY(viewer(0).series() != nullptr && viewer(0).series()->isComplete());
         QVERIFY(viewer(0).series()->remark().isEmpty());
         const auto *const status = m_fixture->window().findChild<StatusText *>();
-        QVERIFY(status->isWarning() && status->text() == m_fixture->window().openProblem());
+        QVERIFY(status->isWarning() && status->text() == m_fixture->session().openProblem());
         QVERIFY2(status->text().startsWith(QStringLiteral("There are no files here")),
             qPrintable(status->text()));
         viewer(0).setSeries(nullptr);
@@ -432,14 +432,14 @@ private Q_SLOTS:
     }
 
 private:
-    void open() { m_fixture->window().open({QString::fromStdString(m_files->folder().string())}); }
+    void open() { m_fixture->session().open({QString::fromStdString(m_files->folder().string())}); }
 
     void openAndWait()
     {
-        const QSignalSpy opened(&m_fixture->window(), &MainWindow::opened);
+        const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
         open();
         QTRY_COMPARE(opened.count(), 1);
-        QTRY_VERIFY(m_fixture->window().isSettled());
+        QTRY_VERIFY(m_fixture->session().isSettled());
     }
 
     /// A patient with one series of so many slices, UID "2.25.<slices>.1".

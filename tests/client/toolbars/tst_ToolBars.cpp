@@ -7,6 +7,7 @@
 #include "tests/support/Rows.h"
 
 #include <QFile>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QTest>
 #include <QToolButton>
@@ -16,10 +17,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// "Bar: key key", one a bar.
-QStringList shownBars(MainWindow &window)
+QStringList shownBars(ExMonitorWidget &window)
 {
     QStringList bars;
-    for (ExToolBar *bar : window.findChildren<ExToolBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (ExToolBar *bar : window.mainWindow()->findChildren<ExToolBar *>(
+             QString(), Qt::FindDirectChildrenOnly)) {
         QString line = bar->objectName() % QLatin1Char(':');
         for (QToolButton *button :
             bar->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {

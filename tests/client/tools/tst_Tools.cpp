@@ -20,6 +20,7 @@
 #include <QFileDialog>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
@@ -51,7 +52,7 @@ void collectKeys(const QList<QAction *> &actions, QStringList &keys)
 }
 
 /// Of everything that the window shows.
-QStringList shownKeys(MainWindow &window)
+QStringList shownKeys(ExMonitorWidget &window)
 {
     QStringList keys;
     collectKeys(window.menuBar()->actions(), keys);
@@ -256,7 +257,7 @@ private Q_SLOTS:
     {
         WindowFixture fixture;
         fixture.show(PhantomSeries::make(Grid::Axial));
-        QLineEdit line(fixture.window().centralWidget());
+        QLineEdit line(fixture.window().mainWindow()->centralWidget());
         line.show();
         line.setFocus();
         QTRY_COMPARE(QApplication::focusWidget(), &line);
@@ -314,7 +315,7 @@ private Q_SLOTS:
         press(Qt::Key_F6);
         QVERIFY(isAt(2));
         // A layout with other viewers; those that stay and those that come, in its order.
-        QVERIFY(fixture.window().setLayoutByName(QStringLiteral("1+3")));
+        QVERIFY(fixture.session().setLayoutByName(QStringLiteral("1+3")));
         list->setFocus();
         for (int i = 0; i < 4; ++i) {
             press(Qt::Key_Tab);

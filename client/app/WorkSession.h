@@ -2,32 +2,35 @@
 
 #include "client/app/Workstation.h"
 
-#include <QMainWindow>
+#include <QObject>
 #include <QPointer>
 
 #include <memory>
 
+class Desktop;
+class ExMonitorWidget;
 class FocusOrder;
-class ProblemsButton;
-class ProgressLine;
 class SampleMaker;
-class StatusText;
+class StatusLine;
 class StudyTree;
 class ThumbnailMaker;
 class ToolBars;
 class ViewerArea;
 
-/// The workstation's main window: list of studies, viewers, menus, status line. Needs the
-/// WorkstationApplication. GUI thread only.
-class MainWindow final : public QMainWindow
+/// The user's work at the workstation: opens studies, tells in the status line how far that is and
+/// what went wrong, and keeps the windows in which it is shown. Needs the WorkstationApplication.
+/// GUI thread only.
+class WorkSession final : public QObject
 {
     Q_OBJECT
 
 public:
-    MainWindow();
-    ~MainWindow() override;
+    /// Makes the windows, which are not shown yet.
+    WorkSession();
+    ~WorkSession() override;
 
     [[nodiscard]] Workstation &workstation() { return *m_workstation; }
+    [[nodiscard]] Desktop &desktop() { return *m_desktop; }
     /// Opens folders or files; the largest series found is shown in all viewers. What is open stays
     /// when there are no images.
     void open(const QStringList &paths);
@@ -36,9 +39,13 @@ public:
     /// Lets the user choose a folder and opens it.
     void askForFolder();
     void showAbout();
+    /// Shows a text in the status line for a while.
+    void showMessage(const QString &text);
+    /// What the user does by closing a window.
+    void quit();
     /// Whether nothing is under way and everything is shown in its final state.
     [[nodiscard]] bool isSettled() const;
-    /// By the layout's name. @return false for an unknown one.
+    /// On the screen of the active viewer, by the layout's name. @return false for an unknown one.
     bool setLayoutByName(const QString &name);
     /// What went wrong with the last open(), for the user; empty when nothing did.
     [[nodiscard]] const QString &openProblem() const { return m_openProblem; }
@@ -47,12 +54,12 @@ Q_SIGNALS:
     /// open() or openSample() has failed, or has found the studies and is showing them.
     void opened();
 
-protected:
-    void closeEvent(QCloseEvent *event) override;
-
 private:
-    void buildPanels();
     void connectSession();
+    void connectDesktop();
+    void buildWindow(ExMonitorWidget &window);
+    void setAreas(const QList<ViewerArea *> &areas);
+    void openDropped(const QString &uid, QWidget *target);
     void showFound();
     /// Why a scan that has found no images has not.
     [[nodiscard]] static QString emptyText(const DicomScanner::Result &result);
@@ -65,15 +72,13 @@ private:
     void clearFound();
     void markShownSeries();
 
-    ViewerArea *m_area;
-    StudyTree *m_tree;
-    ProgressLine *m_progress;
-    ProblemsButton *m_problems;
-    StatusText *m_status;
+    StudyTree *m_tree; ///< the desktop's
+    StatusLine *m_status; ///< of the window with the viewers
     SampleMaker *m_sample = nullptr; ///< while it works
     ThumbnailMaker *m_thumbnails;
     QString m_openProblem;
     bool m_wantsThumbnails = false;
+    std::unique_ptr<Desktop> m_desktop;
     std::unique_ptr<Workstation> m_workstation;
     std::unique_ptr<ToolBars> m_toolBars;
     std::unique_ptr<FocusOrder> m_focusOrder;
