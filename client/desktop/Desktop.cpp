@@ -95,6 +95,7 @@ void Desktop::show()
     if (m_size.isValid()) {
         viewersWindow()->resize(m_size);
     }
+    viewersWindow()->activateWindow();
 }
 
 void Desktop::setToolBars(const QList<ExMonitorWidget::ToolBar> &toolBars)

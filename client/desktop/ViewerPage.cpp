@@ -41,6 +41,18 @@ ViewerPage::ViewerPage()
     layout->addWidget(m_across);
 }
 
+ViewerPage::~ViewerPage()
+{
+    for (const QSplitter *splitter : {m_across, m_down}) {
+        for (int i = splitter->count(); i-- > 0;) {
+            QWidget *const widget = splitter->widget(i);
+            if (widget != m_down && widget != m_area) {
+                widget->setParent(nullptr);
+            }
+        }
+    }
+}
+
 void ViewerPage::addPanel(QWidget &panel, Place place, int size)
 {
     if (isAncestorOf(&panel)) {

@@ -6,8 +6,8 @@ class QSplitter;
 class ViewerArea;
 
 /// What the viewers' main window of one monitor shows: the viewer area, with places for panels left
-/// and right of it and below it. Panels become its children; one that is taken elsewhere leaves
-/// its place empty.
+/// and right of it and below it. Panels stay their owner's: one can be taken elsewhere, and a page
+/// that goes leaves them without a parent.
 class ViewerPage final : public QWidget
 {
     Q_OBJECT
@@ -16,6 +16,7 @@ public:
     enum class Place { Left, Right, Below };
 
     ViewerPage();
+    ~ViewerPage() override;
 
     [[nodiscard]] ViewerArea &area() const { return *m_area; }
     /// Shows a panel beside the viewers, after those that stand in the same place. Nothing when it

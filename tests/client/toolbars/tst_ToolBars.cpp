@@ -20,8 +20,8 @@ namespace {
 QStringList shownBars(ExMonitorWidget &window)
 {
     QStringList bars;
-    for (ExToolBar *bar : window.mainWindow()->findChildren<ExToolBar *>(
-             QString(), Qt::FindDirectChildrenOnly)) {
+    for (ExToolBar *bar :
+        window.mainWindow()->findChildren<ExToolBar *>(QString(), Qt::FindDirectChildrenOnly)) {
         QString line = bar->objectName() % QLatin1Char(':');
         for (QToolButton *button :
             bar->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {
