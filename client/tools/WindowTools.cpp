@@ -1,10 +1,10 @@
 #include "client/app/WorkSession.h"
-#include "client/application/ToolModule.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
 #include "client/desktop/PlacementDialog.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/monitors/ExMonitorManager.h"
+#include "framework/tools/ToolModule.h"
 
 namespace {
 

@@ -292,10 +292,6 @@ Wenden Sie sich an Ihren Systemverwalter.</translation>
         <source>&amp;Window</source>
         <translation>&amp;Fenster</translation>
     </message>
-    <message>
-        <source>Closed: %1</source>
-        <translation>Geschlossen: %1</translation>
-    </message>
 </context>
 <context>
     <name>MeasureTools</name>
@@ -1585,6 +1581,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Movara</source>
         <translation>Movara</translation>
+    </message>
+    <message>
+        <source>Closed: %1</source>
+        <translation>Geschlossen: %1</translation>
     </message>
 </context>
 <context>

@@ -168,7 +168,7 @@ private Q_SLOTS:
             b % a % c, u"2.25.2.1"_s, u"2.25.1.1"_s, u"2.25.3.1"_s, a % b % c, u"2.25.1.1"_s};
         QCOMPARE(log, expected);
         QCOMPARE(closed.count(), 1);
-        QCOMPARE(m_fixture->window().statusBar()->currentMessage(), u"Closed: A"_s);
+        QCOMPARE(m_fixture->window().findChild<QStatusBar *>()->currentMessage(), u"Closed: A"_s);
         QTRY_VERIFY(workstation.isSettled());
     }
 
