@@ -64,7 +64,7 @@ void sendThroughHandler(benchmark::State &state)
     benchmark::DoNotOptimize(receiver.sum);
 }
 
-BENCHMARK(plainSend)->Name("input/plain sendEvent of a mouse move");
-BENCHMARK(sendThroughHandler)->Name("input/with the event handler, 50 keys and 10 actions");
+BENCHMARK(plainSend)->Name("input: mouse move/sendEvent to a plain widget");
+BENCHMARK(sendThroughHandler)->Name("input: mouse move/movara, 50 keys and 10 actions");
 
 } // namespace

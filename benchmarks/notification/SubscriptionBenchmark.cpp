@@ -93,19 +93,19 @@ void connectAndDisconnectQt(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-BENCHMARK(destroyMovara)->Name("subscribers/movara destroy")->Arg(100)->Arg(1000)->Arg(10000);
+BENCHMARK(destroyMovara)->Name("subscribers: destroy/movara")->Arg(100)->Arg(1000)->Arg(10000);
 BENCHMARK(disconnectQt)
-    ->Name("subscribers/qt disconnect by handle")
+    ->Name("subscribers: destroy/qt, disconnect by handle")
     ->Arg(100)
     ->Arg(1000)
     ->Arg(10000);
 BENCHMARK(subscribeAndDestroyMovara)
-    ->Name("subscribers/movara make, subscribe, destroy")
+    ->Name("subscribers: make and destroy/movara")
     ->Arg(100)
     ->Arg(1000)
     ->Arg(10000);
 BENCHMARK(connectAndDisconnectQt)
-    ->Name("subscribers/qt connect, disconnect by handle")
+    ->Name("subscribers: make and destroy/qt, by handle")
     ->Arg(100)
     ->Arg(1000)
     ->Arg(10000);

@@ -155,7 +155,7 @@ void activateActions(benchmark::State &state)
     benchmark::DoNotOptimize(group.checkedAction());
 }
 
-BENCHMARK(activateActions)->Name("tools/plain action group, 20 actions with 10 buttons each");
-BENCHMARK(activateTools)->Name("tools/exclusive group, 20 tools with 10 actions each");
+BENCHMARK(activateActions)->Name("tools: activation/QActionGroup, 20 actions with 10 buttons each");
+BENCHMARK(activateTools)->Name("tools: activation/movara, 20 tools with 10 actions each");
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/MovaraFrameworkExport.h"
+#include "framework/dispatch/ClientCall.h"
 #include "framework/dispatch/ExActionList.h"
 #include "framework/dispatch/ExActionWalks.h"
 
@@ -16,7 +17,8 @@
 /// Dispatch goes over the actions that were there when it began; handlers may add and remove
 /// actions, destroy receivers, dispatch again, and even destroy the map. An action whose receiver
 /// is destroyed is cleared by the receiver itself and never called again; dead entries are removed
-/// once the outermost dispatch of any map of this kind has ended.
+/// once the outermost dispatch of any map of this kind has ended. A handler that throws has not
+/// consumed the event: the exception is logged, and the next one is called.
 template <typename Signal, typename Key, typename Event>
 class MOVARA_FRAMEWORK_EXPORT ExActionMap
 {
@@ -140,7 +142,8 @@ private:
         }
         const auto serial = entry.serial;
         const auto arrangement = list.arrangement();
-        const bool consumed = entry.action.call(event);
+        const bool consumed = ClientCall::protect(
+            "A handler", [&entry, &event] { return entry.action.call(event); });
         if (list.arrangement() != arrangement) {
             position = list.positionOf(serial);
         }

@@ -1,5 +1,6 @@
 #include "framework/tools/ExActionUI.h"
 
+#include "framework/dispatch/ClientCall.h"
 #include "framework/tools/ActionHost.h"
 #include "framework/tools/ExDecoration.h"
 #include "framework/tools/ExHotKeys.h"
@@ -294,7 +295,7 @@ void ExActionUI::actionToggled(bool on)
     }
     ExToolLogger::logToggle(tool, on);
     if (on || !tool->isStandard()) {
-        tool->setActive(!tool->isActive());
+        ClientCall::protect("A tool", [&tool] { return tool->setActive(!tool->isActive()); });
     } else {
         update(nullptr);
     }
@@ -305,7 +306,7 @@ void ExActionUI::actionTriggered(bool /*on*/)
     const McHandle<ExTool> tool(getTool());
     if (tool) {
         ExToolLogger::logTrigger(tool);
-        tool->setActive(true);
+        ClientCall::protect("A tool", [&tool] { return tool->setActive(true); });
     }
 }
 

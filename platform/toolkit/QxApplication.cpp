@@ -1,10 +1,13 @@
 #include "platform/toolkit/QxApplication.h"
 
 #include "platform/toolkit/QxNotifyHook.h"
+#include "platform/util/McLogFile.h"
 
 #include <QList>
 #include <QPointer>
 #include <QThread>
+
+#include <exception>
 
 namespace {
 
@@ -79,8 +82,13 @@ void QxApplication::removeHookNotify(QxNotifyHook *hook)
 
 bool QxApplication::notify(QObject *receiver, QEvent *event)
 {
-    if (QThread::currentThread() == thread() && takenByHook(receiver, event)) {
-        return true;
+    try {
+        return (QThread::currentThread() == thread() && takenByHook(receiver, event))
+            || QApplication::notify(receiver, event);
+    } catch (const std::exception &exception) {
+        McLogFile::warnf("An exception has come to the event loop: %s", exception.what());
+    } catch (...) {
+        McLogFile::warnf("An exception has come to the event loop: not a standard one");
     }
-    return QApplication::notify(receiver, event);
+    return false;
 }

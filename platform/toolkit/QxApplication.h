@@ -6,7 +6,9 @@
 
 class QxNotifyHook;
 
-/// Application object whose deliveries of events can be watched by hooks. GUI thread only.
+/// Application object whose deliveries of events can be watched by hooks. GUI thread only. An
+/// exception that a receiver lets out ends here and is written to the log: the toolkit's event loop
+/// cannot bear it.
 class MOVARA_PLATFORM_EXPORT QxApplication : public QApplication
 {
     Q_OBJECT

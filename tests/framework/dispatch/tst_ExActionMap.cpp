@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +53,7 @@ private:
 /// A map with the receivers a, b and c under key 1, x and y under key 2. All write their names to a
 /// log; at the n-th call of b or y the n-th of the deeds, which ";" separates, are done:
 /// "-a" destroys a receiver, "~a" removes its action, "/a" all its actions, "+d2" adds one with
-/// order key 2, "(2" walks over key 2 within, "!" destroys the map, "*" has the list grow out of
+/// order key 2, "(2" walks over key 2 within, "?" throws, "!" destroys the map, "*" has the list grow out of
 /// its memory, "=" consumes.
 struct House
 {
@@ -112,6 +113,8 @@ struct House
         case '!':
             map.reset();
             break;
+        case '?':
+            throw std::runtime_error("as told");
         default:
             break;
         }
@@ -152,6 +155,8 @@ const Change changes[] = {
     {"+d-1 (1", "a b ( d a b c ) c | d a b c", "c b ( c b a d ) a | c b a d", 42},
     {"-x (2 ; -c", "a b ( y ) | a b", "c b ( y ) a | b a", 21},
     {"!", "a b |", "c b |", 0},
+    {"-a ?", "a b c | b c", "c b | c b", 22},
+    {"(1 ; ?", "a b ( a b c ) c | a b c", "c b ( c b a ) a | c b a", 32},
     {"(2 ; ! -c", "a b ( x y ) |", "c b ( y ) |", 0},
 };
 

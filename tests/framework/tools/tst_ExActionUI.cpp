@@ -1,3 +1,4 @@
+#include "framework/dispatch/ClientCall.h"
 #include "framework/notification/ExNotifiables.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
@@ -130,6 +131,29 @@ private Q_SLOTS:
         tool->enabled = false;
         tool->updateUI(nullptr);
         QVERIFY(!byTool.isEnabled() && !byKey.isEnabled());
+    }
+
+    void toolThatThrowsIsLeftOut()
+    {
+        class Thrower : public FakeTool
+        {
+        public:
+            using FakeTool::FakeTool;
+            bool setActive(bool /*on*/) override { throw 1; }
+        };
+        const McHandle<FakeTool> thrower(new Thrower("Thrower"));
+        thrower->enabled = true;
+        FakeTool *const other = makeTool("Zoom");
+        QWidget parent;
+        QToolButton first(&parent);
+        QToolButton second(&parent);
+        ExActionUI::bind(&first, *thrower);
+        ExActionUI::bind(&second, *other);
+        const int before = ClientCall::numFailed();
+        first.click();
+        second.click();
+        QCOMPARE(ClientCall::numFailed(), before + 1);
+        QVERIFY(other->isActive());
     }
 
     void usersToggleAndTrigger()

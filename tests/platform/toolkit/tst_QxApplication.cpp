@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -111,6 +112,22 @@ private Q_SLOTS:
     {
         QVERIFY(qobject_cast<QxApplication *>(qApp));
         QCOMPARE(runHooks(), expectedRun);
+    }
+
+    void exceptionsEndHere()
+    {
+        QStringList events;
+        RecordingHook hook("hook", events);
+        hook.action = [&events] {
+            return events.size() == 1 ? throw std::runtime_error("as told") : false;
+        };
+        QxApplication::installHookNotify(&hook);
+        Receiver receiver(events);
+        for (int i = 0; i < 2; ++i) {
+            QCoreApplication::postEvent(&receiver, new QEvent(watchedType));
+        }
+        QCoreApplication::processEvents();
+        QCOMPARE(events.join(u' '), u"hook>object hook>object object"_s);
     }
 
     void hooksUnderAnotherApplicationClass()
