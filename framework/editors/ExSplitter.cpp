@@ -109,8 +109,10 @@ void ExSplitter::rememberSizes()
     }
     const auto remember = [this](int index, int &remembered) {
         const int current = paneSize(index);
-        remembered
-            = std::max(current > 0 ? current : remembered, extent(widget(index)->minimumSize()));
+        const int ownMinimum = extent(widget(index)->minimumSize());
+        // Without a minimum of its own the pane has the one that the splitter keeps to as well.
+        const int minimum = ownMinimum > 0 ? ownMinimum : extent(widget(index)->minimumSizeHint());
+        remembered = std::max(current > 0 ? current : remembered, minimum);
     };
     remember(0, d->firstSize);
     remember(count() - 1, d->lastSize);

@@ -3,6 +3,7 @@
 #include "framework/editors/SplitterHandle.h"
 #include "platform/toolkit/QxStyleFactory.h"
 
+#include <QPushButton>
 #include <QTest>
 
 #include <memory>
@@ -100,6 +101,14 @@ private Q_SLOTS:
         QCOMPARE(state(*four), u">H.<H 0 100 100 270"_s);
         four->toggle(ExSplitter::DockFirst); // Never had a size: its smallest.
         QCOMPARE(four->sizes().first(), 40);
+        ExSplitter byHint(Qt::Horizontal);
+        byHint.addWidget(new QWidget);
+        byHint.addWidget(new QPushButton(u"no minimum of its own"_s));
+        byHint.resize(500, 100);
+        byHint.show();
+        byHint.setSizes({490, 0});
+        byHint.toggle(ExSplitter::DockLast);
+        QCOMPARE(byHint.sizes().last(), byHint.widget(1)->minimumSizeHint().width());
         const auto one = shown(Qt::Horizontal, {500});
         one->toggle(ExSplitter::DockFirst);
         one->toggle(ExSplitter::DockLast);

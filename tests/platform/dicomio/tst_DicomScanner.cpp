@@ -228,48 +228,94 @@ private Q_SLOTS:
 
     void completeness_data()
     {
-        // Announced: "attribute=value", of all images; a complete series has no remark.
-        const Rows<QList<int>, QString, QString> row("numbers", "announced", "remark");
-        row("counts up", QList<int>{5, 6, 7}, "", "");
-        row("counts in twos", QList<int>{2, 4, 6}, "", "");
-        row("phase and slice", QList<int>{1001, 1002, 1003, 2001, 2002, 2003}, "", "");
-        row("gap", QList<int>{1, 2, 5, 6}, "", "Images are missing by their numbers: 3, 4.");
-        row("slice lost of a phase", QList<int>{101, 102, 201}, "",
-            "Images are missing by their numbers: 103, 104, 105, 106, 107, 108, 109, 110 and 90 "
-            "more.");
-        row("phase lost", QList<int>{101, 102, 301, 302}, "",
-            "Images are missing by their numbers: 103, 104, 105, 106, 107, 108, 109, 110 and 190 "
-            "more.");
-        row("all announced ones", QList<int>{1, 2}, "G0020-1002=2", "");
-        row("acquired", QList<int>{1, 2}, "G0020-1002=9", "Only 2 of 9 images are there.");
-        row("derived", QList<int>{1, 2}, "G0020-1002=9 G0008-0008=DERIVED\\SECONDARY", "");
-        row("in series", QList<int>{1, 2}, "G0020-1209=3", "Only 2 of 3 images are there.");
+        // Announced are images in acquisition; a complete series has no remark.
+        const Rows<QList<int>, QString, QString, QString> row(
+            "numbers", "announced", "imageType", "remark");
+        const auto numbered = [&row](const char *name, const QList<int> &numbers,
+                                  const char *missing) {
+            row(name, numbers, "", "",
+                *missing == '\0'
+                    ? QString()
+                    : u"Images are missing by their numbers: %1."_s.arg(QLatin1String(missing)));
+        };
+        numbered("counts up", {5, 6, 7}, "");
+        numbered("counts in twos", {2, 4, 6}, "");
+        numbered("phase and slice", {1001, 1002, 1003, 2001, 2002, 2003}, "");
+        numbered("gap", {1, 2, 5, 6}, "3, 4");
+        numbered("slice lost of a phase", {101, 102, 201},
+            "103, 104, 105, 106, 107, 108, 109, 110 and 90 more");
+        numbered("phase lost", {101, 102, 301, 302},
+            "103, 104, 105, 106, 107, 108, 109, 110 and 190 more");
+        row("all announced ones", QList<int>{1, 2}, "2", "", "");
+        row("fewer than announced", QList<int>{1, 2}, "9", "", "Only 2 of 9 images are there.");
+        row("derived", QList<int>{1, 2}, "9", "DERIVED\\SECONDARY", "");
     }
 
     void completeness()
     {
         QFETCH(const QList<int>, numbers);
         QFETCH(const QString, announced);
+        QFETCH(const QString, imageType);
         QFETCH(const QString, remark);
         DicomFixture files;
         int height = 0;
-        const QByteArrayList said = (announced + u" x=").toLatin1().split(' ');
         for (const int number : numbers) {
-            const auto change = [&said](qsizetype i) {
-                const qsizetype at = said.value(i, said.first()).indexOf('=');
-                return std::pair(said.value(i, said.first()).left(at),
-                    said.value(i, said.first()).mid(at + 1).toStdString());
-            };
-            const auto first = change(0);
-            const auto second = change(said.size() > 2 ? 1 : 0);
             files.addSlice(number, ++height,
-                {{first.first.isEmpty() ? "G0020-1002" : first.first.constData(), first.second},
-                    {second.first.isEmpty() ? "G0020-1002" : second.first.constData(),
-                        second.second}});
+                {{"G0020-1002", announced.toStdString()}, {"G0008-0008", imageType.toStdString()}});
         }
         const QString line = u"Doe^Jane/ID1 2.25.1 2.25.1.1 CT: %1"_s.arg(numbers.size());
         QCOMPARE(describedSeries(*files.onlySeries()).join(u'\n'),
             remark.isEmpty() ? line : QString(line % u" incomplete\n  ! " % remark));
+    }
+
+    void acquisitionsAndStudies_data()
+    {
+        // Images as "series.acquisition", and what all of them announce. Of each series and the
+        // study whether it is complete.
+        const Rows<QString, QString, QString, QString> row(
+            "images", "attribute", "announced", "expected");
+        row("one in two series", "1.1 1.1 2.1 2.1", "G0020-1002", "4", "yes yes yes");
+        row("two, as many in all", "1.1 1.1 1.2 1.2", "G0020-1002", "4", "yes yes");
+        row("two, one short", "1.1 1.1 1.2", "G0020-1002", "2", "no no");
+        row("two series, one short", "1.1 1.1 2.1", "G0020-1002", "2", "yes no no");
+        row("files of a series", "1.1 1.1 2.1", "G0020-1209", "2", "yes no no");
+        row("files of the study", "1.1 2.1", "G0020-1208", "3", "yes yes no");
+        row("series of the study", "1.1 2.1", "G0020-1206", "3", "yes yes no");
+    }
+
+    void acquisitionsAndStudies()
+    {
+        QFETCH(const QString, images);
+        QFETCH(const QString, attribute);
+        QFETCH(const QString, announced);
+        DicomFixture files;
+        int instance = 0;
+        for (const QString &image : images.split(u' ')) {
+            const std::string series = image.section(u'.', 0, 0).toStdString();
+            ++instance;
+            files.addSlice(instance, instance,
+                {{"G0020-000E", "2.25.1." + series}, {"G0020-0011", series},
+                    {"G0020-0012", image.section(u'.', 1).toStdString()},
+                    {attribute.toLatin1().constData(), announced.toStdString()}});
+        }
+        const DicomScanner::Result result = DicomScanner::scanNow({files.folder()});
+        const auto &study = result.patients.first()->children().first();
+        QStringList complete;
+        for (const auto &series : study->children()) {
+            complete += series->isComplete() ? u"yes"_s : u"no"_s;
+        }
+        complete += study->isComplete() ? u"yes"_s : u"no"_s;
+        QTEST(complete.join(u' '), "expected");
+    }
+
+    void copiesLackNothing()
+    {
+        DicomFixture files;
+        files.addStack(3);
+        const auto copy = DicomFixture::attributes(
+            2, {{"G0008-0018", "2.25.77"}, {"G0020-0032", "-10\\-20\\2"}});
+        files.add("copy.dcm", *copy, DicomFixture::ramp(200));
+        QVERIFY(files.onlySeries()->isComplete());
     }
 
     void separateVolumes()
