@@ -87,6 +87,67 @@
     </message>
 </context>
 <context>
+    <name>ExEditorContainer</name>
+    <message>
+        <source>Panels</source>
+        <translation>Bedienfelder</translation>
+    </message>
+    <message>
+        <source>Float, move or close the panel</source>
+        <translation>Bedienfeld abdocken, verschieben oder schließen</translation>
+    </message>
+    <message>
+        <source>Panel options</source>
+        <translation>Optionen des Bedienfelds</translation>
+    </message>
+    <message>
+        <source>Drop panels here</source>
+        <translation>Bedienfelder hier ablegen</translation>
+    </message>
+</context>
+<context>
+    <name>ExEditorFloater</name>
+    <message>
+        <source>Drag to an editor area to dock the panel there</source>
+        <translation>In eine Fläche ziehen, um das Bedienfeld dort anzudocken</translation>
+    </message>
+    <message>
+        <source>Drag here to dock</source>
+        <translation>Zum Andocken hier ziehen</translation>
+    </message>
+    <message>
+        <source>Dock</source>
+        <translation>Andocken</translation>
+    </message>
+    <message>
+        <source>Put the panel back where it was</source>
+        <translation>Das Bedienfeld an seinen Platz zurücklegen</translation>
+    </message>
+</context>
+<context>
+    <name>ExEditorRegion</name>
+    <message>
+        <source>&amp;Float</source>
+        <translation>&amp;Abdocken</translation>
+    </message>
+    <message>
+        <source>&amp;Move to</source>
+        <translation>&amp;Verschieben nach</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Zeigen</translation>
+    </message>
+    <message>
+        <source>Area %1</source>
+        <translation>Fläche %1</translation>
+    </message>
+</context>
+<context>
     <name>ExHotKeys</name>
     <message>
         <source>Keyboard Shortcuts</source>

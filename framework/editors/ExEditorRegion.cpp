@@ -1,0 +1,605 @@
+#include "framework/editors/ExEditorRegion.h"
+
+#include "framework/editors/EditorOptions.h"
+#include "framework/editors/ExEditor.h"
+#include "framework/editors/ExEditorContainer.h"
+#include "framework/editors/RegionLayout.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPointer>
+#include <QScreen>
+#include <QSet>
+#include <QSplitter>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
+namespace {
+
+QList<ExEditorRegion *> &liveRegions()
+{
+    // Never destroyed: regions may be static objects of a client.
+    static auto *const regions = new QList<ExEditorRegion *>;
+    return *regions;
+}
+
+bool theIsDragging = false;
+
+QSplitter *makeSplitter(Qt::Orientation orientation, QWidget *parent)
+{
+    constexpr int handle = 8;
+    auto *const splitter = new QSplitter(orientation, parent);
+    splitter->setHandleWidth(handle);
+    return splitter;
+}
+
+McBox2f relativeGeometry(const QRect &geometry)
+{
+    const QScreen *const at = QGuiApplication::screenAt(geometry.center());
+    const QScreen *const screen = at == nullptr ? QGuiApplication::primaryScreen() : at;
+    const QRect area = screen == nullptr ? QRect() : screen->availableGeometry();
+    if (area.isEmpty()) {
+        return {};
+    }
+    const auto fraction = [](int value, int start, int extent) {
+        return static_cast<float>(value - start) / static_cast<float>(extent);
+    };
+    return {fraction(geometry.left(), area.left(), area.width()),
+        fraction(geometry.top(), area.top(), area.height()),
+        fraction(geometry.right() + 1, area.left(), area.width()),
+        fraction(geometry.bottom() + 1, area.top(), area.height())};
+}
+
+/// Whether the user can reach the window's handle.
+bool isReachable(const QRect &geometry)
+{
+    constexpr int handle = 16;
+    return QGuiApplication::screenAt({geometry.center().x(), geometry.top() + handle}) != nullptr;
+}
+
+} // namespace
+
+class ExEditorRegion::Private
+{
+public:
+    struct Closed
+    {
+        ExEditor *editor;
+        int subRegion;
+    };
+
+    QSplitter *splitter = nullptr;
+    QList<ExEditorContainer *> containers;
+    QStringList titles;
+    /// The editors that belong here, docked, closed or floating; they sign off when they go.
+    QList<ExEditor *> members;
+    QList<Closed> closed;
+    int minimum = 0;
+    /// As they were before a drag has shown the sub-regions without an editor.
+    QList<int> sizesBeforeDrag;
+    QList<bool> emptyBeforeDrag;
+    bool isEdited = false;
+    bool isEnding = false;
+};
+
+ExEditorRegion::ExEditorRegion(Qt::Orientation stacking, int subRegions, QWidget *parent)
+    : QWidget(parent)
+    , d(std::make_unique<Private>())
+{
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    d->splitter = makeSplitter(stacking, this);
+    layout->addWidget(d->splitter);
+    setSubRegionCount(subRegions);
+    liveRegions().append(this);
+}
+
+ExEditorRegion::~ExEditorRegion()
+{
+    d->isEnding = true;
+    liveRegions().removeOne(this);
+    d->closed.clear();
+    while (!d->members.isEmpty()) {
+        d->members.constLast()->resetEditorRegion();
+    }
+}
+
+const QList<ExEditorRegion *> &ExEditorRegion::regions()
+{
+    return liveRegions();
+}
+
+Qt::Orientation ExEditorRegion::stacking() const
+{
+    return d->splitter->orientation();
+}
+
+int ExEditorRegion::subRegionCount() const
+{
+    return static_cast<int>(d->containers.size());
+}
+
+void ExEditorRegion::setSubRegionCount(int count)
+{
+    const int wanted = std::clamp(count, 1, RegionLayout::mostSubRegions);
+    while (subRegionCount() < wanted) {
+        appendContainer();
+    }
+    while (subRegionCount() > wanted) {
+        removeLastContainer();
+    }
+    updateVisibility();
+}
+
+void ExEditorRegion::appendContainer()
+{
+    auto *const container = new ExEditorContainer(*this);
+    container->hide();
+    d->containers.append(container);
+    d->splitter->addWidget(container);
+}
+
+void ExEditorRegion::removeLastContainer()
+{
+    const int last = subRegionCount() - 1;
+    for (ExEditor *editor : d->containers.constLast()->editors()) {
+        insertEditor(editor, last - 1, -1);
+    }
+    for (ExEditor *editor : d->members) {
+        if (editor->subRegionIndex() == last) { // Floats, or its widget was taken.
+            editor->setEditorRegion(this, last - 1);
+        }
+    }
+    for (Private::Closed &place : d->closed) {
+        place.subRegion = std::min(place.subRegion, last - 1);
+    }
+    // Later: its own menu may be what had it removed.
+    ExEditorContainer *const container = d->containers.takeLast();
+    container->hide();
+    container->setParent(this);
+    container->deleteLater();
+}
+
+QString ExEditorRegion::subRegionTitle(int subRegion) const
+{
+    const QString own = d->titles.value(subRegion);
+    return own.isEmpty() ? tr("Area %1").arg(subRegion + 1) : own;
+}
+
+void ExEditorRegion::setSubRegionTitle(int subRegion, const QString &title)
+{
+    if (subRegion < 0 || subRegion >= subRegionCount()) {
+        return;
+    }
+    d->titles.resize(std::max<qsizetype>(d->titles.size(), subRegion + 1));
+    d->titles[subRegion] = title;
+    d->containers.at(subRegion)->setAccessibleName(title);
+}
+
+ExEditorContainer *ExEditorRegion::editorContainer(int subRegion) const
+{
+    return d->containers.value(subRegion);
+}
+
+ExEditorContainer *ExEditorRegion::containerAt(const QPoint &position) const
+{
+    const auto isAt = [&](const ExEditorContainer *container) {
+        const QPoint inside = container->mapFrom(this, position);
+        return container->isVisible() && container->rect().contains(inside);
+    };
+    const auto found = std::find_if(d->containers.cbegin(), d->containers.cend(), isAt);
+    return found == d->containers.cend() ? nullptr : *found;
+}
+
+int ExEditorRegion::indexOf(const ExEditorContainer *container) const
+{
+    const auto found = std::find(d->containers.cbegin(), d->containers.cend(), container);
+    return found == d->containers.cend() ? -1 : static_cast<int>(found - d->containers.cbegin());
+}
+
+ExEditorContainer *ExEditorRegion::containerOf(const ExEditor &editor) const
+{
+    const auto found = std::find_if(d->containers.cbegin(), d->containers.cend(),
+        [&](const ExEditorContainer *container) { return container->contains(&editor); });
+    return found == d->containers.cend() ? nullptr : *found;
+}
+
+bool ExEditorRegion::acceptsEditor(const ExEditor & /*editor*/, int /*subRegion*/) const
+{
+    return true;
+}
+
+bool ExEditorRegion::addEditor(ExEditor *editor, int subRegion)
+{
+    return insertEditor(editor, subRegion, -1);
+}
+
+bool ExEditorRegion::insertEditor(ExEditor *editor, int subRegion, int position)
+{
+    ExEditorContainer *const container = editorContainer(subRegion);
+    if (container == nullptr || !container->acceptsEditor(editor)) {
+        return false;
+    }
+    if (container->contains(editor)) {
+        container->move(*editor, position);
+        return true;
+    }
+    if (ExEditorRegion *const previous = editor->editorRegion()) {
+        previous->removeEditor(editor, editor->subRegionIndex());
+    }
+    editor->setEditorRegion(this, subRegion);
+    container->insert(*editor, position);
+    if (ExEditor::Layout *const arrangement = editor->layout()) {
+        arrangement->setStacking(stacking());
+    }
+    contentChanged();
+    if (container->count() == 1) {
+        makeRoom(subRegion);
+    }
+    Q_EMIT editorAdded(editor, subRegion);
+    container->announceCurrent();
+    return true;
+}
+
+bool ExEditorRegion::removeEditor(ExEditor *editor, int subRegion)
+{
+    if (editor == nullptr) {
+        return false;
+    }
+    if (takeFromClosed(*editor)) {
+        return true;
+    }
+    const ExEditorContainer *const container = editorContainer(subRegion);
+    return container != nullptr && container->contains(editor) && takeOut(*editor);
+}
+
+bool ExEditorRegion::takeOut(ExEditor &editor)
+{
+    const QPointer<ExEditorContainer> container = containerOf(editor);
+    if (container == nullptr) {
+        return false;
+    }
+    container->takeOut(editor);
+    if (d->isEnding) {
+        return true;
+    }
+    contentChanged();
+    Q_EMIT editorRemoved(&editor, indexOf(container));
+    if (container != nullptr) {
+        container->announceCurrent();
+    }
+    return true;
+}
+
+bool ExEditorRegion::activateEditor(ExEditor *editor, int subRegion)
+{
+    ExEditorContainer *const container = editorContainer(subRegion);
+    if (container == nullptr || !container->contains(editor)) {
+        return false;
+    }
+    container->setCurrentEditor(editor);
+    return true;
+}
+
+bool ExEditorRegion::closeEditor(ExEditor *editor)
+{
+    if (editor == nullptr || editor->editorRegion() != this || editor->isDisabled()) {
+        return false;
+    }
+    retire(*editor, editor->subRegionIndex());
+    return true;
+}
+
+/// Noted before the tab goes, so that whoever is told of that finds the editor disabled.
+void ExEditorRegion::retire(ExEditor &editor, int subRegion)
+{
+    ExEditorRegion *const previous = editor.editorRegion();
+    if (previous != nullptr && previous != this) {
+        previous->removeEditor(&editor, editor.subRegionIndex());
+    }
+    editor.dockFloater(true);
+    takeFromClosed(editor);
+    editor.setEditorRegion(this, -1);
+    d->closed.append({&editor, subRegion});
+    takeOut(editor);
+}
+
+bool ExEditorRegion::takeFromClosed(ExEditor &editor)
+{
+    const auto found = std::find_if(d->closed.cbegin(), d->closed.cend(),
+        [&](const Private::Closed &place) { return place.editor == &editor; });
+    if (found == d->closed.cend()) {
+        return false;
+    }
+    const int subRegion = found->subRegion;
+    d->closed.erase(found);
+    editor.setEditorRegion(this, subRegion);
+    return true;
+}
+
+bool ExEditorRegion::showEditor(ExEditor *editor)
+{
+    return editor != nullptr && takeFromClosed(*editor)
+        && addEditor(editor, editor->subRegionIndex())
+        && activateEditor(editor, editor->subRegionIndex());
+}
+
+QList<ExEditor *> ExEditorRegion::closedEditors() const
+{
+    QList<ExEditor *> all;
+    for (const Private::Closed &place : d->closed) {
+        all.append(place.editor);
+    }
+    return all;
+}
+
+bool ExEditorRegion::isLayoutEdited() const
+{
+    return d->isEdited;
+}
+
+void ExEditorRegion::setLayoutEdited(bool edited)
+{
+    d->isEdited = edited;
+    updateVisibility();
+}
+
+void ExEditorRegion::setDragging(bool dragging)
+{
+    theIsDragging = dragging;
+    for (ExEditorRegion *region : liveRegions()) {
+        region->showPlacesToDrop(dragging);
+    }
+}
+
+void ExEditorRegion::showPlacesToDrop(bool show)
+{
+    const auto isEmpty = [](const ExEditorContainer *tabs) { return tabs->count() == 0; };
+    QList<bool> empty;
+    std::transform(
+        d->containers.cbegin(), d->containers.cend(), std::back_inserter(empty), isEmpty);
+    if (show) {
+        d->emptyBeforeDrag = empty;
+        d->sizesBeforeDrag = d->splitter->sizes();
+    }
+    updateVisibility();
+    if (!show && empty == d->emptyBeforeDrag) {
+        d->splitter->setSizes(d->sizesBeforeDrag);
+    }
+}
+
+int ExEditorRegion::usualExtent(int subRegion) const
+{
+    const ExEditorContainer &container = *d->containers.at(subRegion);
+    const QSize hint = container.sizeHint();
+    const int wanted = stacking() == Qt::Horizontal ? hint.width() : hint.height();
+    return container.m_extent > 0 ? container.m_extent : wanted;
+}
+
+/// For the first editor of a sub-region: what it had before, or what the editor would like, since
+/// the place to drop on was small.
+void ExEditorRegion::makeRoom(int subRegion)
+{
+    QList<int> sizes = d->splitter->sizes();
+    const int total = std::accumulate(sizes.cbegin(), sizes.cend(), 0);
+    if (total > 0) {
+        sizes[subRegion] = std::min(usualExtent(subRegion), total / 2);
+        d->splitter->setSizes(sizes);
+    }
+}
+
+void ExEditorRegion::addMember(ExEditor &editor)
+{
+    d->members.append(&editor);
+}
+
+void ExEditorRegion::removeMember(ExEditor &editor)
+{
+    const auto isEditor = [&](const Private::Closed &place) { return place.editor == &editor; };
+    d->members.removeOne(&editor);
+    d->closed.removeIf(isEditor);
+    takeOut(editor);
+}
+
+void ExEditorRegion::forget(ExEditor &editor)
+{
+    editor.resetEditorRegion();
+}
+
+void ExEditorRegion::widgetLeft(ExEditor &editor, ExEditorContainer &container)
+{
+    if (d->isEnding) {
+        return;
+    }
+    const QPointer<ExEditorContainer> tabs(&container);
+    contentChanged();
+    Q_EMIT editorRemoved(&editor, indexOf(&container));
+    if (tabs != nullptr) {
+        tabs->announceCurrent();
+    }
+}
+
+void ExEditorRegion::contentChanged()
+{
+    for (int i = 0; i < subRegionCount(); ++i) {
+        ExEditorContainer &container = *d->containers.at(i);
+        const int extent = d->splitter->sizes().at(i);
+        if (container.count() == 0 && !container.isHidden() && !theIsDragging && extent > 0) {
+            container.m_extent = extent;
+        }
+    }
+    updateVisibility();
+    updateMinimum();
+}
+
+void ExEditorRegion::updateVisibility()
+{
+    for (ExEditorContainer *container : d->containers) {
+        container->setVisible(container->count() > 0 || d->isEdited || theIsDragging);
+    }
+}
+
+/// The splitter sees to the sizes along the stacking.
+void ExEditorRegion::updateMinimum()
+{
+    int extent = 0;
+    for (const ExEditorContainer *container : d->containers) {
+        const int frame
+            = stacking() == Qt::Horizontal ? container->tabBar()->sizeHint().height() : 0;
+        for (const ExEditor *editor : container->editors()) {
+            extent = std::max(extent, frame + editor->minimumSize(stacking()));
+        }
+    }
+    if (extent == d->minimum) {
+        return;
+    }
+    d->minimum = extent;
+    if (stacking() == Qt::Horizontal) {
+        setMinimumHeight(extent);
+    } else {
+        setMinimumWidth(extent);
+    }
+    Q_EMIT minimumSizeChanged(this);
+}
+
+bool ExEditorRegion::event(QEvent *event)
+{
+    const bool result = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest && !d->isEnding) {
+        updateMinimum(); // A panel may want more room than before.
+    }
+    return result;
+}
+
+void ExEditorRegion::showOptions(int subRegion, const QPoint &position)
+{
+    if (editorContainer(subRegion) == nullptr) {
+        return;
+    }
+    QMenu *const menu = EditorOptions::makeMenu(*this, subRegion);
+    const QList<QAction *> own = menu->findChildren<QAction *>();
+    Q_EMIT aboutToShowOptions(this, subRegion, menu);
+    QObject::connect(menu, &QMenu::triggered, this, [this, subRegion, own](QAction *action) {
+        if (!own.contains(action)) {
+            Q_EMIT optionActivated(this, subRegion, action);
+        }
+    });
+    menu->popup(position);
+}
+
+QByteArray ExEditorRegion::saveLayout() const
+{
+    RegionLayout layout;
+    QSet<QString> saved;
+    // What has no name of its own cannot be found again.
+    const auto isSaved = [&saved](const ExEditor *editor) {
+        const QString name = editor->name();
+        const bool isNew = !name.isEmpty() && !saved.contains(name);
+        saved.insert(name);
+        return isNew;
+    };
+    d->splitter->refresh(); // Tabs may have come or gone that it has not laid out yet.
+    const QList<int> sizes = d->splitter->sizes();
+    const bool hasSizes
+        = std::any_of(sizes.cbegin(), sizes.cend(), [](int size) { return size > 0; });
+    for (int i = 0; i < subRegionCount(); ++i) {
+        const ExEditorContainer *const container = d->containers.at(i);
+        RegionLayout::SubRegion subRegion;
+        for (const ExEditor *editor : container->editors()) {
+            if (isSaved(editor)) {
+                subRegion.editors.append(editor->name());
+            }
+        }
+        const ExEditor *const current = container->currentEditor();
+        subRegion.current = current == nullptr ? QString() : current->name();
+        subRegion.size = hasSizes && container->count() > 0 ? sizes.at(i) : container->m_extent;
+        layout.subRegions.append(subRegion);
+    }
+    for (const Private::Closed &place : d->closed) {
+        if (isSaved(place.editor)) {
+            layout.closed.append({place.editor->name(), place.subRegion});
+        }
+    }
+    for (const ExEditor *editor : d->members) {
+        if (editor->isFloating() && !editor->isDisabled() && isSaved(editor)) {
+            const QRect geometry = editor->floater()->geometry();
+            layout.floating.append(
+                {editor->name(), editor->subRegionIndex(), geometry, relativeGeometry(geometry)});
+        }
+    }
+    return layout.toBytes();
+}
+
+bool ExEditorRegion::restoreLayout(const QByteArray &layout)
+{
+    const std::optional<RegionLayout> read = RegionLayout::fromBytes(layout);
+    if (!read.has_value()) {
+        return false;
+    }
+    setSubRegionCount(static_cast<int>(read->subRegions.size()));
+    restoreDocked(*read);
+    restoreOthers(*read);
+    restoreSizes(*read); // Last: the others may have had tabs until now.
+    return true;
+}
+
+/// The editor of the region that has this name, also one that is not registered; else any that is.
+ExEditor *ExEditorRegion::editorNamed(const QString &name) const
+{
+    const auto found = std::find_if(d->members.cbegin(), d->members.cend(),
+        [&name](const ExEditor *editor) { return editor->name() == name; });
+    return found == d->members.cend() ? ExEditor::getEditor(name.toLocal8Bit().constData())
+                                      : *found;
+}
+
+void ExEditorRegion::restoreDocked(const RegionLayout &layout)
+{
+    for (int i = 0; i < subRegionCount(); ++i) {
+        const RegionLayout::SubRegion &wanted = layout.subRegions.at(i);
+        int position = 0;
+        for (const QString &name : wanted.editors) {
+            if (insertEditor(editorNamed(name), i, position)) {
+                ++position;
+            }
+        }
+        if (!wanted.current.isEmpty()) {
+            activateEditor(editorNamed(wanted.current), i);
+        }
+    }
+}
+
+void ExEditorRegion::restoreSizes(const RegionLayout &layout)
+{
+    QList<int> sizes;
+    for (int i = 0; i < subRegionCount(); ++i) {
+        const int size = layout.subRegions.at(i).size;
+        d->containers.at(i)->m_extent = size;
+        sizes.append(size < 0 ? usualExtent(i) : size);
+    }
+    d->splitter->setSizes(sizes);
+}
+
+void ExEditorRegion::restoreOthers(const RegionLayout &layout)
+{
+    for (const RegionLayout::Closed &place : layout.closed) {
+        if (ExEditor *const editor = editorNamed(place.editor)) {
+            retire(*editor, place.subRegion);
+        }
+    }
+    for (const RegionLayout::Floating &place : layout.floating) {
+        ExEditor *const editor = editorNamed(place.editor);
+        if (!addEditor(editor, place.subRegion)) {
+            continue;
+        }
+        editor->setRelativeFloatingGeometry(place.relative);
+        if (isReachable(place.geometry)) {
+            editor->setAbsoluteFloatingGeometry(place.geometry);
+        }
+        editor->show(true);
+    }
+}
