@@ -20,6 +20,53 @@
     </message>
 </context>
 <context>
+    <name>DisplayList</name>
+    <message>
+        <source>Small</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>%1, %2, primary</source>
+        <translation>%1, %2, Hauptbildschirm</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 at %2, %3</source>
+        <translation>%1 bei %2, %3</translation>
+    </message>
+    <message>
+        <source>These monitors are named by the environment variable MOVARA_MONITORS; they are not split.</source>
+        <translation>Diese Monitore nennt die Umgebungsvariable MOVARA_MONITORS; sie werden nicht geteilt.</translation>
+    </message>
+    <message>
+        <source>Split into two monitors</source>
+        <translation>In zwei Monitore teilen</translation>
+    </message>
+    <message>
+        <source>Split %1 into two monitors</source>
+        <translation>%1 in zwei Monitore teilen</translation>
+    </message>
+    <message>
+        <source>%1 (%2 megapixels)</source>
+        <translation>%1 (%2 Megapixel)</translation>
+    </message>
+    <message>
+        <source>2 × %1</source>
+        <translation>2 × %1</translation>
+    </message>
+</context>
+<context>
     <name>EditTools</name>
     <message>
         <source>The tool bars are described in this file. It is read when the workstation starts.
@@ -475,6 +522,113 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>MonitorSettingsPage</name>
+    <message>
+        <source>Application font</source>
+        <translation>Schrift des Programms</translation>
+    </message>
+    <message>
+        <source> pt</source>
+        <translation> pt</translation>
+    </message>
+    <message>
+        <source>Thumbnails</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Font on thumbnails</source>
+        <translation>Schrift auf Vorschaubildern</translation>
+    </message>
+    <message>
+        <source>&amp;Save for this site</source>
+        <translation>Für den Standort &amp;sichern</translation>
+    </message>
+    <message>
+        <source>Monitor settings</source>
+        <translation>Monitor-Einstellungen</translation>
+    </message>
+    <message>
+        <source>Classes and sizes hold until the program ends. Saved for this site, they hold for everyone from the next start on.</source>
+        <translation>Klassen und Größen gelten, bis das Programm endet. Für den Standort gesichert, gelten sie ab dem nächsten Start für alle.</translation>
+    </message>
+    <message>
+        <source>Classes and sizes hold until the program ends. They cannot be saved for this site: %1</source>
+        <translation>Klassen und Größen gelten, bis das Programm endet. Für den Standort können sie nicht gesichert werden: %1</translation>
+    </message>
+    <message>
+        <source>How displays are split could not be kept; it holds until the program ends.</source>
+        <translation>Die Teilung der Bildschirme konnte nicht behalten werden; sie gilt, bis das Programm endet.</translation>
+    </message>
+    <message>
+        <source>Displays</source>
+        <translation>Bildschirme</translation>
+    </message>
+    <message>
+        <source>A wide display can be used as two monitors side by side. This is kept for you.</source>
+        <translation>Ein breiter Bildschirm kann als zwei Monitore nebeneinander dienen. Das wird für Sie behalten.</translation>
+    </message>
+    <message>
+        <source>Classes of monitors</source>
+        <translation>Klassen von Monitoren</translation>
+    </message>
+    <message>
+        <source>Medium, from</source>
+        <translation>Mittel, ab</translation>
+    </message>
+    <message>
+        <source>Large, from</source>
+        <translation>Groß, ab</translation>
+    </message>
+    <message>
+        <source>Sizes of fonts and thumbnails</source>
+        <translation>Größen von Schriften und Vorschaubildern</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Writes classes and sizes into %1</source>
+        <translation>Schreibt Klassen und Größen nach %1</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Puts classes and sizes back to what they are without any settings</source>
+        <translation>Setzt Klassen und Größen auf das zurück, was ohne Einstellungen gilt</translation>
+    </message>
+    <message>
+        <source> megapixels</source>
+        <translation> Megapixel</translation>
+    </message>
+    <message>
+        <source>Medium monitors would begin at %1 megapixels, after large ones at %2. Give the larger number to the large ones.</source>
+        <translation>Mittlere Monitore würden bei %1 Megapixeln beginnen, nach großen bei %2. Geben Sie den großen die größere Zahl.</translation>
+    </message>
+    <message>
+        <source>Until then no monitor counts as medium.</source>
+        <translation>Bis dahin zählt kein Monitor als mittel.</translation>
+    </message>
+    <message>
+        <source>Until then the numbers from before hold.</source>
+        <translation>Bis dahin gelten die Zahlen von vorher.</translation>
+    </message>
+    <message>
+        <source>“%1” is set to %2, which cannot be used. Choose a number from %3 to %4.</source>
+        <translation>„%1“ steht auf %2, was nicht brauchbar ist. Wählen Sie eine Zahl von %3 bis %4.</translation>
+    </message>
+    <message>
+        <source>Saved in %1. It holds for everyone from the next start on.</source>
+        <translation>In %1 gesichert. Es gilt ab dem nächsten Start für alle.</translation>
+    </message>
+</context>
+<context>
     <name>PictureTools</name>
     <message>
         <source>Save a picture</source>
@@ -815,6 +969,29 @@ oder beide anklicken</translation>
     <message>
         <source>No series. Open a folder with File &gt; Open folder, or drop one here.</source>
         <translation>Keine Serie. Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
+    </message>
+</context>
+<context>
+    <name>SiteFile</name>
+    <message>
+        <source>No file is named for the settings of this site.</source>
+        <translation>Für die Einstellungen des Standorts ist keine Datei genannt.</translation>
+    </message>
+    <message>
+        <source>You may not write %1.</source>
+        <translation>Sie dürfen %1 nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>%1 is damaged or cannot be read. It has to be put right by hand first.</source>
+        <translation>%1 ist beschädigt oder nicht lesbar. Das muss zuerst von Hand in Ordnung gebracht werden.</translation>
+    </message>
+    <message>
+        <source>%1 could not be kept as %2.</source>
+        <translation>%1 konnte nicht als %2 behalten werden.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
     </message>
 </context>
 <context>
@@ -1502,6 +1679,18 @@ oder beide anklicken</translation>
     <message>
         <source>Viewers can be on several monitors; the list of studies stands beside them or has a window of its own.</source>
         <translation>Ansichten können auf mehreren Monitoren sein; die Studienliste steht daneben oder hat ein eigenes Fenster.</translation>
+    </message>
+    <message>
+        <source>&amp;Monitor settings…</source>
+        <translation>&amp;Monitor-Einstellungen…</translation>
+    </message>
+    <message>
+        <source>Split displays, and choose sizes for monitors</source>
+        <translation>Bildschirme teilen und Größen für Monitore wählen</translation>
+    </message>
+    <message>
+        <source>Fonts and thumbnails are as large as is right for the size of their monitor.</source>
+        <translation>Schriften und Vorschaubilder sind so groß, wie es zur Größe ihres Monitors passt.</translation>
     </message>
 </context>
 <context>
