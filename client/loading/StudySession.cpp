@@ -208,6 +208,12 @@ bool StudySession::isLoaded(const std::string &uid) const
     return m_series.count(uid) > 0;
 }
 
+McHandle<LoadedSeries> StudySession::loaded(const std::string &uid) const
+{
+    const auto found = m_series.find(uid);
+    return found != m_series.end() ? found->second : McHandle<LoadedSeries>();
+}
+
 McHandle<LoadedSeries> StudySession::load(const McHandle<Entry> &entry)
 {
     McHandle<LoadedSeries> &series = m_series[entry->uid()];

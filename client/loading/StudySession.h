@@ -59,6 +59,8 @@ public:
     void unload(const std::string &uid);
     /// Whether the series is, or is being, loaded.
     [[nodiscard]] bool isLoaded(const std::string &uid) const;
+    /// The series as far as it has been loaded; null when loading has not begun.
+    [[nodiscard]] McHandle<LoadedSeries> loaded(const std::string &uid) const;
 
 Q_SIGNALS:
     void busyChanged(bool busy);

@@ -31,7 +31,7 @@ double valueAt(const Slice &slice, KxVolume::ScalarType type, std::size_t index)
     return scalarAt<float>(slice, index);
 }
 
-QImage picture(const KxVolume &volume, const Slice &slice)
+QImage picture(const KxVolume &volume, const Slice &slice, int pixels)
 {
     const KxVolume::Window window = slice.window.value_or(volume.defaultWindow());
     const auto components = static_cast<std::size_t>(volume.components());
@@ -48,12 +48,11 @@ QImage picture(const KxVolume &volume, const Slice &slice)
                                       : qRgb(level(0), level(0), level(0));
         }
     }
-    return image.scaled(ThumbnailMaker::pixels, ThumbnailMaker::pixels, Qt::KeepAspectRatio,
-        Qt::SmoothTransformation);
+    return image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 /// The first slice that the reader hands out is the one in the middle. Null when there is none.
-QImage thumbnail(const Zel::DicomDirectoryEntry &entry, const std::stop_token &stop)
+QImage thumbnail(const Zel::DicomDirectoryEntry &entry, int pixels, const std::stop_token &stop)
 {
     DicomVolumeReader reader;
     if (!reader.prepare(entry, stop)) {
@@ -65,7 +64,7 @@ QImage thumbnail(const Zel::DicomDirectoryEntry &entry, const std::stop_token &s
     reader.readSlices(
         [&](Slice &&slice) {
             if (made.isNull() && slice.problem.empty()) {
-                made = picture(*reader.series()->volume(slice.phase), slice);
+                made = picture(*reader.series()->volume(slice.phase), slice, pixels);
             }
             enough.request_stop();
         },
@@ -81,12 +80,13 @@ ThumbnailMaker::ThumbnailMaker(QObject *parent)
 
 ThumbnailMaker::~ThumbnailMaker() = default;
 
-void ThumbnailMaker::start(const std::vector<McHandle<Entry>> &entries)
+void ThumbnailMaker::start(const std::vector<McHandle<Entry>> &entries, int pixels)
 {
     stop();
     m_isRunning = true;
-    m_thread = std::jthread(
-        [this, entries](const std::stop_token &stopToken) { work(entries, stopToken); });
+    m_thread = std::jthread([this, entries, pixels](const std::stop_token &stopToken) {
+        work(entries, pixels, stopToken);
+    });
 }
 
 void ThumbnailMaker::stop()
@@ -97,7 +97,7 @@ void ThumbnailMaker::stop()
 }
 
 void ThumbnailMaker::work(
-    const std::vector<McHandle<Entry>> &entries, const std::stop_token &stopToken)
+    const std::vector<McHandle<Entry>> &entries, int pixels, const std::stop_token &stopToken)
 {
     const int run = m_run; // Changes only while no thread runs.
     const auto tell = [this, run](auto what) {
@@ -114,7 +114,7 @@ void ThumbnailMaker::work(
         if (stopToken.stop_requested()) {
             return;
         }
-        const QImage image = thumbnail(*entry, stopToken);
+        const QImage image = thumbnail(*entry, pixels, stopToken);
         if (!image.isNull()) {
             tell([this, uid = QString::fromStdString(entry->uid()), image] {
                 Q_EMIT made(uid, image);

@@ -19,15 +19,16 @@ class ThumbnailMaker final : public QObject
 public:
     using Entry = Zel::DicomDirectoryEntry;
 
-    /// Length of a picture's longer side, in device pixels.
-    static constexpr int pixels = 96;
+    /// Length of a picture's longer side, in device pixels, where nothing else is asked for.
+    static constexpr int usualPixels = 96;
 
     explicit ThumbnailMaker(QObject *parent = nullptr);
     /// Gives up and waits for the thread.
     ~ThumbnailMaker() override;
 
     /// Starts with these; what was being made is given up.
-    void start(const std::vector<McHandle<Entry>> &entries);
+    /// @param pixels length of a picture's longer side.
+    void start(const std::vector<McHandle<Entry>> &entries, int pixels = usualPixels);
     void stop();
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 
@@ -36,7 +37,8 @@ Q_SIGNALS:
     void finished();
 
 private:
-    void work(const std::vector<McHandle<Entry>> &entries, const std::stop_token &stopToken);
+    void work(
+        const std::vector<McHandle<Entry>> &entries, int pixels, const std::stop_token &stopToken);
 
     std::jthread m_thread;
     bool m_isRunning = false;

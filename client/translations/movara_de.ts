@@ -2,6 +2,57 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>AttributesView</name>
+    <message>
+        <source>Search attributes</source>
+        <translation>Attribute suchen</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>VR</source>
+        <translation>VR</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>DICOM attributes</source>
+        <translation>DICOM-Attribute</translation>
+    </message>
+    <message>
+        <source>Select a series to see the attributes of its first image.</source>
+        <translation>Wählen Sie eine Serie, um die Attribute ihres ersten Bildes zu sehen.</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen…</translation>
+    </message>
+    <message>
+        <source>There is more: search for more words.</source>
+        <translation>Es gibt mehr: Suchen Sie nach weiteren Wörtern.</translation>
+    </message>
+    <message>
+        <source>No attribute holds “%1”.</source>
+        <translation>Kein Attribut enthält „%1“.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy all</source>
+        <translation>Alles &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+</context>
+<context>
     <name>Contents</name>
     <message>
         <source>Studies</source>
@@ -495,6 +546,73 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>MeasurementsPanel</name>
+    <message>
+        <source>Copy the selected measurements, or all, as text (Ctrl+C)</source>
+        <translation>Die gewählten Messungen, oder alle, als Text kopieren (Strg+C)</translation>
+    </message>
+    <message>
+        <source>Delete the selected measurements (Del)</source>
+        <translation>Die gewählten Messungen löschen (Entf)</translation>
+    </message>
+    <message>
+        <source>Delete all measurements</source>
+        <translation>Alle Messungen löschen</translation>
+    </message>
+    <message>
+        <source>Bring back deleted or moved measurements (Ctrl+Z)</source>
+        <translation>Gelöschte oder verschobene Messungen zurückholen (Strg+Z)</translation>
+    </message>
+    <message>
+        <source>Measurements</source>
+        <translation>Messungen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Slice</source>
+        <translation>Schicht</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>Serie</translation>
+    </message>
+    <message>
+        <source>Nothing has been measured.
+
+Choose Distance, Angle or Region in the tool bar, then click or drag in an image.</source>
+        <translation>Es ist nichts gemessen.
+
+Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder ziehen Sie dann in einem Bild.</translation>
+    </message>
+    <message>
+        <source>no longer open</source>
+        <translation>nicht mehr geöffnet</translation>
+    </message>
+    <message>
+        <source>Double-click to go to it</source>
+        <translation>Doppelklick geht zur Messung</translation>
+    </message>
+    <message>
+        <source>&amp;Go to it</source>
+        <translation>&amp;Dorthin gehen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+</context>
+<context>
     <name>MonitorMap</name>
     <message>
         <source>Viewers</source>
@@ -934,6 +1052,13 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>SearchField</name>
+    <message>
+        <source>Shows only what holds all these words; Escape shows everything again</source>
+        <translation>Zeigt nur, was alle diese Wörter enthält; Escape zeigt wieder alles</translation>
+    </message>
+</context>
+<context>
     <name>SeriesLoad</name>
     <message>
         <source>incomplete: reading was cancelled</source>
@@ -1038,6 +1163,65 @@ oder beide anklicken</translation>
     </message>
 </context>
 <context>
+    <name>StudyPanel</name>
+    <message>
+        <source>Search studies</source>
+        <translation>Studien suchen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>DICOM attributes</source>
+        <translation>DICOM-Attribute</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close &amp;patient</source>
+        <translation>&amp;Patient schließen</translation>
+    </message>
+    <message>
+        <source>Studies</source>
+        <translation>Studien</translation>
+    </message>
+    <message>
+        <source>Opens what is selected; Ctrl or Shift selects several</source>
+        <translation>Öffnet die Auswahl; mit Strg oder Umschalt wählen Sie mehrere</translation>
+    </message>
+    <message>
+        <source>Shows all DICOM attributes of the selected series&apos; first image</source>
+        <translation>Zeigt alle DICOM-Attribute des ersten Bildes der gewählten Serie</translation>
+    </message>
+    <message>
+        <source>Closes what is selected</source>
+        <translation>Schließt die Auswahl</translation>
+    </message>
+    <message>
+        <source>Closes everything of the selected patients</source>
+        <translation>Schließt alles der gewählten Patienten</translation>
+    </message>
+    <message>
+        <source>No studies are open.
+
+Open a folder with File &gt; Open folder, or drop one here.</source>
+        <translation>Es sind keine Studien geöffnet.
+
+Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
+    </message>
+    <message>
+        <source>Open (%1)</source>
+        <translation>Öffnen (%1)</translation>
+    </message>
+</context>
+<context>
     <name>StudySession</name>
     <message>
         <source>Looking for DICOM files</source>
@@ -1069,6 +1253,22 @@ oder beide anklicken</translation>
     <message>
         <source>Double-click to open in all viewers, or drag to one viewer.</source>
         <translation>Doppelklick öffnet in allen Ansichten; oder auf eine Ansicht ziehen.</translation>
+    </message>
+    <message>
+        <source>incomplete</source>
+        <translation>unvollständig</translation>
+    </message>
+    <message>
+        <source>A presentation state tells how images are shown; it cannot be opened by itself.</source>
+        <translation>Ein Darstellungszustand sagt, wie Bilder gezeigt werden; er kann nicht für sich geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: there are no images in it that could be shown.</source>
+        <translation>Kann nicht geöffnet werden: Es sind keine Bilder darin, die gezeigt werden könnten.</translation>
+    </message>
+    <message>
+        <source>Nothing here holds “%1”. Press Escape in the search field to see everything.</source>
+        <translation>Nichts hier enthält „%1“. Escape im Suchfeld zeigt wieder alles.</translation>
     </message>
 </context>
 <context>

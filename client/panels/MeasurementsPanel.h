@@ -1,0 +1,65 @@
+#pragma once
+
+#include "client/measurements/MeasurementList.h"
+#include "framework/notification/ExNotifiable.h"
+#include "platform/util/McHandle.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class PanelButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+class StudySession;
+class ViewMessage;
+
+/// All measurements with their values: to go to, delete and copy them. Follows the list, and the
+/// picked one both ways. What is deleted can be undone. GUI thread only.
+class MeasurementsPanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum Column { Name, Value, Slice, Series, numColumns };
+
+    /// Both must outlive the panel.
+    MeasurementsPanel(MeasurementList &list, StudySession &session, QWidget *parent = nullptr);
+    ~MeasurementsPanel() override;
+
+    /// Has a viewer move to the measurement's slice and activates it; when none shows its series,
+    /// that is shown in the active slice viewer. Ignored for an unknown id.
+    void jumpTo(int id);
+    /// The selected ones, or all when none is selected, as lines of cells with tabulators between
+    /// them; the first line names the columns. Empty without measurements.
+    [[nodiscard]] QString text() const;
+    void copy() const;
+    void deleteSelected();
+    void deleteAll();
+
+private:
+    void build();
+    void connectList();
+    /// Brings the rows up to date, soon and once however often it is asked.
+    void updateSoon();
+    void updateRows();
+    void updateRow(QTreeWidgetItem &item, const Measurement &measurement);
+    void updateButtons();
+    void selectPicked();
+    void pickSelected();
+    void showMenu(const QPoint &position);
+    [[nodiscard]] McHandle<LoadedSeries> seriesOf(const Measurement &measurement) const;
+    [[nodiscard]] std::vector<int> selectedIds() const;
+    [[nodiscard]] std::vector<const Measurement *> complete() const;
+
+    MeasurementList &m_list;
+    StudySession &m_session;
+    QTreeWidget *m_tree;
+    ViewMessage *m_message;
+    PanelButton *m_copy;
+    PanelButton *m_delete;
+    PanelButton *m_deleteAll;
+    PanelButton *m_undo;
+    QTimer m_updateTimer;
+    int m_pendingJump = 0;
+    McHandle<ExNotifiable> m_watch;
+};
