@@ -33,6 +33,8 @@ void addOptions(QCommandLineParser &parser)
         {QStringLiteral("size"),
             QStringLiteral("Size of the window with the viewers, e.g. 1600x1000."),
             QStringLiteral("WxH")},
+        {QStringLiteral("session"), QStringLiteral("Opens a saved session."),
+            QStringLiteral("file")},
         {QStringLiteral("screenshot"),
             QStringLiteral("Writes a picture of the window with the viewers, once everything is "
                            "loaded, and ends. Further windows go to FILE-2 and so on."),
@@ -84,6 +86,7 @@ std::optional<CommandLine::End> CommandLine::parse(
     command.paths = parser.positionalArguments();
     command.layout = parser.value(QStringLiteral("layout"));
     command.language = parser.value(QStringLiteral("language"));
+    command.session = parser.value(QStringLiteral("session"));
     command.screenshot = parser.value(QStringLiteral("screenshot"));
     command.benchmark = parser.value(QStringLiteral("benchmark"));
     const QStringList languages{QString(), QStringLiteral("en"), QStringLiteral("de")};
@@ -98,6 +101,9 @@ std::optional<CommandLine::End> CommandLine::parse(
     if (parser.isSet(QStringLiteral("benchmark")) && command.benchmark != scrollBenchmark) {
         return mistake(QStringLiteral("There is no benchmark \"%1\". Known benchmarks: %2.")
                            .arg(command.benchmark, scrollBenchmark));
+    }
+    if (!command.session.isEmpty() && !command.paths.isEmpty()) {
+        return mistake(QStringLiteral("A session brings its own folders: give it or folders."));
     }
     if (parser.isSet(QStringLiteral("size"))) {
         const std::optional<QSize> size = toSize(parser.value(QStringLiteral("size")));

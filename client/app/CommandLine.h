@@ -12,6 +12,7 @@ struct CommandLine
     QStringList paths;
     QString layout = QStringLiteral("2x2");
     QString language; ///< e.g. "de"; empty for that of the settings
+    QString session; ///< file to open; empty for none
     QString screenshot; ///< file to write; empty for none
     QString benchmark; ///< empty for none
     QSize size; ///< of the window with the viewers; not valid for its own

@@ -14,6 +14,7 @@
 #include "client/panels/StatusLine.h"
 #include "client/panels/StatusText.h"
 #include "client/panels/StudyTree.h"
+#include "client/session/WorkstationSessions.h"
 #include "client/toolbars/ToolBars.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
@@ -227,7 +228,9 @@ void WorkSession::showFound()
         } else {
             m_status->text().showText(looked);
         }
-        m_workstation->openInAll(largest->uid());
+        if (!WorkstationSessions::isRestoringNow()) {
+            m_workstation->openInAll(largest->uid()); // A session says itself what is shown.
+        }
     } else {
         setProblem(emptyText(found));
     }

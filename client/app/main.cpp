@@ -6,6 +6,8 @@
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
+#include "client/session/WorkstationSessions.h"
+#include "framework/dialogs/ExMessageBox.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "platform/toolkit/QxApplication.h"
 
@@ -24,6 +26,46 @@ QStringList argumentList(int argc, char **argv)
         arguments += QString::fromLocal8Bit(argv[i]);
     }
     return arguments;
+}
+
+/// What is not restored is told: to the user, or, when there is none, to the shell.
+void tellOfSessions(WorkstationSessions &sessions, bool isAttended)
+{
+    const auto tell = [isAttended](bool isRestored, const QString &message) {
+        if (isAttended && !message.isEmpty()) {
+            ExMessageBox::warning(message);
+        } else if (!message.isEmpty()) {
+            std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+        }
+        if (!isAttended && !isRestored) {
+            QCoreApplication::exit(1);
+        }
+    };
+    QObject::connect(
+        &sessions, &WorkstationSessions::finished, &sessions, tell, Qt::QueuedConnection);
+}
+
+/// Opens what was asked for: a session, folders, or, without either, the sample study. A session
+/// that was left by a crash is offered before the latter two.
+void openFirst(
+    WorkSession &work, WorkstationSessions &sessions, const CommandLine &command, bool isAttended)
+{
+    const auto openPaths = [&work, paths = command.paths] {
+        paths.isEmpty() ? work.openSample() : work.open(paths);
+    };
+    if (!command.session.isEmpty()) {
+        const QString problem = sessions.open(command.session);
+        if (!problem.isEmpty()) {
+            Q_EMIT sessions.finished(false, problem);
+        }
+    }
+    if (isAttended) {
+        sessions.startAutosave(
+            AutosaveSlot::defaultFolder(),
+            command.session.isEmpty() ? std::function<void()>(openPaths) : [] {});
+    } else if (command.session.isEmpty()) {
+        openPaths();
+    }
 }
 
 int runWindow(const CommandLine &command)
@@ -46,11 +88,13 @@ int runWindow(const CommandLine &command)
     if (command.screenshot.isEmpty()) {
         Plugins::tell(refused);
     }
+    WorkstationSessions sessions(session.workstation());
+    tellOfSessions(sessions, !isRun);
     std::unique_ptr<QObject> run;
     if (!command.benchmark.isEmpty()) {
         run = std::make_unique<ScrollBenchmark>(session, command.paths);
     } else {
-        command.paths.isEmpty() ? session.openSample() : session.open(command.paths);
+        openFirst(session, sessions, command, !isRun);
         if (!command.screenshot.isEmpty()) {
             run = std::make_unique<ScreenshotRun>(session, command.screenshot);
         }

@@ -422,6 +422,13 @@ Wenden Sie sich an Ihren Systemverwalter.</translation>
     </message>
 </context>
 <context>
+    <name>LinksPart</name>
+    <message>
+        <source>Links</source>
+        <translation>Verknüpfungen</translation>
+    </message>
+</context>
+<context>
     <name>MainMenus</name>
     <message>
         <source>&amp;File</source>
@@ -610,6 +617,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>&amp;Delete</source>
         <translation>&amp;Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>MeasurementsPart</name>
+    <message>
+        <source>Measurements</source>
+        <translation>Messungen</translation>
     </message>
 </context>
 <context>
@@ -981,6 +995,14 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
         <source>View Screen on Grayscale Monitor</source>
         <translation>Graustufenmonitor</translation>
     </message>
+    <message>
+        <source>Session</source>
+        <translation>Sitzung</translation>
+    </message>
+    <message>
+        <source>Seconds between automatic saves (0: none)</source>
+        <translation>Sekunden zwischen automatischen Sicherungen (0: keine)</translation>
+    </message>
 </context>
 <context>
     <name>PropertyBrowser</name>
@@ -1097,6 +1119,60 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     </message>
 </context>
 <context>
+    <name>SessionFile</name>
+    <message>
+        <source>The session is damaged and cannot be opened. Take an earlier copy of the file, or open the folder of the images instead.</source>
+        <translation>Die Sitzung ist beschädigt und kann nicht geöffnet werden. Nehmen Sie eine frühere Kopie der Datei, oder öffnen Sie stattdessen den Ordner der Bilder.</translation>
+    </message>
+    <message>
+        <source>The session was saved in format %1; this workstation reads format %2. Open it with the version of the workstation that has saved it.</source>
+        <translation>Die Sitzung wurde in Format %1 gespeichert; diese Workstation liest Format %2. Öffnen Sie sie mit der Version der Workstation, die sie gespeichert hat.</translation>
+    </message>
+    <message>
+        <source>This is not a session of the workstation.</source>
+        <translation>Dies ist keine Sitzung der Workstation.</translation>
+    </message>
+    <message>
+        <source>The session is cut short: %1 of %2 bytes are there. Copy the file once more, or open the folder of the images instead.</source>
+        <translation>Die Sitzung ist abgeschnitten: %1 von %2 Bytes sind da. Kopieren Sie die Datei noch einmal, oder öffnen Sie stattdessen den Ordner der Bilder.</translation>
+    </message>
+    <message>
+        <source>The session cannot be saved to %1: %2. What was saved there before is unchanged. Make room on the disk, or save to another folder.</source>
+        <translation>Die Sitzung kann nicht in %1 gespeichert werden: %2. Was dort vorher gespeichert war, ist unverändert. Schaffen Sie Platz auf dem Datenträger, oder speichern Sie in einem anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The session cannot be saved to %1: %2. Make room on the disk, or save to another folder.</source>
+        <translation>Die Sitzung kann nicht in %1 gespeichert werden: %2. Schaffen Sie Platz auf dem Datenträger, oder speichern Sie in einem anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The session %1 cannot be read: %2. Look whether the file is there and whether you may read it.</source>
+        <translation>Die Sitzung %1 kann nicht gelesen werden: %2. Sehen Sie nach, ob die Datei da ist und ob Sie sie lesen dürfen.</translation>
+    </message>
+</context>
+<context>
+    <name>SessionTools</name>
+    <message>
+        <source>Sessions (*%1)</source>
+        <translation>Sitzungen (*%1)</translation>
+    </message>
+    <message>
+        <source>Save session</source>
+        <translation>Sitzung speichern</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Open session</source>
+        <translation>Sitzung öffnen</translation>
+    </message>
+    <message>
+        <source>Not saved in a session: %1. Open another session all the same, and lose it?</source>
+        <translation>In keiner Sitzung gespeichert: %1. Trotzdem eine andere Sitzung öffnen und das verlieren?</translation>
+    </message>
+</context>
+<context>
     <name>SiteFile</name>
     <message>
         <source>No file is named for the settings of this site.</source>
@@ -1160,6 +1236,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>mirrored</source>
         <translation>gespiegelt</translation>
+    </message>
+</context>
+<context>
+    <name>StudiesPart</name>
+    <message>
+        <source>Studies</source>
+        <translation>Studien</translation>
     </message>
 </context>
 <context>
@@ -1892,6 +1975,30 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Fonts and thumbnails are as large as is right for the size of their monitor.</source>
         <translation>Schriften und Vorschaubilder sind so groß, wie es zur Größe ihres Monitors passt.</translation>
     </message>
+    <message>
+        <source>Open &amp;session…</source>
+        <translation>&amp;Sitzung öffnen…</translation>
+    </message>
+    <message>
+        <source>Open images in the views in which they were saved</source>
+        <translation>Bilder in den Ansichten öffnen, in denen sie gespeichert wurden</translation>
+    </message>
+    <message>
+        <source>The same series in the same viewers, with their windows, links and measurements.</source>
+        <translation>Dieselben Serien in denselben Ansichten, mit ihren Fensterungen, Verknüpfungen und Messungen.</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve session…</source>
+        <translation>Sitzung s&amp;peichern…</translation>
+    </message>
+    <message>
+        <source>Save what is open, and how, to a file</source>
+        <translation>Was offen ist, und wie, in einer Datei speichern</translation>
+    </message>
+    <message>
+        <source>Images are not copied: the file tells where they are. Only you can read it.</source>
+        <translation>Bilder werden nicht kopiert: Die Datei sagt, wo sie sind. Nur Sie können sie lesen.</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>
@@ -1928,6 +2035,21 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Attach this viewer to its linked viewers, or detach it (L)</source>
         <translation>Diese Ansicht mit den anderen verknüpfen oder lösen (L)</translation>
+    </message>
+</context>
+<context>
+    <name>ViewersPart</name>
+    <message>
+        <source>Viewers</source>
+        <translation>Ansichten</translation>
+    </message>
+    <message>
+        <source>the viewers of screen %1 (layout %2)</source>
+        <translation>die Ansichten von Bildschirm %1 (Anordnung %2)</translation>
+    </message>
+    <message>
+        <source>the series %1</source>
+        <translation>die Serie %1</translation>
     </message>
 </context>
 <context>
@@ -2046,6 +2168,65 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Not for diagnosis</source>
         <translation>Nicht zur Diagnose</translation>
+    </message>
+</context>
+<context>
+    <name>WorkstationSessions</name>
+    <message>
+        <source>The session %1 holds something that this workstation does not understand. Open it with the version of the workstation that has saved it.</source>
+        <translation>Die Sitzung %1 enthält etwas, das diese Workstation nicht versteht. Öffnen Sie sie mit der Version der Workstation, die sie gespeichert hat.</translation>
+    </message>
+    <message>
+        <source>the folder or file %1</source>
+        <translation>der Ordner oder die Datei %1</translation>
+    </message>
+    <message>
+        <source>Look whether the drive is connected and nothing was moved, then open the session again.</source>
+        <translation>Sehen Sie nach, ob das Laufwerk verbunden und nichts verschoben ist, und öffnen Sie die Sitzung dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>The session is open, but some of it is not there any more:</source>
+        <translation>Die Sitzung ist geöffnet, aber einiges davon ist nicht mehr da:</translation>
+    </message>
+    <message>
+        <source>The session is not opened. There are no images any more in:</source>
+        <translation>Die Sitzung wurde nicht geöffnet. Es gibt keine Bilder mehr in:</translation>
+    </message>
+    <message>
+        <source>Movara</source>
+        <translation>Movara</translation>
+    </message>
+    <message>
+        <source>The workstation was not closed properly. Restore what was open?</source>
+        <translation>Die Workstation wurde nicht ordnungsgemäß beendet. Soll wiederhergestellt werden, was offen war?</translation>
+    </message>
+    <message>
+        <source>It was saved automatically on %1.</source>
+        <translation>Es wurde am %1 automatisch gesichert.</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Open the same images in the same views, with all measurements</source>
+        <translation>Dieselben Bilder in denselben Ansichten öffnen, mit allen Messungen</translation>
+    </message>
+    <message>
+        <source>Delete what was saved; it cannot be restored any more</source>
+        <translation>Löschen, was gesichert wurde; es lässt sich nicht mehr wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Keep it, and ask again at the next start</source>
+        <translation>Aufheben und beim nächsten Start noch einmal fragen</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 namespace Zel {
 
@@ -93,7 +94,7 @@ public:
     /// Files of a stored volume, phase by phase in geometric order, each once; of a series, those
     /// of its stored volumes and then those that hold no image. Empty above.
     [[nodiscard]] const McDArray<McFilename> &files() const { return m_files; }
-    void setFiles(const McDArray<McFilename> &files) { m_files = files; }
+    void setFiles(McDArray<McFilename> files) { m_files = std::move(files); }
     /// Images (frames of multi-frame files count each) in this entry and below.
     [[nodiscard]] int numImages() const;
     void setNumImages(int count) { m_numImages = count; }

@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -115,7 +116,7 @@ EntryHandle makeVolume(const DicomVolumePlan &plan)
             phases.append(phase.label);
         }
     }
-    volume->setFiles(files);
+    volume->setFiles(std::move(files));
     volume->setPhases(phases);
     volume->setNumImages(plan.numImages);
     volume->setDimensions(plan.dimensions);
@@ -137,7 +138,7 @@ void addVolumes(const Headers &images, DicomDirectoryEntry &series)
         series.appendChild(volume);
         files.append(volume->files());
     }
-    series.setFiles(files);
+    series.setFiles(std::move(files));
     if (series.children().size() > 1) {
         series.addRemark("The images make " + std::to_string(series.children().size())
             + " separate volumes: they differ in size, direction or place.");
@@ -173,9 +174,11 @@ EntryHandle makeSeries(const std::string &uid, const Headers &files, const Heade
     if (images.empty()) {
         series->addRemark(otherObjectRemark(series->modality()));
     }
-    McDArray<McFilename> all = series->files();
-    all.append(others);
-    series->setFiles(all);
+    if (!others.isEmpty()) {
+        McDArray<McFilename> all = series->files();
+        all.append(others);
+        series->setFiles(std::move(all));
+    }
     return series;
 }
 

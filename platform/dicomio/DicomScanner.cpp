@@ -60,8 +60,10 @@ bool isHidden(const McFilename &file)
 bool comesBefore(const McFilename &a, const McFilename &b)
 {
     const auto rank = [](char c) { return c == '/' ? 0 : 1 + static_cast<unsigned char>(c); };
-    return std::lexicographical_compare(a.native().begin(), a.native().end(), b.native().begin(),
-        b.native().end(), [rank](char x, char y) { return rank(x) < rank(y); });
+    const std::string &x = a.native();
+    const std::string &y = b.native();
+    const auto [inX, inY] = std::mismatch(x.begin(), x.end(), y.begin(), y.end());
+    return inY != y.end() && (inX == x.end() || rank(*inX) < rank(*inY));
 }
 
 std::vector<McFilename> FileList::takeSorted()

@@ -1,11 +1,13 @@
 #include "framework/application/BuildVersion.h"
 #include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 
 #include <QDir>
 #include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -58,6 +60,7 @@ private Q_SLOTS:
         row("--size 100x100", 2, "at least 200");
         row("--benchmark speed", 2, "Known benchmarks: scroll.");
         row("--colour red", 2, "colour");
+        row("--session a b", 2, "give it or folders");
     }
 
     void answers()
@@ -118,6 +121,57 @@ private Q_SLOTS:
         // The images are brighter than their window everywhere: a white middle in a dark window.
         QCOMPARE(image.pixel(540, 250), qRgb(255, 255, 255));
         QVERIFY(qGray(image.pixel(2, 2)) < 60);
+    }
+
+    /// Killed, it is offered at the next start what was open; and that opens as a session.
+    void afterACrash()
+    {
+        DicomFixture files;
+        files.addSlice(1, 0, {{"G0028-1050", "0"}, {"G0028-1051", "10"}});
+        files.addSlice(2, 5, {{"G0028-1050", "0"}, {"G0028-1051", "10"}});
+        const QTemporaryDir home;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_RUNTIME_DIR"_s, QDir::tempPath());
+        environment.insert(u"XDG_DATA_HOME"_s, home.path());
+        environment.insert(u"MOVARA_SETTINGS_FILE"_s, home.filePath(u"settings.ini"_s));
+        environment.insert(u"MOVARA_LOG_DIR"_s, home.path());
+        const QString left
+            = home.filePath(u"movara-workstation/autosave/autosave-1.movara-session"_s);
+        const auto log = [&home] {
+            QByteArray all;
+            for (const QString &name : QDir(home.path()).entryList({u"*.log"_s})) {
+                all += readFile(home.filePath(name));
+            }
+            return all;
+        };
+        QProcess first;
+        first.setProcessEnvironment(environment);
+        first.start(
+            QStringLiteral(WORKSTATION_PROGRAM), {QString::fromStdString(files.folder().string())});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(left), 30000);
+        QVERIFY(!log().contains("not closed properly"));
+        first.kill();
+        QVERIFY(first.waitForFinished());
+        QCOMPARE(first.exitStatus(), QProcess::CrashExit);
+
+        QProcess second;
+        second.setProcessEnvironment(environment);
+        second.start(QStringLiteral(WORKSTATION_PROGRAM), {});
+        QTRY_VERIFY_WITH_TIMEOUT(log().contains("not closed properly"), 30000);
+        second.kill();
+        QVERIFY(second.waitForFinished());
+        QVERIFY(QFile::exists(left)); // Not answered: still there.
+
+        const QString picture = home.filePath(u"picture.png"_s);
+        const Run result
+            = run({u"--size"_s, u"800x600"_s, u"--screenshot"_s, picture, u"--session"_s, left},
+                environment);
+        QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+        QCOMPARE(QImage(picture).size(), QSize(800, 600));
+        const Run absent
+            = run({u"--screenshot"_s, picture, u"--session"_s, u"absent"_s}, environment);
+        QCOMPARE(absent.exitCode, 1);
+        QVERIFY2(absent.errors.contains(u"cannot be read"_s), qPrintable(absent.errors));
     }
 
     void screenshotFails_data()

@@ -1,0 +1,90 @@
+#include "client/session/LinksPart.h"
+
+#include "client/app/Workstation.h"
+#include "client/links/LinkType.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "framework/viewers/ExViewerDB.h"
+#include "framework/viewers/ExViewerDBGroup.h"
+
+#include <utility>
+
+namespace {
+
+using Membership = SessionState::Links::Membership;
+
+/// Puts a viewer into the group of another one, or, without one, into a group of its own.
+void regroup(const Membership &membership, WorkstationViewer &viewer, const ExBaseViewer *fellow)
+{
+    const std::string &type = membership.type;
+    const bool wasAttached = ViewerLinks::isAttached(type, viewer);
+    ExViewerDB::clearGroups(type, &viewer);
+    if (fellow != nullptr) {
+        ExViewerDB::appendViewer(type, fellow, &viewer, wasAttached);
+    } else {
+        ExViewerDB::createGroup(type, {&viewer}, wasAttached);
+    }
+    ViewerLinks::setAttached(type, viewer, membership.isAttached);
+}
+
+} // namespace
+
+LinksPart::LinksPart(Workstation &workstation)
+    : m_workstation(workstation)
+{ }
+
+QString LinksPart::displayName() const
+{
+    return tr("Links");
+}
+
+const char *LinksPart::persistentName() const
+{
+    return SessionState::Links::name;
+}
+
+void LinksPart::serialize(ExSessionData &session)
+{
+    SessionState::Links links;
+    const std::vector<WorkstationViewer *> viewers = m_workstation.viewers();
+    for (const LinkType &type : LinkType::all()) {
+        links.enabled.emplace(type.group, ExViewerDB::groupEnabled(type.group));
+        for (std::size_t i = 0; i < viewers.size(); ++i) {
+            if (ExViewerDB::group(type.group, viewers[i]) != nullptr) {
+                links.memberships.push_back(
+                    {type.group, ExViewerDB::groupId(type.group, viewers[i]), static_cast<int>(i),
+                        ViewerLinks::isAttached(type.group, *viewers[i])});
+            }
+        }
+    }
+    session.setBlock(QString::fromLatin1(persistentName()), links.toBytes());
+}
+
+void LinksPart::deserialize(ExSessionData &session)
+{
+    m_links = SessionState::Links::fromBytes(session.block(QString::fromLatin1(persistentName())))
+                  .value_or(SessionState::Links());
+    for (const LinkType &type : LinkType::all()) {
+        if (const auto found = m_links.enabled.find(type.group); found != m_links.enabled.end()) {
+            ViewerLinks::setEnabled(type.group, found->second);
+        }
+    }
+    linkAgain();
+}
+
+void LinksPart::linkAgain()
+{
+    const std::vector<WorkstationViewer *> viewers = m_workstation.viewers();
+    std::map<std::pair<std::string, std::string>, const ExBaseViewer *> fellows;
+    for (const Membership &membership : m_links.memberships) {
+        const auto place = static_cast<std::size_t>(membership.viewer);
+        // Only viewers of its kind are in groups of a type.
+        if (membership.viewer < 0 || place >= viewers.size()
+            || ExViewerDB::group(membership.type, viewers[place]) == nullptr) {
+            continue;
+        }
+        const ExBaseViewer *&fellow = fellows[{membership.type, membership.group}];
+        regroup(membership, *viewers[place], fellow);
+        fellow = fellow == nullptr ? viewers[place] : fellow;
+        viewers[place]->updateOverlay();
+    }
+}

@@ -1,0 +1,63 @@
+#include "client/session/SessionRestore.h"
+
+#include "client/loading/StudySession.h"
+#include "client/session/SessionState.h"
+#include "framework/session/ExSerializable.h"
+
+#include <QFileInfo>
+
+SessionRestore::SessionRestore(StudySession &studies)
+    : m_studies(studies)
+{
+    connect(&studies, &StudySession::scanned, this, &SessionRestore::scanned);
+    connect(&studies, &StudySession::nothingFound, this, [this] {
+        if (m_isRunning) {
+            m_missing += m_paths;
+            finish(false);
+        }
+    });
+}
+
+void SessionRestore::start(const ExSessionData &session)
+{
+    const auto studies = SessionState::Studies::fromBytes(
+        session.block(QString::fromLatin1(SessionState::Studies::name)));
+    m_session = session;
+    m_paths.clear();
+    m_missing.clear();
+    m_isRunning = true;
+    for (const QString &path : studies ? studies->paths : QStringList()) {
+        (QFileInfo::exists(path) ? m_paths : m_missing) += path;
+    }
+    if (!m_paths.isEmpty()) {
+        m_studies.open(m_paths);
+    } else if (!m_missing.isEmpty()) {
+        finish(false);
+    } else {
+        m_studies.close();
+        finish(true);
+    }
+}
+
+void SessionRestore::scanned()
+{
+    // Other paths than ours: the user has opened something else meanwhile.
+    if (m_isRunning && m_studies.paths() == m_paths) {
+        finish(true);
+    } else {
+        m_isRunning = false;
+    }
+}
+
+void SessionRestore::finish(bool restored)
+{
+    if (restored) {
+        McDArray<ExSerializable *> participants;
+        ExSerializable::instances(participants);
+        for (ExSerializable *participant : participants) {
+            participant->deserialize(m_session);
+        }
+    }
+    m_isRunning = false;
+    Q_EMIT finished(restored, m_missing);
+}

@@ -1,0 +1,197 @@
+#include "client/session/WorkstationSessions.h"
+
+#include "client/app/Workstation.h"
+#include "client/session/SessionFile.h"
+#include "client/session/SessionState.h"
+#include "framework/application/ExApplication.h"
+#include "framework/dialogs/ExMessageBox.h"
+#include "platform/util/McLogFile.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLocale>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace {
+
+WorkstationSessions *theSessions = nullptr;
+
+} // namespace
+
+WorkstationSessions::WorkstationSessions(Workstation &workstation)
+    : m_studies(workstation.session())
+    , m_viewers(workstation, [this] { m_links.linkAgain(); })
+    , m_links(workstation)
+    , m_measurements(workstation.measurements())
+    , m_restore(workstation.session())
+{
+    theSessions = this;
+    connect(&m_restore, &SessionRestore::finished, this, &WorkstationSessions::restored);
+    const auto changed = [this] {
+        if (m_autosave) {
+            m_autosave->changed();
+        }
+    };
+    connect(&workstation.session(), &StudySession::scanned, this, changed);
+    connect(&workstation.session(), &StudySession::closed, this, changed);
+    connect(&workstation.measurements(), &MeasurementList::changed, this, changed);
+}
+
+WorkstationSessions::~WorkstationSessions()
+{
+    theSessions = nullptr;
+}
+
+WorkstationSessions *WorkstationSessions::instancePointer()
+{
+    return theSessions;
+}
+
+bool WorkstationSessions::isRestoringNow()
+{
+    return theSessions != nullptr && theSessions->isRestoring();
+}
+
+QString WorkstationSessions::defaultFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        % QLatin1String("/movara-workstation/sessions");
+}
+
+ExSessionData WorkstationSessions::take() const
+{
+    ExSessionData session;
+    McDArray<ExSerializable *> participants;
+    ExSerializable::instances(participants);
+    for (ExSerializable *participant : participants) {
+        participant->serialize(session);
+    }
+    return session;
+}
+
+QString WorkstationSessions::save(const QString &file)
+{
+    const QString problem = SessionFile::write(file, SessionFile::toBytes(take()));
+    if (problem.isEmpty()) {
+        m_measurements.setSaved();
+    }
+    return problem;
+}
+
+QString WorkstationSessions::check(const QString &file, ExSessionData &session) const
+{
+    const QString problem = SessionFile::read(file, session);
+    if (problem.isEmpty() && !SessionState::isSound(session)) {
+        return tr("The session %1 holds something that this workstation does not understand. Open "
+                  "it with the version of the workstation that has saved it.")
+            .arg(file);
+    }
+    return problem;
+}
+
+QString WorkstationSessions::open(const QString &file)
+{
+    ExSessionData session;
+    QString problem = check(file, session);
+    if (problem.isEmpty()) {
+        m_restore.start(session);
+    }
+    return problem;
+}
+
+void WorkstationSessions::restored(bool isRestored, const QStringList &missingPaths)
+{
+    QStringList missing;
+    for (const QString &path : missingPaths) {
+        missing += tr("the folder or file %1").arg(path);
+    }
+    if (isRestored) {
+        missing += m_viewers.missing();
+        m_measurements.setSaved();
+        if (m_left && m_autosave) {
+            m_autosave->setSlot(std::move(m_left));
+        }
+    }
+    m_left.reset(); // What was not restored is offered again at the next start.
+    const QString list = QStringLiteral("\n\n• ") % missing.join(QStringLiteral("\n• "))
+        % QStringLiteral("\n\n")
+        % tr("Look whether the drive is connected and nothing was moved, then open the session "
+             "again.");
+    const QString message = missing.isEmpty() ? QString()
+        : isRestored ? tr("The session is open, but some of it is not there any more:") % list
+                     : tr("The session is not opened. There are no images any more in:") % list;
+    Q_EMIT finished(isRestored, message);
+}
+
+QStringList WorkstationSessions::unsaved()
+{
+    QStringList names;
+    McDArray<ExSerializable *> participants;
+    ExSerializable::instances(participants);
+    for (const ExSerializable *participant : participants) {
+        if (participant->unsavedData()) {
+            names += participant->displayName();
+        }
+    }
+    return names;
+}
+
+void WorkstationSessions::startAutosave(
+    const QString &folder, const std::function<void()> &otherwise)
+{
+    m_left = AutosaveSlot::takeLeft(folder);
+    m_autosave = std::make_unique<Autosave>(
+        AutosaveSlot::takeFree(folder), [this]() -> std::optional<ExSessionData> {
+            // Until a session is there again its own file is better than what is shown.
+            return isRestoring() ? std::nullopt : std::optional(take());
+        });
+    connect(m_autosave.get(), &Autosave::failed, this, &WorkstationSessions::autosaveFailed);
+    m_left ? ask(otherwise) : otherwise();
+}
+
+void WorkstationSessions::ask(const std::function<void()> &otherwise)
+{
+    const QFileInfo file(m_left->file());
+    theLogInstance().warnf("The workstation was not closed properly; %s can be restored.\n",
+        file.filePath().toUtf8().constData());
+    auto *const box = new QMessageBox(QMessageBox::Question, tr("Movara"),
+        tr("The workstation was not closed properly. Restore what was open?"),
+        QMessageBox::NoButton, ExApplication::instance().dialogParent());
+    box->setObjectName(QStringLiteral("RestoreQuestion"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(
+        tr("It was saved automatically on %1.")
+            .arg(QLocale().toString(file.lastModified(), QLocale::ShortFormat)));
+    QPushButton *const restore = box->addButton(tr("&Restore"), QMessageBox::AcceptRole);
+    QPushButton *const discard = box->addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+    QPushButton *const later = box->addButton(tr("&Later"), QMessageBox::RejectRole);
+    restore->setToolTip(tr("Open the same images in the same views, with all measurements"));
+    discard->setToolTip(tr("Delete what was saved; it cannot be restored any more"));
+    later->setToolTip(tr("Keep it, and ask again at the next start"));
+    box->setDefaultButton(restore);
+    box->setEscapeButton(later);
+    connect(box, &QMessageBox::finished, this, [=, this] {
+        if (box->clickedButton() == restore) {
+            restoreLeft(otherwise);
+            return;
+        }
+        if (box->clickedButton() == discard) {
+            m_left->clear();
+        }
+        m_left.reset();
+        otherwise();
+    });
+    box->open();
+}
+
+void WorkstationSessions::restoreLeft(const std::function<void()> &otherwise)
+{
+    const QString problem = open(m_left->file());
+    if (!problem.isEmpty()) {
+        m_left->clear(); // It would fail at every start.
+        m_left.reset();
+        otherwise();
+        Q_EMIT finished(false, problem);
+    }
+}

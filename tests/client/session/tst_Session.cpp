@@ -1,0 +1,268 @@
+#include "client/measurements/MeasurementTexts.h"
+#include "client/session/SessionFile.h"
+#include "client/session/SessionState.h"
+#include "client/session/WorkstationSessions.h"
+#include "client/viewers/VolumeViewer.h"
+#include "framework/viewers/ExViewerDB.h"
+#include "tests/endtoend/WindowFixture.h"
+#include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/Files.h"
+
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int side = 32;
+constexpr int slices = 12;
+
+/// A body whose values differ everywhere, at three times; beside it a second series.
+void writePhantom(DicomFixture &files)
+{
+    for (int i = 0; i < 3 * slices; ++i) {
+        const int z = i % slices;
+        std::vector<std::int16_t> pixels;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                pixels.push_back(
+                    static_cast<std::int16_t>(3 * x + 7 * y + 11 * z + 50 * (i / slices)));
+            }
+        }
+        const McHandle<HxParamBundle> header = DicomFixture::attributes(i + 1,
+            {{"G0028-0010", std::to_string(side)}, {"G0028-0011", std::to_string(side)},
+                {"G0028-0030", "2\\2"}, {"G0020-0100", std::to_string(i / slices + 1)},
+                {"G0020-0032", "-30\\-20\\" + std::to_string(3 * z)}});
+        files.add("a" + std::to_string(i), *header, pixels);
+    }
+    for (int i = 100; i < 104; ++i) {
+        files.addSlice(i, 5 * i, {{"G0020-000E", "2.25.1.2"}, {"G0008-103E", "second"}});
+    }
+}
+
+struct Opened
+{
+    std::unique_ptr<WindowFixture> fixture = std::make_unique<WindowFixture>();
+    std::unique_ptr<WorkstationSessions> sessions
+        = std::make_unique<WorkstationSessions>(fixture->workstation());
+
+    [[nodiscard]] Workstation &workstation() const { return fixture->workstation(); }
+    [[nodiscard]] WorkstationViewer &viewer(std::size_t i) const
+    {
+        return *workstation().viewers()[i];
+    }
+    void openFolder(const DicomFixture &files) const
+    {
+        fixture->session().open({QString::fromStdString(files.folder().string())});
+        QTRY_VERIFY(!workstation().session().paths().isEmpty() && workstation().isSettled());
+    }
+    /// Opens a session and waits for all it shows. @return the message.
+    [[nodiscard]] QString open(const QString &file, bool expected = true) const
+    {
+        QSignalSpy finished(sessions.get(), &WorkstationSessions::finished);
+        const QString problem = sessions->open(file);
+        if (!problem.isEmpty()) {
+            return problem;
+        }
+        if (!QTest::qWaitFor([&] { return finished.size() == 1; })) {
+            qFatal("the session is not opened");
+        }
+        fixture->settle();
+        return finished[0][0].toBool() == expected ? finished[0][1].toString() : u"unexpected"_s;
+    }
+    [[nodiscard]] std::vector<QImage> pictures() const
+    {
+        std::vector<QImage> all;
+        for (const SliceViewer *viewer : workstation().sliceViewers()) {
+            all.push_back(viewer->widget()->frame());
+        }
+        return all;
+    }
+};
+
+/// Something of everything that a session keeps.
+void change(const Opened &opened)
+{
+    Workstation &workstation = opened.workstation();
+    workstation.layouts().apply(*LayoutTable::find(u"1+3"_s));
+    SliceViewer &first = opened.fixture->slice(0);
+    first.setPhase(2);
+    first.setZoom(5);
+    first.pan({4, 3, 0});
+    first.setSliceIndex(3);
+    first.setWindow({300, 123});
+    first.setInverted(true);
+    SliceViewer &second = opened.fixture->slice(1);
+    second.setFlipped(Qt::Horizontal, true);
+    second.rotate({0, 0, 1}, 0.3);
+    workstation.openIn(opened.fixture->slice(2), "2.25.1.2");
+    auto &volume = dynamic_cast<VolumeViewer &>(opened.viewer(3));
+    volume.rotate(40, 20);
+    volume.setWindow({77, 99});
+    ViewerLinks::setAttached(second, false);
+    ViewerLinks::setEnabled(ExViewerDB::ZOOM_GROUP, false);
+    // A group of its own, though it would be linked by its kind.
+    ExViewerDB::clearGroups(ExViewerDB::WINDOWLEVEL_GROUP, &first);
+    ExViewerDB::createGroup(ExViewerDB::WINDOWLEVEL_GROUP, {&first}, true);
+    Measurement distance;
+    distance.seriesUid = first.series()->uid();
+    distance.plane = first.shownSlice();
+    distance.points = {{1, 2, 9}, {4, 6, 9}};
+    distance.isComplete = true;
+    workstation.measurements().add(distance);
+    workstation.measurements().remove(workstation.measurements().add(distance));
+    workstation.measurements().add(distance);
+    ExViewerManager::instancePointer()->setActiveViewer(&second);
+    opened.fixture->settle();
+}
+
+QMessageBox *question()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName() == u"RestoreQuestion"_s) {
+            return qobject_cast<QMessageBox *>(window);
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/// Sessions of the real window: saved, opened again, and left behind by a crash.
+class tst_Session : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { writePhantom(m_files); }
+
+    void cleanup() { QFile::remove(m_name); }
+
+    void everythingComesBack()
+    {
+        std::vector<QImage> before;
+        {
+            const Opened opened;
+            opened.openFolder(m_files);
+            change(opened);
+            before = opened.pictures();
+            QCOMPARE(WorkstationSessions::unsaved(), QStringList(u"Measurements"_s));
+            QCOMPARE(opened.sessions->save(m_name), QString());
+            QCOMPARE(WorkstationSessions::unsaved(), QStringList());
+        }
+        const Opened opened;
+        QCOMPARE(opened.open(m_name), QString());
+        QCOMPARE(opened.pictures(), before);
+        const QString again = m_name % u"-again";
+        QCOMPARE(opened.sessions->save(again), QString());
+        QCOMPARE(readFile(again), readFile(m_name));
+        QFile::remove(again);
+        QCOMPARE(WorkstationSessions::unsaved(), QStringList());
+        QCOMPARE(opened.workstation().activeViewer(), &opened.fixture->slice(1));
+        QVERIFY(!ViewerLinks::isAttached(opened.fixture->slice(1)));
+    }
+
+    void whatIsMissingIsTold()
+    {
+        {
+            const Opened opened;
+            opened.openFolder(m_files);
+            opened.workstation().openIn(opened.viewer(0), "2.25.1.2");
+            opened.fixture->settle();
+            QCOMPARE(opened.sessions->save(m_name), QString());
+        }
+        DicomFixture elsewhere;
+        for (const McFilename &file : std::filesystem::directory_iterator(m_files.folder())) {
+            if (file.filename().string().starts_with('1')) {
+                std::filesystem::rename(file, elsewhere.path(file.filename().string()));
+            }
+        }
+        const Opened opened;
+        const QString message = opened.open(m_name);
+        QVERIFY2(message.contains(u"the series CT second"_s), qPrintable(message));
+        QCOMPARE(opened.viewer(0).series(), nullptr);
+        QVERIFY(opened.viewer(1).series() != nullptr);
+        for (const McFilename &file : std::filesystem::directory_iterator(elsewhere.folder())) {
+            std::filesystem::rename(file, m_files.path(file.filename().string()));
+        }
+    }
+
+    void nothingIsChangedByWhatCannotBeOpened()
+    {
+        ExSessionData session;
+        session.setBlock(u"Studies"_s, SessionState::Studies{{u"/nonexistent"_s}}.toBytes());
+        session.setBlock(u"Viewers"_s, SessionState::Viewers{{u"1x1"_s}, {}}.toBytes());
+        session.setBlock(u"Links"_s, SessionState::Links().toBytes());
+        session.setBlock(u"Measurements"_s, SessionState::Measurements().toBytes());
+        const Opened opened;
+        opened.openFolder(m_files);
+        QCOMPARE(SessionFile::write(m_name, SessionFile::toBytes(session)), QString());
+        QVERIFY(opened.open(m_name, false).contains(u"/nonexistent"_s));
+        session.setBlock(u"Measurements"_s, "\x01");
+        QCOMPARE(SessionFile::write(m_name, SessionFile::toBytes(session)), QString());
+        QVERIFY(opened.open(m_name).contains(u"does not understand"_s));
+        QCOMPARE(opened.workstation().layouts().current(), u"2x2"_s);
+        QVERIFY(opened.viewer(0).series() != nullptr);
+    }
+
+    void autosaveIsOfferedAfterACrash()
+    {
+        const QTemporaryDir folder;
+        const QString left = folder.filePath(u"autosave-2.movara-session"_s);
+        {
+            // Another workstation at work: its autosave is its own.
+            const auto other = AutosaveSlot::takeFree(folder.path());
+            writeFile(other->file(), "of another workstation");
+            const Opened opened;
+            opened.sessions->startAutosave(folder.path(), [] {});
+            QVERIFY(question() == nullptr);
+            opened.openFolder(m_files);
+            QTRY_VERIFY(QFile::exists(left));
+            QVERIFY(QFile::copy(left, m_name));
+            other->clear();
+        }
+        QVERIFY(!QFile::exists(left)); // An orderly end leaves nothing.
+        QVERIFY(QFile::copy(m_name, left)); // A crash does.
+        offer(folder.path(), u"&Later"_s, true, false);
+        offer(folder.path(), u"&Restore"_s, false, true);
+        QVERIFY(QDir(folder.path()).entryList({u"*.movara-session"_s}).isEmpty());
+        QVERIFY(QFile::copy(m_name, left));
+        offer(folder.path(), u"&Discard"_s, false, false);
+    }
+
+private:
+    /// Starts, answers the question, ends in order. @param isKept whether the file is there then.
+    static void offer(const QString &folder, const QString &answer, bool isKept, bool isRestored)
+    {
+        {
+            const Opened opened;
+            QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
+            bool isOtherwise = false;
+            opened.sessions->startAutosave(folder, [&isOtherwise] { isOtherwise = true; });
+            QTRY_VERIFY(question() != nullptr);
+            for (QAbstractButton *button : question()->buttons()) {
+                if (button->text() == answer) {
+                    button->click();
+                    break;
+                }
+            }
+            QTRY_VERIFY(isRestored ? finished.size() == 1 : isOtherwise);
+            QTRY_VERIFY(opened.workstation().isSettled());
+            QCOMPARE(opened.viewer(0).series() != nullptr, isRestored);
+            QCOMPARE(isOtherwise, !isRestored);
+            QTRY_VERIFY(question() == nullptr);
+        }
+        QCOMPARE(QFile::exists(folder % u"/autosave-2.movara-session"), isKept);
+    }
+
+    DicomFixture m_files;
+    QTemporaryDir m_folder;
+    QString m_name = m_folder.filePath(u"x.movara-session"_s);
+};
+
+QTEST_MAIN(tst_Session)
+#include "tst_Session.moc"

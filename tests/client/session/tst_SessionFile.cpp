@@ -1,0 +1,143 @@
+#include "client/session/SessionFile.h"
+#include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/mount.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ExSessionData someSession(int size = 200)
+{
+    ExSessionData session;
+    session.setBlock(u"Viewers"_s, QByteArray(size, 'v'));
+    session.setBlock(u"Überschrift"_s, {});
+    return session;
+}
+
+/// Read into a session that has something in it: what must stay when reading fails.
+QString readInto(const QByteArray &bytes, ExSessionData &session)
+{
+    session.setBlock(u"before"_s, "kept");
+    return SessionFile::fromBytes(bytes, session);
+}
+
+/// A file system of a few pages, gone with the object.
+class SmallDisk
+{
+public:
+    SmallDisk() { m_isMounted = ::mount("tmpfs", qPrintable(path()), "tmpfs", 0, "size=32k") == 0; }
+    ~SmallDisk()
+    {
+        if (m_isMounted) {
+            ::umount(qPrintable(path()));
+        }
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+    [[nodiscard]] bool isMounted() const { return m_isMounted; }
+    [[nodiscard]] QString path() const { return m_folder.path(); }
+
+private:
+    QTemporaryDir m_folder;
+    bool m_isMounted = false;
+};
+
+} // namespace
+
+class tst_SessionFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void damageChangesNothing()
+    {
+        const QByteArray whole = SessionFile::toBytes(someSession());
+        ExSessionData read;
+        QCOMPARE(SessionFile::fromBytes(whole, read), QString());
+        QVERIFY(read == someSession());
+        ExSessionData before;
+        before.setBlock(u"before"_s, "kept");
+        for (qsizetype size = 0; size < whole.size(); ++size) {
+            ExSessionData session;
+            QVERIFY2(
+                !readInto(whole.left(size), session).isEmpty(), qPrintable(QString::number(size)));
+            QVERIFY(session == before);
+        }
+        for (qsizetype bit = 0; bit < whole.size() * 8; ++bit) {
+            QByteArray flipped = whole;
+            flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ (1 << (bit % 8)));
+            ExSessionData session;
+            QVERIFY2(!readInto(flipped, session).isEmpty(), qPrintable(QString::number(bit)));
+            QVERIFY(session == before);
+        }
+        ExSessionData session;
+        QVERIFY(!readInto(whole + 'x', session).isEmpty());
+        QVERIFY(session == before);
+    }
+
+    void tellsWhatIsWrong_data()
+    {
+        const QByteArray whole = SessionFile::toBytes(someSession());
+        const Rows<QByteArray, QString> row("bytes", "message");
+        row("empty", QByteArray(), "not a session");
+        row("something else", QByteArray("[General]\nkey=value\n"), "not a session");
+        row("cut short", whole.left(whole.size() - 1), "cut short");
+        row("other version", QByteArray(whole).replace(8, 1, "\x07"), "format 7");
+        row("line ends changed", QByteArray(whole).replace("\r\n", "\n"), "not a session");
+        row("content changed", QByteArray(whole).replace("vv", "vw"), "damaged");
+    }
+
+    void tellsWhatIsWrong()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, message);
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(u"x.movara-session"_s);
+        writeFile(name, bytes);
+        ExSessionData session;
+        const QString problem = SessionFile::read(name, session);
+        QVERIFY2(problem.contains(message), qPrintable(problem));
+        QVERIFY(problem.startsWith(name));
+        QVERIFY(SessionFile::read(name % u"-absent", session).contains(u"cannot be read"_s));
+    }
+
+    void onlyTheOwnerReads()
+    {
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(u"x.movara-session"_s);
+        writeFile(name, "an earlier one, for all to read");
+        QFile::setPermissions(name, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+        QCOMPARE(SessionFile::write(name, SessionFile::toBytes(someSession())), QString());
+        QCOMPARE(QFile::permissions(name)
+                & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+            QFile::Permissions());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+        const QString problem = SessionFile::write(u"/nonexistent/x"_s, "x");
+        QVERIFY2(problem.contains(u"save to another folder"_s), qPrintable(problem));
+    }
+
+    void fullDisk()
+    {
+        const SmallDisk disk;
+        if (!disk.isMounted()) {
+            QSKIP("only root can mount a small disk");
+        }
+        const QString name = disk.path() % u"/x.movara-session";
+        const QByteArray small = SessionFile::toBytes(someSession());
+        QCOMPARE(SessionFile::write(name, small), QString());
+        const QString problem = SessionFile::write(name, SessionFile::toBytes(someSession(100000)));
+        QVERIFY2(problem.contains(u"is unchanged. Make room"_s), qPrintable(problem));
+        QCOMPARE(readFile(name), small);
+        QCOMPARE(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SessionFile)
+#include "tst_SessionFile.moc"
