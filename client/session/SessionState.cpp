@@ -1,6 +1,7 @@
 #include "client/session/SessionState.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <algorithm>
 #include <cmath>
