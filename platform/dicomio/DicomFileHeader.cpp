@@ -87,7 +87,8 @@ const std::vector<vtkDICOMTag> &otherTags()
 
 const vtkDICOMItem &wantedAttributes()
 {
-    static const vtkDICOMItem wanted = [] {
+    // One for each thread: copies share their values, whose counts of references are not atomic.
+    thread_local const vtkDICOMItem wanted = [] {
         vtkDICOMItem item;
         const auto add = [&item](vtkDICOMTag tag) {
             const vtkDICOMVR vr = vtkDICOMDictionary::FindDictEntry(tag).GetVR();
