@@ -5,17 +5,11 @@
 #include <QRegularExpression>
 
 #include <list>
-#include <vector>
 
 class KxVariant;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QTreeWidget;
-class QTreeWidgetItem;
+class PropertiesPanel;
 
-/// Window in which the user looks at settings, finds them by their names and changes them. Changes
-/// hold at once; each setting can be put back to its default. GUI thread only.
+/// Window with a list of settings; see PropertiesPanel. GUI thread only.
 class PropertyBrowser final : public QDialog
 {
     Q_OBJECT
@@ -33,23 +27,5 @@ public:
     [[nodiscard]] int numChanged() const;
 
 private:
-    struct Row
-    {
-        KxVariant *property;
-        QTreeWidgetItem *item;
-        QString textBefore;
-    };
-
-    void build();
-    void addRow(KxVariant &property);
-    QTreeWidgetItem *groupFor(const KxVariant &property);
-    void filter(const QString &text);
-    void resetAll();
-    void update();
-
-    QLineEdit *m_search;
-    QTreeWidget *m_tree;
-    QLabel *m_message;
-    QPushButton *m_resetAll;
-    std::vector<Row> m_rows;
+    PropertiesPanel *m_panel;
 };

@@ -5,10 +5,16 @@
 #include "framework/notification/ExNotifiables.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
+#include "framework/viewers/ExViewerManager.h"
 
 #include <algorithm>
+#include <iterator>
+#include <sstream>
 
 namespace {
+
+/// The identifier by which the database knows those that follow the active viewer.
+const std::string activeGroup = "ACTIVE";
 
 bool appliesTo(const LinkType &type, const WorkstationViewer &viewer)
 {
@@ -35,11 +41,55 @@ const WorkstationViewer *memberToJoin(const std::string &type, const Workstation
     for (int i = 0; i < ExViewerDB::numGroups(type); ++i) {
         const ExBaseViewerGroup &viewers = ExViewerDB::group(type, i)->viewers();
         const auto *const member = static_cast<const WorkstationViewer *>(viewers[0]);
-        if (member != &viewer && mayShare(type, *member, viewer)) {
+        const bool isFree = ExViewerDB::group(type, i)->groupId() != activeGroup;
+        if (isFree && member != &viewer && mayShare(type, *member, viewer)) {
             return member;
         }
     }
     return nullptr;
+}
+
+void tellAttached(const std::string &type, WorkstationViewer &viewer, bool attached)
+{
+    ExNotifiable::notify({attached ? ExNotification::VIEWER_ATTACHED_TO_GROUP
+                                   : ExNotification::VIEWER_DETACHED_FROM_GROUP,
+        &viewer, nullptr, const_cast<char *>(type.c_str())});
+}
+
+/// Out of its group, for another one. @return whether it is to be attached to that.
+bool takeOut(const std::string &type, const WorkstationViewer &viewer)
+{
+    const bool attached
+        = ExViewerDB::group(type, &viewer) == nullptr || ViewerLinks::isAttached(type, viewer);
+    ExViewerDB::clearGroups(type, &viewer);
+    return attached;
+}
+
+/// Who follows whom among those that follow the active viewer.
+void renewLastActive(const std::string &type)
+{
+    const ExViewerManager *const manager = ExViewerManager::instancePointer();
+    ExViewerDB::resetLastActiveViewer(type);
+    if (manager != nullptr && manager->activeViewer() != nullptr) {
+        ExViewerDB::setLastActiveViewer(type, manager->activeViewer());
+    }
+}
+
+/// Adds what follows the viewer because it was the active one last.
+void addActiveFollowers(const std::string &type, const WorkstationViewer &viewer,
+    std::vector<WorkstationViewer *> &found)
+{
+    const ExViewerDBGroup *const group = ExViewerDB::group(type, activeGroup);
+    if (group == nullptr) {
+        return;
+    }
+    for (ExBaseViewer *each : group->viewers()) {
+        auto *const member = static_cast<WorkstationViewer *>(each);
+        if (ExViewerDB::lastActiveViewer(type, member) == &viewer
+            && ViewerLinks::isAttached(type, *member) && mayShare(type, *member, viewer)) {
+            found.push_back(member);
+        }
+    }
 }
 
 } // namespace
@@ -48,7 +98,7 @@ void ViewerLinks::addNotifications()
 {
     ExNotifiables::getInstance().addNotifications(this, ExNotification::VIEWER_CREATED,
         ExNotification::VIEWER_VOLUME_CHANGED, ExNotification::ABOUT_TO_DELETE_VIEWERS,
-        ExNotification::NONE);
+        ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::NONE);
 }
 
 void ViewerLinks::notified(const ExNotification &notification)
@@ -57,16 +107,24 @@ void ViewerLinks::notified(const ExNotification &notification)
     if (viewer == nullptr) {
         return;
     }
-    if (notification.type() == ExNotification::VIEWER_CREATED) {
+    switch (notification.type()) {
+    case ExNotification::VIEWER_CREATED:
         joinAll(*viewer);
-    } else if (notification.type() == ExNotification::VIEWER_VOLUME_CHANGED) {
+        break;
+    case ExNotification::VIEWER_VOLUME_CHANGED:
         rejoinWindow(*viewer);
-    } else {
+        break;
+    case ExNotification::ACTIVE_VIEWER_CHANGED:
+        for (const LinkType &type : LinkType::all()) {
+            ExViewerDB::setLastActiveViewer(type.group, viewer);
+        }
+        break;
+    default:
         ExViewerDB::clear(viewer);
     }
 }
 
-void ViewerLinks::join(const std::string &type, WorkstationViewer &viewer, bool attached)
+void ViewerLinks::joinByKind(const std::string &type, WorkstationViewer &viewer, bool attached)
 {
     if (const WorkstationViewer *const member = memberToJoin(type, viewer)) {
         ExViewerDB::appendViewer(type, member, &viewer, attached);
@@ -79,9 +137,8 @@ void ViewerLinks::joinAll(WorkstationViewer &viewer)
 {
     for (const LinkType &type : LinkType::all()) {
         if (appliesTo(type, viewer)) {
-            join(type.group, viewer, true);
-            notify({ExNotification::VIEWER_ATTACHED_TO_GROUP, &viewer, nullptr,
-                const_cast<char *>(type.group.c_str())});
+            joinByKind(type.group, viewer, true);
+            tellAttached(type.group, viewer, true);
         }
     }
 }
@@ -89,12 +146,10 @@ void ViewerLinks::joinAll(WorkstationViewer &viewer)
 void ViewerLinks::rejoinWindow(WorkstationViewer &viewer)
 {
     const std::string &type = ExViewerDB::WINDOWLEVEL_GROUP;
-    if (ExViewerDB::group(type, &viewer) == nullptr) {
+    if (ExViewerDB::group(type, &viewer) == nullptr || followsActive(type, viewer)) {
         return;
     }
-    const bool attached = isAttached(type, viewer);
-    ExViewerDB::clearGroups(type, &viewer);
-    join(type, viewer, attached);
+    joinByKind(type, viewer, takeOut(type, viewer));
 }
 
 std::vector<WorkstationViewer *> ViewerLinks::followers(
@@ -102,7 +157,11 @@ std::vector<WorkstationViewer *> ViewerLinks::followers(
 {
     std::vector<WorkstationViewer *> found{&viewer};
     const ExViewerDBGroup *const group = ExViewerDB::group(type, &viewer);
-    if (group == nullptr || !ExViewerDB::groupEnabled(type) || !isAttached(type, viewer)) {
+    if (!ExViewerDB::groupEnabled(type) || followsActive(type, viewer)) {
+        return found;
+    }
+    addActiveFollowers(type, viewer, found);
+    if (group == nullptr || !isAttached(type, viewer)) {
         return found;
     }
     for (ExBaseViewer *each : group->viewers()) {
@@ -134,9 +193,87 @@ void ViewerLinks::setAttached(const std::string &type, WorkstationViewer &viewer
     }
     ExViewerDB::setViewerAttribute(
         type, &viewer, ExViewerDB::ATT_ATTACHED, attached ? "true" : "false");
-    notify({attached ? ExNotification::VIEWER_ATTACHED_TO_GROUP
-                     : ExNotification::VIEWER_DETACHED_FROM_GROUP,
-        &viewer, nullptr, const_cast<char *>(type.c_str())});
+    tellAttached(type, viewer, attached);
+}
+
+void ViewerLinks::group(const std::string &type, const std::vector<WorkstationViewer *> &viewers)
+{
+    const WorkstationViewer *first = nullptr;
+    for (WorkstationViewer *viewer : viewers) {
+        const bool attached = takeOut(type, *viewer);
+        if (first == nullptr) {
+            ExViewerDB::createGroup(type, {viewer}, attached);
+            first = viewer;
+        } else {
+            ExViewerDB::appendViewer(type, first, viewer, attached);
+        }
+        tellAttached(type, *viewer, attached);
+    }
+}
+
+void ViewerLinks::join(
+    const std::string &type, WorkstationViewer &viewer, const WorkstationViewer &member)
+{
+    if (ExViewerDB::group(type, &member) == nullptr
+        || ExViewerDB::isSameGroup(type, &viewer, &member)) {
+        return;
+    }
+    const bool attached = takeOut(type, viewer);
+    ExViewerDB::appendViewer(type, &member, &viewer, attached);
+    renewLastActive(type);
+    tellAttached(type, viewer, attached);
+}
+
+void ViewerLinks::leave(const std::string &type, WorkstationViewer &viewer)
+{
+    if (ExViewerDB::group(type, &viewer) != nullptr) {
+        ExViewerDB::clearGroups(type, &viewer);
+        tellAttached(type, viewer, false);
+    }
+}
+
+void ViewerLinks::followActive(const std::string &type, WorkstationViewer &viewer)
+{
+    if (followsActive(type, viewer)) {
+        return;
+    }
+    if (const ExViewerDBGroup *const present = ExViewerDB::group(type, activeGroup)) {
+        join(type, viewer, static_cast<const WorkstationViewer &>(*present->viewers()[0]));
+        return;
+    }
+    const bool attached = takeOut(type, viewer);
+    ExViewerDB::createGroup(type, {&viewer}, attached);
+    ExViewerDB::setGroupId(type, &viewer, activeGroup);
+    renewLastActive(type);
+    tellAttached(type, viewer, attached);
+}
+
+bool ViewerLinks::followsActive(const std::string &type, const WorkstationViewer &viewer)
+{
+    return ExViewerDB::groupId(type, &viewer) == activeGroup;
+}
+
+std::set<std::string> ViewerLinks::restriction(
+    const std::string &type, const WorkstationViewer &viewer)
+{
+    std::istringstream words(
+        ExViewerDB::viewerAttribute(type, &viewer, ExViewerDB::ATT_RESTRICT_TO));
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+void ViewerLinks::setRestriction(
+    const std::string &type, WorkstationViewer &viewer, const std::set<std::string> &displaySets)
+{
+    if (ExViewerDB::group(type, &viewer) == nullptr || restriction(type, viewer) == displaySets) {
+        return;
+    }
+    std::string value;
+    for (const std::string &each : displaySets) {
+        value += (value.empty() ? "" : " ") + each;
+    }
+    ExViewerDB::setViewerAttribute(type, &viewer, ExViewerDB::ATT_RESTRICT_TO, value);
+    renewLastActive(type);
+    tellAttached(type, viewer, isAttached(type, viewer));
 }
 
 void ViewerLinks::setAttached(WorkstationViewer &viewer, bool attached)

@@ -20,14 +20,14 @@ ViewMessage::ViewMessage(QAbstractItemView &view)
 void ViewMessage::setMessage(const QString &text)
 {
     setText(text);
-    resize(parentWidget()->size());
+    setGeometry(parentWidget()->rect()); // Scrolling moves it.
     setVisible(!text.isEmpty());
 }
 
 bool ViewMessage::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize) {
-        resize(parentWidget()->size());
+        setGeometry(parentWidget()->rect());
     }
     return QLabel::eventFilter(watched, event);
 }

@@ -422,10 +422,223 @@ Wenden Sie sich an Ihren Systemverwalter.</translation>
     </message>
 </context>
 <context>
+    <name>LinksPanel</name>
+    <message>
+        <source>3D</source>
+        <translation>3D</translation>
+    </message>
+    <message>
+        <source>top left</source>
+        <translation>oben links</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>top right</source>
+        <translation>oben rechts</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>bottom left</source>
+        <translation>unten links</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>bottom right</source>
+        <translation>unten rechts</translation>
+    </message>
+    <message>
+        <source>Active viewer</source>
+        <translation>Aktive Ansicht</translation>
+    </message>
+    <message>
+        <source>Group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is not linked.</source>
+        <translation>%1 von %2 ist nicht verknüpft.</translation>
+    </message>
+    <message>
+        <source>Attached: follows the linked viewers.</source>
+        <translation>Angeschlossen: folgt den verknüpften Ansichten.</translation>
+    </message>
+    <message>
+        <source>Detached: stays as it is.</source>
+        <translation>Gelöst: bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Follows some viewers only.</source>
+        <translation>Folgt nur manchen Ansichten.</translation>
+    </message>
+    <message>
+        <source>Double-click or Space attaches and detaches; the context menu has more.</source>
+        <translation>Doppelklick oder Leertaste schließt an und löst; das Kontextmenü hat mehr.</translation>
+    </message>
+    <message>
+        <source>Attach or detach the selected viewers (Space)</source>
+        <translation>Die gewählten Ansichten anschließen oder lösen (Leertaste)</translation>
+    </message>
+    <message>
+        <source>Put the selected viewers into one group</source>
+        <translation>Die gewählten Ansichten in eine Gruppe setzen</translation>
+    </message>
+    <message>
+        <source>Give each of the selected viewers a group of its own</source>
+        <translation>Jeder gewählten Ansicht eine eigene Gruppe geben</translation>
+    </message>
+    <message>
+        <source>Links</source>
+        <translation>Verknüpfungen</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Verknüpfung</translation>
+    </message>
+    <message>
+        <source>Switches this way of linking on or off for all viewers</source>
+        <translation>Schaltet diese Verknüpfung für alle Ansichten ein oder aus</translation>
+    </message>
+    <message>
+        <source>There are no viewers. Choose a layout to have some.</source>
+        <translation>Es gibt keine Ansichten. Wählen Sie eine Aufteilung.</translation>
+    </message>
+    <message>
+        <source>No series</source>
+        <translation>Keine Serie</translation>
+    </message>
+    <message>
+        <source>A click makes it the active viewer.</source>
+        <translation>Ein Klick macht sie zur aktiven Ansicht.</translation>
+    </message>
+    <message>
+        <source>There is no such link of this kind of viewer.</source>
+        <translation>Diese Verknüpfung gibt es bei Ansichten dieser Art nicht.</translation>
+    </message>
+    <message>
+        <source>not linked</source>
+        <translation>nicht verknüpft</translation>
+    </message>
+    <message>
+        <source>&amp;Attached</source>
+        <translation>&amp;Angeschlossen</translation>
+    </message>
+    <message>
+        <source>&amp;New group of these</source>
+        <translation>&amp;Neue Gruppe aus diesen</translation>
+    </message>
+    <message>
+        <source>&amp;New group</source>
+        <translation>&amp;Neue Gruppe</translation>
+    </message>
+    <message>
+        <source>Not &amp;linked</source>
+        <translation>Nicht &amp;verknüpft</translation>
+    </message>
+    <message>
+        <source>&amp;Follow the active viewer</source>
+        <translation>Der aktiven Ansicht &amp;folgen</translation>
+    </message>
+    <message>
+        <source>&amp;Restrict to</source>
+        <translation>&amp;Beschränken auf</translation>
+    </message>
+</context>
+<context>
     <name>LinksPart</name>
     <message>
         <source>Links</source>
         <translation>Verknüpfungen</translation>
+    </message>
+</context>
+<context>
+    <name>LogModel</name>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Stufe</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+</context>
+<context>
+    <name>LogPanel</name>
+    <message>
+        <source>Search log</source>
+        <translation>Protokoll durchsuchen</translation>
+    </message>
+    <message>
+        <source>Copy the selected lines, or all shown (Ctrl+C)</source>
+        <translation>Die gewählten Zeilen, oder alle gezeigten, kopieren (Strg+C)</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>Which lines are shown</source>
+        <translation>Welche Zeilen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Show the file in its folder</source>
+        <translation>Die Datei in ihrem Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Nothing has been logged yet.</source>
+        <translation>Es ist noch nichts protokolliert.</translation>
+    </message>
+    <message>
+        <source>No line passes. Press Escape in the search field, or choose All, to see everything.</source>
+        <translation>Keine Zeile passt. Escape im Suchfeld oder die Wahl „Alle“ zeigt wieder alles.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy all</source>
+        <translation>Alles &amp;kopieren</translation>
     </message>
 </context>
 <context>
@@ -918,6 +1131,53 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     </message>
 </context>
 <context>
+    <name>PropertiesPanel</name>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset all</source>
+        <translation>Alle &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Puts all settings shown here back to their defaults</source>
+        <translation>Setzt alle hier gezeigten Einstellungen auf ihre Standards zurück</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Back to the default</source>
+        <translation>Zurück zum Standard</translation>
+    </message>
+    <message>
+        <source>%1: back to the default</source>
+        <translation>%1: zurück zum Standard</translation>
+    </message>
+    <message>
+        <source>“%1” is no value for %2.</source>
+        <translation>„%1“ ist kein Wert für %2.</translation>
+    </message>
+    <message>
+        <source>There are no settings here.</source>
+        <translation>Hier sind keine Einstellungen.</translation>
+    </message>
+    <message>
+        <source>No setting has “%1” in its name.</source>
+        <translation>Keine Einstellung hat „%1“ im Namen.</translation>
+    </message>
+</context>
+<context>
     <name>Property</name>
     <message>
         <source>User interface</source>
@@ -1007,48 +1267,8 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
 <context>
     <name>PropertyBrowser</name>
     <message>
-        <source>&amp;Reset all</source>
-        <translation>Alle &amp;zurücksetzen</translation>
-    </message>
-    <message>
         <source>Settings</source>
         <translation>Einstellungen</translation>
-    </message>
-    <message>
-        <source>Search settings</source>
-        <translation>Einstellungen suchen</translation>
-    </message>
-    <message>
-        <source>Setting</source>
-        <translation>Einstellung</translation>
-    </message>
-    <message>
-        <source>Value</source>
-        <translation>Wert</translation>
-    </message>
-    <message>
-        <source>There are no settings here.</source>
-        <translation>Hier sind keine Einstellungen.</translation>
-    </message>
-    <message>
-        <source>Puts all settings shown here back to their defaults</source>
-        <translation>Setzt alle hier gezeigten Einstellungen auf ihre Standards zurück</translation>
-    </message>
-    <message>
-        <source>Back to the default</source>
-        <translation>Zurück zum Standard</translation>
-    </message>
-    <message>
-        <source>%1: back to the default</source>
-        <translation>%1: zurück zum Standard</translation>
-    </message>
-    <message>
-        <source>“%1” is no value for %2.</source>
-        <translation>„%1“ ist kein Wert für %2.</translation>
-    </message>
-    <message>
-        <source>No setting has “%1” in its name.</source>
-        <translation>Keine Einstellung hat „%1“ im Namen.</translation>
     </message>
 </context>
 <context>

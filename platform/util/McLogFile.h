@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/MovaraPlatformExport.h"
+#include "platform/util/McLogLine.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 /// The program's log: a rotating file (three of 5 MB), and the standard error stream for warnings.
 /// Any thread. The file is "movara.log" in the folder named by MOVARA_LOG_DIR, else in the user's
@@ -12,6 +15,10 @@
 class MOVARA_PLATFORM_EXPORT McLogFile
 {
 public:
+    /// So many lines are kept in memory, of so many bytes each at most.
+    static constexpr std::size_t tailLines = 5000;
+    static constexpr std::size_t tailLineLength = 4096;
+
     McLogFile();
     ~McLogFile();
     McLogFile(const McLogFile &) = delete;
@@ -26,6 +33,9 @@ public:
 
     /// Full name of the file written to; empty when there is none.
     [[nodiscard]] std::string fileName() const;
+    /// The last lines, oldest first: those of the tailLines written last whose number is above
+    /// @p after. To follow the log, ask now and then for what came after the last line got.
+    [[nodiscard]] std::vector<McLogLine> tail(std::uint64_t after = 0) const;
     /// Forces out what is buffered.
     void flush();
 

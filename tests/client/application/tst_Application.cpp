@@ -1,8 +1,10 @@
 #include "client/application/HelpWindow.h"
 #include "client/application/PropertyBrowser.h"
+#include "client/application/PropertyEditor.h"
 #include "client/application/Translations.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/panels/ProgressLine.h"
+#include "client/panels/PropertiesPanel.h"
 #include "framework/dialogs/QxTimedWorkAreaControl.h"
 #include "framework/dialogs/QxWorkAreaControl.h"
 #include "platform/properties/KxPropertyPool.h"
@@ -123,6 +125,19 @@ private Q_SLOTS:
         QCOMPARE(shownRows(browser), QStringList());
         search->clear();
         QCOMPARE(shownRows(browser).size(), 8); // six settings in two groups
+    }
+
+    void laterSettingsComeToThePanel()
+    {
+        PropertiesPanel panel({QRegularExpression(u"^Late\\."_s)}, {});
+        panel.show();
+        QVERIFY(panel.findChildren<PropertyEditor *>().isEmpty());
+        panel.hide();
+        auto &late = KxPropertyPool::instance().property(
+            "Late.Switch", false, KxPropertyPool::instance().defaultSerializer());
+        panel.show();
+        panel.findChild<QCheckBox *>(u"Late.Switch"_s)->click();
+        QVERIFY(late.value());
     }
 
     void settingsAreChosenByPatterns()
