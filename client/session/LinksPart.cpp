@@ -48,11 +48,14 @@ void LinksPart::serialize(ExSessionData &session)
     const std::vector<WorkstationViewer *> viewers = m_workstation.viewers();
     for (const LinkType &type : LinkType::all()) {
         links.enabled.emplace(type.group, ExViewerDB::groupEnabled(type.group));
+        // Numbered as they come: the database counts on and on.
+        std::map<const ExViewerDBGroup *, std::string> names;
         for (std::size_t i = 0; i < viewers.size(); ++i) {
-            if (ExViewerDB::group(type.group, viewers[i]) != nullptr) {
-                links.memberships.push_back(
-                    {type.group, ExViewerDB::groupId(type.group, viewers[i]), static_cast<int>(i),
-                        ViewerLinks::isAttached(type.group, *viewers[i])});
+            if (const auto *const group = ExViewerDB::group(type.group, viewers[i])) {
+                const std::string &name
+                    = names.emplace(group, std::to_string(names.size())).first->second;
+                links.memberships.push_back({type.group, name, static_cast<int>(i),
+                    ViewerLinks::isAttached(type.group, *viewers[i])});
             }
         }
     }

@@ -1,6 +1,7 @@
 #include "client/session/SessionState.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <algorithm>
 #include <cmath>
@@ -125,7 +126,7 @@ public:
     /// Of two unit vectors.
     Reader &requireRightAngle(const McVec3d &a, const McVec3d &b)
     {
-        constexpr double slack = 1e-3;
+        constexpr double slack = 1e-6;
         const auto isUnit = [](const McVec3d &v) { return std::abs(v.length() - 1) <= slack; };
         return require(isUnit(a) && isUnit(b) && std::abs(a.dot(b)) <= slack);
     }

@@ -197,7 +197,7 @@ void SliceViewer::setView(const SliceView &view)
     m_zoom = std::clamp(view.zoom, smallestZoom, largestZoom);
     m_isFitting = view.isFitting;
     setSlice(isOblique ? view.slice : upright);
-    if (m_isFitting) {
+    if (m_isFitting && !isOblique) {
         m_zoom = fittingZoom(); // The viewer may have another size than it had.
     }
     notify(ExNotification::VIEWER_SUBTYPE_CHANGED);

@@ -135,7 +135,10 @@ void VolumeViewer::setView(const VolumeView &view)
     if (volume(0) == nullptr) {
         return;
     }
-    setView(view.viewDirection, view.up);
+    // As it was to the last digit: what has not changed is not to be saved anew.
+    m_viewDirection = view.viewDirection;
+    m_up = view.up;
+    changed(ExNotification::PERSPECTIVE_CHANGED);
     setWindow(view.window);
     setZoom(view.isFitting ? fittingZoom() : view.zoom);
     m_isFitting = view.isFitting;

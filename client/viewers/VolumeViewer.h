@@ -35,8 +35,8 @@ public:
 
     /// How the series is shown now.
     [[nodiscard]] VolumeView view() const;
-    /// Shows the series so again; ignored while there are no images. Notifies of each thing that
-    /// changes.
+    /// Shows the series so again; ignored while there are no images. The directions must be as
+    /// those of VolumeScene. Notifies of each thing that changes.
     void setView(const VolumeView &view);
 
     void renderFrame() override;

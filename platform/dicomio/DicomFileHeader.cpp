@@ -86,7 +86,8 @@ const std::vector<vtkDICOMTag> &otherTags()
 
 const vtkDICOMItem &wantedAttributes()
 {
-    static const vtkDICOMItem wanted = [] {
+    // One for each thread: the library counts the references to its items without a lock.
+    thread_local const vtkDICOMItem wanted = [] {
         vtkDICOMItem item;
         const auto add = [&item](vtkDICOMTag tag) {
             const vtkDICOMVR vr = vtkDICOMDictionary::FindDictEntry(tag).GetVR();
