@@ -17,6 +17,7 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QKeySequence>
 #include <QLineEdit>
@@ -239,7 +240,7 @@ private Q_SLOTS:
             floating.show();
         } else if (focus.contains(u'.')) {
             tool(qPrintable(focus)).setActive(true);
-            target = fixture.window().findChild<QDialog *>()->findChild<QPushButton *>();
+            target = fixture.window().findChild<QDialogButtonBox *>()->buttons().first();
         }
         target->window()->activateWindow();
         target->setFocus();
