@@ -101,9 +101,7 @@ ExEditor::ExEditor(QWidget *widget, const char *name)
 
 ExEditor::~ExEditor()
 {
-    if (d->region != nullptr) {
-        d->region->forget(*this);
-    }
+    resetEditorRegion();
     dockFloater(true);
 }
 

@@ -17,6 +17,7 @@ ExEditorContainer::ExEditorContainer(ExEditorRegion &region)
     bar->setAccessibleName(tr("Panels"));
     setTabBar(bar);
     setDocumentMode(true); // Panels have frames of their own.
+    bar->setDrawBase(false);
     setMovable(true);
     setUsesScrollButtons(true);
     setElideMode(Qt::ElideRight);
@@ -180,11 +181,10 @@ QSize ExEditorContainer::sizeHint() const
     return count() == 0 ? minimumSizeHint() : QTabWidget::sizeHint();
 }
 
-void ExEditorContainer::paintEvent(QPaintEvent *event)
+void ExEditorContainer::paintEvent(QPaintEvent * /*event*/)
 {
     if (count() > 0) {
-        QTabWidget::paintEvent(event);
-        return;
+        return; // The line that the toolkit draws beside the tabs stops short of the button.
     }
     using Role = QxStyleFactory::ColorRole;
     const QxStyleFactory &colors = QxStyleFactory::instance();

@@ -406,11 +406,6 @@ void ExEditorRegion::removeMember(ExEditor &editor)
     takeOut(editor);
 }
 
-void ExEditorRegion::forget(ExEditor &editor)
-{
-    editor.resetEditorRegion();
-}
-
 void ExEditorRegion::widgetLeft(ExEditor &editor, ExEditorContainer &container)
 {
     if (d->isEnding) {

@@ -119,7 +119,6 @@ private:
     // What editors and their tabs tell.
     void addMember(ExEditor &editor);
     void removeMember(ExEditor &editor);
-    void forget(ExEditor &editor);
     void widgetLeft(ExEditor &editor, ExEditorContainer &container);
     void showOptions(int subRegion, const QPoint &position);
 
