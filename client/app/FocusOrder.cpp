@@ -5,13 +5,16 @@
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/monitors/ExMonitorManager.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 #include <QMainWindow>
 #include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -39,6 +42,9 @@ FocusOrder::FocusOrder(QWidget &list, Workstation &workstation)
     , m_layoutWatch(new NotificationWatch(
           {ExNotification::VIEWER_LAYOUT_CHANGED, ExNotification::MONITOR_CONFIGURATION_CHANGED},
           [this](const ExNotification & /*notification*/) { arrange(); }))
+    , m_windowWatch(new NotificationWatch(
+          {ExNotification::SCREEN_RECONFIGURED, ExNotification::MONITOR_CONFIGURATION_CHANGED},
+          [this](const ExNotification & /*notification*/) { giveToViewerLater(); }))
 { }
 
 void FocusOrder::addWindow(ExMonitorWidget &window)
@@ -48,7 +54,41 @@ void FocusOrder::addWindow(ExMonitorWidget &window)
     }
     addKey(window, Qt::Key_F6, 1);
     addKey(window, Qt::SHIFT | Qt::Key_F6, -1);
+    window.installEventFilter(this);
     arrange();
+}
+
+bool FocusOrder::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    if (event->type() == QEvent::Show) {
+        giveToViewerLater();
+    }
+    return false;
+}
+
+void FocusOrder::giveToViewerLater()
+{
+    if (!std::exchange(m_isToGive, true)) {
+        QMetaObject::invokeMethod(
+            this, [this] { giveToViewer(); }, Qt::QueuedConnection);
+    }
+}
+
+void FocusOrder::giveToViewer()
+{
+    m_isToGive = false;
+    const WorkstationViewer *const viewer = m_workstation.activeViewer();
+    for (QWidget *target :
+        {viewer == nullptr ? nullptr : static_cast<QWidget *>(viewer->widget()), &m_list}) {
+        if (!canTakeFocus(target)) {
+            continue;
+        }
+        // Of its window, whether that has the keyboard now or gets it when it is activated.
+        const QWidget *const focused = target->window()->focusWidget();
+        if (!canTakeFocus(focused) || qobject_cast<const QAbstractButton *>(focused) != nullptr) {
+            target->setFocus(Qt::OtherFocusReason);
+        }
+    }
 }
 
 void FocusOrder::addKey(QWidget &window, const QKeySequence &key, int step)

@@ -15,7 +15,9 @@ class Workstation;
 /// Leads the keyboard focus through the windows. In each of them Tab goes from the list of studies
 /// through the viewers, in the order of the layout, to the buttons of the tool bars; F6 and
 /// Shift+F6 go from one of these areas to the next, in whatever window that is. A click on a button
-/// leaves the focus where it is. GUI thread only.
+/// leaves the focus where it is. When windows have been shown or arranged anew the active viewer
+/// has it, in a window without it the list, unless something to type into or choose from does. GUI
+/// thread only.
 class FocusOrder final : public QObject
 {
 public:
@@ -25,12 +27,18 @@ public:
     /// Has the keys work in a window.
     void addWindow(ExMonitorWidget &window);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     /// Viewers come and go with the layouts, windows with the monitors.
     void arrange();
     void arrangeIn(const QWidget &window);
     void addKey(QWidget &window, const QKeySequence &key, int step);
     void moveToArea(int step);
+    /// Once all that is under way with the windows is done.
+    void giveToViewerLater();
+    void giveToViewer();
     /// Which of the areas has the focus, or -1.
     [[nodiscard]] int currentArea() const;
     /// What takes the focus in each area; null where nothing can.
@@ -40,5 +48,7 @@ private:
 
     QWidget &m_list;
     Workstation &m_workstation;
+    bool m_isToGive = false;
     McHandle<ExNotifiable> m_layoutWatch;
+    McHandle<ExNotifiable> m_windowWatch;
 };

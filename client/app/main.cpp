@@ -3,6 +3,7 @@
 #include "client/app/Plugins.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
+#include "client/app/StartBenchmark.h"
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
@@ -84,16 +85,20 @@ int runWindow(const CommandLine &command)
     desktop.setRemembering(!isRun && !command.size.isValid());
     session.workstation().layouts().applyToAll(*LayoutTable::find(command.layout));
     session.workstation().gate().setUnattended(isRun);
+    std::unique_ptr<QObject> run;
+    const bool isStartOnly = command.benchmark == QLatin1String("start");
+    if (isStartOnly) {
+        run = std::make_unique<StartBenchmark>(*desktop.viewersWindow());
+    }
     desktop.show();
     if (command.screenshot.isEmpty()) {
         Plugins::tell(refused);
     }
     WorkstationSessions sessions(session.workstation());
     tellOfSessions(sessions, !isRun);
-    std::unique_ptr<QObject> run;
-    if (!command.benchmark.isEmpty()) {
+    if (command.benchmark == QLatin1String("scroll")) {
         run = std::make_unique<ScrollBenchmark>(session, command.paths);
-    } else {
+    } else if (!isStartOnly) {
         openFirst(session, sessions, command, !isRun);
         if (!command.screenshot.isEmpty()) {
             run = std::make_unique<ScreenshotRun>(session, command.screenshot);

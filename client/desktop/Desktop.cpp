@@ -6,6 +6,7 @@
 #include "framework/monitors/ExMonitorManager.h"
 
 #include <QCoreApplication>
+#include <QToolBar>
 
 namespace {
 
@@ -101,6 +102,11 @@ void Desktop::show()
 void Desktop::setToolBars(const QList<ExMonitorWidget::ToolBar> &toolBars)
 {
     manager().setToolBars(&m_viewers, toolBars);
+    for (const ExMonitorWidget::ToolBar &entry : toolBars) {
+        if (entry.toolBar() != nullptr) {
+            m_toolBarLines.addToolBar(*entry.toolBar());
+        }
+    }
 }
 
 void Desktop::startWithSize(const QSize &size)
@@ -153,6 +159,7 @@ void Desktop::saveToolBarStates()
             manager().toggleToolBars(window);
         }
     }
+    m_toolBarLines.undo();
     manager().saveOrRestoreToolBarStates(true);
 }
 
@@ -230,6 +237,7 @@ void Desktop::adoptWindow(ExMonitorWidget &window)
 {
     connect(&window, &ExMonitorWidget::widgetMoved, &m_write, qOverload<>(&QTimer::start));
     connect(&window, &ExMonitorWidget::widgetResized, &m_write, qOverload<>(&QTimer::start));
+    m_toolBarLines.addWindow(window);
     Q_EMIT windowAdded(&window);
 }
 

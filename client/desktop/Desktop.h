@@ -3,6 +3,7 @@
 #include "client/desktop/Placement.h"
 #include "client/desktop/StudiesContent.h"
 #include "client/desktop/ViewersContent.h"
+#include "client/toolbars/ToolBarLines.h"
 #include "framework/monitors/ExMonitorWidget.h"
 #include "framework/notification/ExNotifiable.h"
 #include "platform/util/McHandle.h"
@@ -69,6 +70,7 @@ private:
     QPointer<QWidget> m_panel;
     ViewersContent m_viewers;
     StudiesContent m_studies;
+    ToolBarLines m_toolBarLines;
     QString m_title;
     QSize m_size;
     bool m_isRemembering = true;

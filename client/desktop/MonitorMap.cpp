@@ -79,10 +79,6 @@ QCheckBox *MonitorMap::addBox(const QString &text, const QString &toolTip)
     auto *const box = new QCheckBox(text, this);
     box->setToolTip(toolTip);
     box->setAccessibleName(toolTip);
-    // The style takes the outline from it, which would be darker than the ground.
-    QPalette colors = palette();
-    colors.setColor(QPalette::Window, colors.color(QPalette::PlaceholderText));
-    box->setPalette(colors);
     box->setVisible(true);
     return box;
 }

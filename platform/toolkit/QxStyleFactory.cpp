@@ -8,9 +8,11 @@
 #include <QProxyStyle>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -81,8 +83,9 @@ constexpr QxNamedColorRole namedColors[] = {
     {"HALDO_BackViolet", Role::Raised},
 };
 
-/// Fusion with list entries high enough to be hit. Not in the style sheet: views that are laid out
-/// before they are polished would keep the lower height.
+/// Fusion with list entries high enough to be hit, and with boxes to check whose outline is seen.
+/// Not in the style sheet: views that are laid out before they are polished would keep the lower
+/// height, and boxes with a rule would lose their marks.
 class WidgetStyle final : public QProxyStyle
 {
 public:
@@ -95,6 +98,36 @@ public:
         constexpr int leastHeight = 24;
         const QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
         return type == CT_ItemViewItem ? result.expandedTo(QSize(0, leastHeight)) : result;
+    }
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+        const QWidget *widget) const override
+    {
+        constexpr PrimitiveElement boxes[]
+            = {PE_IndicatorCheckBox, PE_IndicatorRadioButton, PE_IndicatorItemViewItemCheck};
+        const auto *const button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        const auto *const item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
+        const bool isBox
+            = std::find(std::begin(boxes), std::end(boxes), element) != std::end(boxes);
+        if (isBox && button != nullptr) {
+            drawOutlined(element, *button, painter, widget);
+        } else if (isBox && item != nullptr) {
+            drawOutlined(element, *item, painter, widget);
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+private:
+    /// Fusion takes the outline from the ground and makes it darker.
+    template <class Option>
+    void drawOutlined(
+        PrimitiveElement element, Option option, QPainter *painter, const QWidget *widget) const
+    {
+        const QPalette::ColorGroup group
+            = (option.state & State_Enabled) ? QPalette::Normal : QPalette::Disabled;
+        option.palette.setColor(
+            QPalette::Window, option.palette.color(group, QPalette::PlaceholderText));
+        QProxyStyle::drawPrimitive(element, &option, painter, widget);
     }
 };
 

@@ -10,13 +10,16 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/Rows.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -183,6 +186,47 @@ private Q_SLOTS:
         QVERIFY(fixture.window().isFullScreen() && isBeside());
         ExTool::getToolByDecorationKey("Window.FullScreen", true)->setActive(false);
         QVERIFY(!fixture.window().isFullScreen() && isBeside());
+    }
+
+    void toolBarsThatDoNotFit()
+    {
+        const auto areBeside = [] { return bar(u"View"_s)->y() == bar(u"Mouse"_s)->y(); };
+        {
+            WindowFixture fixture;
+            fixture.window().resize(1500, 900);
+            QTRY_VERIFY(areBeside());
+            fixture.window().resize(1000, 900);
+            QTRY_VERIFY(!areBeside());
+            QTRY_VERIFY(bar(u"Mouse"_s)->width() >= bar(u"Mouse"_s)->sizeHint().width());
+        }
+        WindowFixture fixture; // The line was not the user's.
+        fixture.window().resize(1500, 900);
+        QTRY_VERIFY(areBeside());
+        fixture.window().mainWindow()->insertToolBarBreak(bar(u"Mouse"_s));
+        fixture.window().resize(1000, 900);
+        fixture.window().resize(1500, 900);
+        QCoreApplication::processEvents();
+        QVERIFY(!areBeside());
+    }
+
+    void keyboardIsWithTheViewers()
+    {
+        WindowFixture fixture;
+        const QWidget *const viewer = fixture.workstation().activeViewer()->widget();
+        QTRY_COMPARE(QApplication::focusWidget(), viewer);
+        ExTool *const fullScreen = ExTool::getToolByDecorationKey("Window.FullScreen", true);
+        for (const bool on : {true, false}) {
+            fixture.window().findChild<QToolButton *>()->setFocus();
+            fullScreen->setActive(on);
+            QTRY_COMPARE(QApplication::focusWidget(), viewer);
+        }
+        // Not taken from where the user types.
+        QLineEdit field(fixture.window().mainWindow());
+        field.show();
+        field.setFocus();
+        fullScreen->setActive(true);
+        QCoreApplication::processEvents();
+        QTRY_COMPARE(QApplication::focusWidget(), &field);
     }
 
     void chosenInTheDialog()

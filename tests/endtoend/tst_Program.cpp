@@ -58,7 +58,7 @@ private Q_SLOTS:
         row("--layout 9x9", 2, "Known layouts: 1x1, 2x2, 1+3.");
         row("--size huge", 2, "like 1600x1000");
         row("--size 100x100", 2, "at least 200");
-        row("--benchmark speed", 2, "Known benchmarks: scroll.");
+        row("--benchmark speed", 2, "Known benchmarks: scroll, start.");
         row("--colour red", 2, "colour");
         row("--session a b", 2, "give it or folders");
     }
