@@ -150,9 +150,6 @@ StudyTree::StudyTree(QWidget *parent)
     setIndentation(12);
     setIconSize({firstThumbnail, firstThumbnail});
     setAccessibleName(tr("Studies"));
-    updateColors();
-    connect(&QxStyleFactory::instance(), &QxStyleFactory::paletteChanged, this,
-        &StudyTree::updateColors);
     connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem *item) {
         if (!uidOf(*item).isEmpty()) {
             Q_EMIT openRequested(uidOf(*item));
@@ -162,17 +159,19 @@ StudyTree::StudyTree(QWidget *parent)
 
 StudyTree::~StudyTree() = default;
 
-void StudyTree::updateColors()
+void StudyTree::drawRow(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    // Rows are high: selected ones in the bright accent would outshine the images.
+    // Rows are high: selected ones in the bright accent would outshine the images. Not in the
+    // view's palette, which the style sheet brings back as it was whenever the view is moved.
     using Role = QxStyleFactory::ColorRole;
     constexpr float partOfAccent = 0.3F;
     const QxStyleFactory &style = QxStyleFactory::instance();
-    QPalette colors;
-    colors.setColor(QPalette::Highlight,
+    QStyleOptionViewItem calm = option;
+    calm.palette.setColor(QPalette::Highlight,
         mixed(style.color(Role::Panel), style.color(Role::Accent), partOfAccent));
-    colors.setColor(QPalette::HighlightedText, style.color(Role::Text));
-    setPalette(colors);
+    calm.palette.setColor(QPalette::HighlightedText, style.color(Role::Text));
+    QTreeWidget::drawRow(painter, calm, index);
 }
 
 void StudyTree::setPatients(const McDArray<McHandle<Entry>> &patients)

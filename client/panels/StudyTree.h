@@ -56,6 +56,8 @@ Q_SIGNALS:
     void openRequested(const QString &uid);
 
 protected:
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override;
     QMimeData *mimeData(const QList<QTreeWidgetItem *> &items) const override;
     void paintEvent(QPaintEvent *event) override;
 
@@ -64,7 +66,6 @@ private:
 
     void addEntry(QTreeWidgetItem &parent, const McHandle<Entry> &entry);
     [[nodiscard]] QList<QTreeWidgetItem *> selectedRows() const;
-    void updateColors();
     void applyFilter();
     bool showFound(QTreeWidgetItem &parent, const QStringList &words);
     void showAll(QTreeWidgetItem &parent);

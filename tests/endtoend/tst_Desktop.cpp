@@ -10,7 +10,6 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/Rows.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -213,12 +212,12 @@ private Q_SLOTS:
     {
         WindowFixture fixture;
         const QWidget *const viewer = fixture.workstation().activeViewer()->widget();
-        QTRY_COMPARE(QApplication::focusWidget(), viewer);
+        QTRY_COMPARE(fixture.window().focusWidget(), viewer);
         ExTool *const fullScreen = ExTool::getToolByDecorationKey("Window.FullScreen", true);
         for (const bool on : {true, false}) {
             fixture.window().findChild<QToolButton *>()->setFocus();
             fullScreen->setActive(on);
-            QTRY_COMPARE(QApplication::focusWidget(), viewer);
+            QTRY_COMPARE(fixture.window().focusWidget(), viewer);
         }
         // Not taken from where the user types.
         QLineEdit field(fixture.window().mainWindow());
@@ -226,7 +225,7 @@ private Q_SLOTS:
         field.setFocus();
         fullScreen->setActive(true);
         QCoreApplication::processEvents();
-        QTRY_COMPARE(QApplication::focusWidget(), &field);
+        QTRY_COMPARE(fixture.window().focusWidget(), &field);
     }
 
     void chosenInTheDialog()
