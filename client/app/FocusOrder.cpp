@@ -36,7 +36,7 @@ QList<QToolBar *> toolBars()
 
 } // namespace
 
-FocusOrder::FocusOrder(QWidget &list, Workstation &workstation)
+FocusOrder::FocusOrder(QWidget *list, Workstation &workstation)
     : m_list(list)
     , m_workstation(workstation)
     , m_layoutWatch(new NotificationWatch(
@@ -106,13 +106,15 @@ void FocusOrder::arrange()
 
 void FocusOrder::arrangeIn(const QWidget &window)
 {
-    std::vector<QWidget *> order{&m_list};
+    std::vector<QWidget *> order{m_list};
     for (const WorkstationViewer *viewer : m_workstation.viewers()) {
         order.push_back(viewer->widget());
     }
     const std::vector<QWidget *> last = buttons();
     order.insert(order.end(), last.begin(), last.end());
-    std::erase_if(order, [&window](const QWidget *widget) { return widget->window() != &window; });
+    std::erase_if(order, [&window](const QWidget *widget) {
+        return widget == nullptr || widget->window() != &window;
+    });
     for (std::size_t i = 1; i < order.size(); ++i) {
         QWidget::setTabOrder(order[i - 1], order[i]);
     }
@@ -141,7 +143,7 @@ int FocusOrder::currentArea() const
         return -1;
     }
     const bool isInBar = qobject_cast<const QToolBar *>(focused->parentWidget()) != nullptr;
-    return focused == &m_list                                          ? 0
+    return focused == m_list                                           ? 0
         : qobject_cast<const ViewerRenderWidget *>(focused) != nullptr ? 1
         : isInBar                                                      ? 2
                                                                        : -1;
@@ -152,7 +154,7 @@ std::vector<QWidget *> FocusOrder::areas() const
     const WorkstationViewer *const viewer = m_workstation.activeViewer();
     const std::vector<QWidget *> all = buttons();
     const auto button = std::find_if(all.begin(), all.end(), &canTakeFocus);
-    return {&m_list, viewer == nullptr ? nullptr : viewer->widget(),
+    return {m_list, viewer == nullptr ? nullptr : viewer->widget(),
         button == all.end() ? nullptr : *button};
 }
 

@@ -5,6 +5,7 @@
 
 #include <QKeySequence>
 #include <QObject>
+#include <QPointer>
 
 #include <vector>
 
@@ -21,18 +22,19 @@ class Workstation;
 class FocusOrder final : public QObject
 {
 public:
-    /// What it is given must outlive it.
-    FocusOrder(QWidget &list, Workstation &workstation);
+    /// @param list of studies; null when there is none. @param workstation must outlive it.
+    FocusOrder(QWidget *list, Workstation &workstation);
 
     /// Has the keys work in a window.
     void addWindow(ExMonitorWidget &window);
+    /// Viewers come and go with the layouts, windows with the monitors, and the list is moved from
+    /// one place to another.
+    void arrange();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Viewers come and go with the layouts, windows with the monitors.
-    void arrange();
     void arrangeIn(const QWidget &window);
     void addKey(QWidget &window, const QKeySequence &key, int step);
     void moveToArea(int step);
@@ -46,7 +48,7 @@ private:
     /// Of the tool bars of all windows.
     [[nodiscard]] std::vector<QWidget *> buttons() const;
 
-    QWidget &m_list;
+    QPointer<QWidget> m_list;
     Workstation &m_workstation;
     bool m_isToGive = false;
     McHandle<ExNotifiable> m_layoutWatch;

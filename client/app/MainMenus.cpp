@@ -39,7 +39,9 @@ const std::vector<MenuRow> &menus()
             {"Link.Attach", separator, "Link.Scrolling", "Link.Zoom", "Link.Pan", "Link.Window",
                 "Link.Phase", "Link.Rotation"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Window"),
-            {"Window.FullScreen", "View.ShowToolBars", separator, "Window.Monitors"}},
+            {"Window.FullScreen", "View.ShowToolBars", separator, "Panel.Studies",
+                "Panel.Measurements", "Panel.Links", "Panel.Properties", "Panel.Log", "Panel.Reset",
+                separator, "Window.Monitors"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Help"),
             {"Help.Manual", "Help.ShortCuts", separator, "Help.About"}},
     };

@@ -6,13 +6,15 @@
 #include "client/app/ViewerMenu.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
+#include "client/editors/PanelEditors.h"
+#include "client/editors/PanelPlaces.h"
 #include "client/layout/ViewerArea.h"
 #include "client/loading/SampleMaker.h"
-#include "client/loading/ThumbnailMaker.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/ProgressLine.h"
 #include "client/panels/StatusLine.h"
 #include "client/panels/StatusText.h"
+#include "client/panels/StudyPanel.h"
 #include "client/panels/StudyTree.h"
 #include "client/session/WorkstationSessions.h"
 #include "client/toolbars/ToolBars.h"
@@ -26,30 +28,38 @@
 #include <QMenu>
 #include <QMessageBox>
 
+#include <algorithm>
+
 WorkSession::WorkSession()
-    : m_tree(new StudyTree)
-    , m_status(new StatusLine)
-    , m_thumbnails(new ThumbnailMaker(this))
-    , m_desktop(std::make_unique<Desktop>(m_tree))
+    : m_status(new StatusLine)
+    , m_desktop(std::make_unique<Desktop>())
     , m_workstation(
           std::make_unique<Workstation>([](WorkstationViewer &viewer, const QPoint &position) {
               makeViewerMenu(viewer)->popup(position);
           }))
     , m_toolBars(std::make_unique<ToolBars>())
-    , m_focusOrder(std::make_unique<FocusOrder>(*m_tree, *m_workstation))
 {
     WorkstationApplication::instance().setWorkSession(this);
     WorkstationApplication::instance().setProgressInterface(&m_status->progress());
+    m_editors = std::make_unique<PanelEditors>(*this);
+    m_studies = PanelEditors::studies();
+    m_focusOrder = std::make_unique<FocusOrder>(
+        m_studies == nullptr ? nullptr : &m_studies->tree(), *m_workstation);
     connectSession();
     connectDesktop();
+    m_panels = std::make_unique<PanelPlaces>(*m_desktop);
+    connect(m_panels.get(), &PanelPlaces::changed, this, [this] {
+        m_focusOrder->arrange();
+        WorkstationApplication::instance().refreshTools();
+    });
     m_desktop->setToolBars(m_toolBars->entries());
     m_desktop->arrange();
     m_desktop->viewersWindow()->mainWindow()->setStatusBar(m_status);
     clearFound();
     m_activeWatch = new NotificationWatch(
         {ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::VIEWER_VOLUME_CHANGED},
-        [this](const ExNotification &) { markShownSeries(); });
-    markShownSeries();
+        [this](const ExNotification &) { updateTitle(); });
+    updateTitle();
 }
 
 WorkSession::~WorkSession()
@@ -59,6 +69,8 @@ WorkSession::~WorkSession()
     application.setWorkSession(nullptr);
     m_activeWatch.reset();
     m_focusOrder.reset();
+    m_panels.reset();
+    m_editors.reset(); // Panels look at viewers and studies.
     m_workstation.reset(); // Its viewers' widgets are children of the areas.
     m_desktop.reset();
 }
@@ -104,13 +116,10 @@ void WorkSession::connectSession()
     connect(&session, &StudySession::busyChanged, this, &WorkSession::showBusy);
     connect(&session, &StudySession::progressChanged, &progress, &ProgressLine::setProgress);
     connect(&progress, &ProgressLine::cancelRequested, this, &WorkSession::cancel);
-    connect(m_tree, &StudyTree::openRequested, this,
-        [this](const QString &uid) { m_workstation->openInAll(uid.toStdString()); });
     connect(&m_workstation->gate(), &LoadGate::patientClosed, this,
         [this](const QString &name) { showMessage(tr("Closed: %1").arg(name)); });
     connect(&m_workstation->measurements(), &MeasurementList::changed, this,
         [] { WorkstationApplication::instance().refreshTools(); });
-    connect(m_thumbnails, &ThumbnailMaker::made, m_tree, &StudyTree::setThumbnail);
 }
 
 void WorkSession::quit()
@@ -129,8 +138,43 @@ void WorkSession::open(const QStringList &paths)
 {
     m_openProblem.clear();
     m_workstation->session().open(paths);
-    m_tree->setEmptyText(tr("Looking for DICOM files…"));
+    setEmptyText(tr("Looking for DICOM files…"));
     m_status->text().showText(tr("Opening %1").arg(paths.join(QStringLiteral(", "))));
+}
+
+void WorkSession::openSelection(const QStringList &uids)
+{
+    if (uids.size() == 1) {
+        m_workstation->openInAll(uids.first().toStdString());
+        return;
+    }
+    const std::vector<WorkstationViewer *> viewers = m_workstation->viewers();
+    const auto numShown = std::min(viewers.size(), static_cast<std::size_t>(uids.size()));
+    std::vector<Workstation::Opening> openings;
+    for (std::size_t i = 0; i < numShown; ++i) {
+        openings.push_back({viewers[i], uids[static_cast<qsizetype>(i)].toStdString()});
+    }
+    m_workstation->open(openings);
+    if (static_cast<qsizetype>(numShown) < uids.size()) {
+        showMessage(
+            tr("There are viewers for %1 of the %2 chosen series.").arg(numShown).arg(uids.size()));
+    }
+}
+
+void WorkSession::closeSeries(const QStringList &uids)
+{
+    std::vector<std::string> closed;
+    for (const QString &uid : uids) {
+        closed.push_back(uid.toStdString());
+    }
+    m_workstation->close(closed);
+}
+
+void WorkSession::setEmptyText(const QString &text)
+{
+    if (m_studies != nullptr) {
+        m_studies->setEmptyText(text);
+    }
 }
 
 void WorkSession::openSample()
@@ -141,7 +185,7 @@ void WorkSession::openSample()
         m_status->progress().setProgress(percent, whole, tr("Making the sample study"));
     });
     connect(m_sample, &SampleMaker::finished, this, &WorkSession::sampleFinished);
-    m_tree->setEmptyText(tr("Making the sample study…"));
+    setEmptyText(tr("Making the sample study…"));
     showBusy(true);
     m_sample->start();
 }
@@ -171,7 +215,7 @@ void WorkSession::setProblem(const QString &problem)
 {
     m_openProblem = problem;
     m_status->text().showWarning(problem);
-    m_tree->setEmptyText(problem);
+    setEmptyText(problem);
 }
 
 bool WorkSession::setLayoutByName(const QString &name)
@@ -217,10 +261,8 @@ QString WorkSession::emptyText(const DicomScanner::Result &result)
 void WorkSession::showFound()
 {
     const DicomScanner::Result &found = m_workstation->session().found();
-    m_tree->setPatients(found.patients);
     m_status->problems().setProblems(found.problems, found.wasCancelled);
     const auto largest = m_workstation->session().largestSeries();
-    m_wantsThumbnails = true;
     if (largest) {
         const QString looked = tr("Files looked at: %1").arg(found.numFiles);
         if (found.wasCancelled) {
@@ -248,42 +290,27 @@ void WorkSession::showBusy(bool busy)
     m_status->progress().setVisible(busy);
     if (busy) {
         m_status->progress().setProgress(0, 0, tr("Opening"));
-    } else {
-        startThumbnails();
-    }
-}
-
-void WorkSession::startThumbnails()
-{
-    // Only now, so that they do not hold up the images that the user waits for.
-    if (m_wantsThumbnails) {
-        m_wantsThumbnails = false;
-        m_thumbnails->start(m_workstation->session().imageSeries());
     }
 }
 
 bool WorkSession::isSettled() const
 {
-    return m_sample == nullptr && !m_thumbnails->isRunning() && m_workstation->isSettled();
+    return m_sample == nullptr && (m_studies == nullptr || m_studies->isSettled())
+        && m_workstation->isSettled();
 }
 
 void WorkSession::clearFound()
 {
     m_openProblem.clear();
-    m_thumbnails->stop();
-    m_wantsThumbnails = false;
-    m_tree->setPatients({});
-    m_tree->setEmptyText(
-        tr("No studies are open.\n\nOpen a folder with File > Open folder, or drop one here."));
+    setEmptyText({});
     m_status->problems().setProblems({}, false);
     m_status->text().showText({});
 }
 
-void WorkSession::markShownSeries()
+void WorkSession::updateTitle()
 {
     const WorkstationViewer *const viewer = m_workstation->activeViewer();
     const bool hasSeries = viewer != nullptr && viewer->series() != nullptr;
-    m_tree->markShown(hasSeries ? QString::fromStdString(viewer->series()->uid()) : QString());
     m_desktop->setTitle(
         hasSeries ? tr("%1 – Movara").arg(viewer->series()->info().patientName) : tr("Movara"));
 }

@@ -10,10 +10,11 @@
 class Desktop;
 class ExMonitorWidget;
 class FocusOrder;
+class PanelEditors;
+class PanelPlaces;
 class SampleMaker;
 class StatusLine;
-class StudyTree;
-class ThumbnailMaker;
+class StudyPanel;
 class ToolBars;
 class ViewerArea;
 
@@ -31,9 +32,15 @@ public:
 
     [[nodiscard]] Workstation &workstation() { return *m_workstation; }
     [[nodiscard]] Desktop &desktop() { return *m_desktop; }
+    [[nodiscard]] PanelPlaces &panels() { return *m_panels; }
     /// Opens folders or files; the largest series found is shown in all viewers. What is open stays
     /// when there are no images.
     void open(const QStringList &paths);
+    /// Opens series or volumes that were chosen together: one in all viewers, of several each in a
+    /// viewer of its own as far as there are viewers. Asks the user once for all of them, if at
+    /// all.
+    void openSelection(const QStringList &uids);
+    void closeSeries(const QStringList &uids);
     /// Opens the sample study, which is made first when it is not there yet.
     void openSample();
     /// Lets the user choose a folder and opens it.
@@ -64,23 +71,24 @@ private:
     /// Why a scan that has found no images has not.
     [[nodiscard]] static QString emptyText(const DicomScanner::Result &result);
     void tellNothingFound(const DicomScanner::Result &result);
-    void startThumbnails();
     void showBusy(bool busy);
     void sampleFinished(const QString &problem);
     void cancel();
     void setProblem(const QString &problem);
     void clearFound();
-    void markShownSeries();
+    /// What the list of studies tells while it is empty.
+    void setEmptyText(const QString &text);
+    void updateTitle();
 
-    StudyTree *m_tree; ///< the desktop's
     StatusLine *m_status; ///< of the window with the viewers
     SampleMaker *m_sample = nullptr; ///< while it works
-    ThumbnailMaker *m_thumbnails;
     QString m_openProblem;
-    bool m_wantsThumbnails = false;
     std::unique_ptr<Desktop> m_desktop;
     std::unique_ptr<Workstation> m_workstation;
     std::unique_ptr<ToolBars> m_toolBars;
+    std::unique_ptr<PanelEditors> m_editors;
+    std::unique_ptr<PanelPlaces> m_panels;
+    QPointer<StudyPanel> m_studies; ///< null when the user has no right to it
     std::unique_ptr<FocusOrder> m_focusOrder;
     McHandle<ExNotifiable> m_activeWatch;
 };

@@ -11,6 +11,7 @@
 #include "framework/monitors/ExMonitorManager.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
+#include "framework/editors/ExEditor.h"
 #include "framework/tools/ExTool.h"
 
 #include <QCoreApplication>
@@ -55,6 +56,7 @@ void runStartUpCallbacks()
 {
     static const bool haveRun = [] {
         ExTool::doInitCallbacks();
+        ExEditor::doInitCallbacks();
         return true;
     }();
     Q_UNUSED(haveRun)

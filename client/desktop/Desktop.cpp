@@ -16,7 +16,6 @@ constexpr const char *viewersName = "viewers";
 constexpr const char *studiesName = "studies";
 /// Of a window that has no place of its own yet, of its monitor.
 constexpr int usualPercent = 88;
-constexpr int panelWidth = 272;
 constexpr int writeMilliseconds = 500;
 
 ExMonitorManager &manager()
@@ -55,13 +54,16 @@ Record movedTo(Record record, const QList<int> &monitors)
 
 } // namespace
 
-Desktop::Desktop(QWidget *studies)
-    : m_panel(studies)
-    , m_viewers([this](ViewerPage &page, int monitor) { furnish(page, monitor); })
-    , m_studies(*studies, m_viewers)
+Desktop::Desktop()
+    : m_region(new ExEditorRegion(Qt::Vertical, 2))
+    , m_studies(*m_region, m_viewers)
     , m_watch(new NotificationWatch({ExNotification::MONITOR_CONFIGURATION_CHANGED},
           [this](const ExNotification & /*notification*/) { monitorsChanged(); }))
 {
+    m_region->setObjectName(QStringLiteral("OwnWindow"));
+    m_region->setWindowTitle(tr("Window of the studies"));
+    m_region->setSubRegionTitle(0, tr("Upper part"));
+    m_region->setSubRegionTitle(1, tr("Lower part"));
     registerContents({&m_viewers, &m_studies});
     connect(&m_viewers, &ViewersContent::areasChanged, this, &Desktop::areasChanged);
     m_write.setSingleShot(true);
@@ -78,7 +80,7 @@ Desktop::~Desktop()
     manager().removeContent(&m_studies);
     manager().removeContent(&m_viewers);
     qDeleteAll(manager().monitorWidgets());
-    delete m_panel;
+    delete m_region;
     registerContents({});
 }
 
@@ -214,11 +216,13 @@ void Desktop::setTitle(const QString &title)
     }
 }
 
-void Desktop::furnish(ViewerPage &page, int monitor)
+ViewerPage *Desktop::studiesPage()
 {
-    if (m_panel != nullptr && m_studies.isBesideViewers(monitor)) {
-        page.addPanel(*m_panel, ViewerPage::Place::Left, panelWidth);
+    if (!m_studies.isWithViewers()) {
+        return nullptr;
     }
+    ViewerPage *const page = m_viewers.pageOn(manager().occupiedMonitors(&m_studies).value(0, -1));
+    return page == nullptr ? pages().value(0) : page;
 }
 
 void Desktop::adopt()
@@ -231,6 +235,7 @@ void Desktop::adopt()
     }
     setTitle(m_title);
     m_write.start();
+    Q_EMIT arranged();
 }
 
 void Desktop::adoptWindow(ExMonitorWidget &window)

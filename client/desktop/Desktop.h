@@ -4,6 +4,7 @@
 #include "client/desktop/StudiesContent.h"
 #include "client/desktop/ViewersContent.h"
 #include "client/toolbars/ToolBarLines.h"
+#include "framework/editors/ExEditorRegion.h"
 #include "framework/monitors/ExMonitorWidget.h"
 #include "framework/notification/ExNotifiable.h"
 #include "platform/util/McHandle.h"
@@ -21,8 +22,7 @@ class Desktop final : public QObject
     Q_OBJECT
 
 public:
-    /// @param studies the list of studies, which is owned from now on.
-    explicit Desktop(QWidget *studies);
+    Desktop();
     /// Keeps the places, then closes the windows.
     ~Desktop() override;
 
@@ -37,6 +37,7 @@ public:
     void startWithSize(const QSize &size);
     /// Whether places are kept for the next start; they are at first.
     void setRemembering(bool remembering) { m_isRemembering = remembering; }
+    [[nodiscard]] bool isRemembering() const { return m_isRemembering; }
 
     [[nodiscard]] Placement placement();
     /// Moves the contents; one that has no problem on the present monitors. Viewers on several
@@ -44,6 +45,13 @@ public:
     void place(const Placement &placement);
 
     [[nodiscard]] QList<ViewerArea *> areas() const { return m_viewers.areas(); }
+    /// Those with the areas.
+    [[nodiscard]] QList<ViewerPage *> pages() const { return m_viewers.pages(); }
+    /// The page beside whose viewers the studies stand; null when they have a window of their own.
+    [[nodiscard]] ViewerPage *studiesPage();
+    /// The place for panels that fills the studies' own window; without a window while the studies
+    /// stand beside viewers.
+    [[nodiscard]] ExEditorRegion &studiesRegion() { return *m_region; }
     /// The window with the viewers, or the first part of it; null before arrange().
     [[nodiscard]] ExMonitorWidget *viewersWindow();
     /// All windows that show something, that with the viewers first.
@@ -54,6 +62,8 @@ public:
 Q_SIGNALS:
     /// Areas that are not among these any longer are destroyed after it.
     void areasChanged(const QList<ViewerArea *> &areas);
+    /// The contents have been placed, or placed anew.
+    void arranged();
     /// There is a window that there was not before.
     void windowAdded(ExMonitorWidget *window);
 
@@ -61,13 +71,12 @@ private:
     void readRecords();
     void writeRecords();
     void saveToolBarStates();
-    void furnish(ViewerPage &page, int monitor);
     /// After windows have got other contents.
     void adopt();
     void adoptWindow(ExMonitorWidget &window);
     void monitorsChanged();
 
-    QPointer<QWidget> m_panel;
+    QPointer<ExEditorRegion> m_region;
     ViewersContent m_viewers;
     StudiesContent m_studies;
     ToolBarLines m_toolBarLines;

@@ -15,6 +15,13 @@ KxProperty<Record> &property(const QString &content, int numMonitors)
         Record(), pool.registrySerializer());
 }
 
+KxProperty<QString> &panelsProperty(int numMonitors)
+{
+    KxPropertyPool &pool = KxPropertyPool::instance();
+    return pool.property<QString>(QStringLiteral("UI.Placement.%1.panels").arg(numMonitors),
+        QString(), pool.registrySerializer());
+}
+
 } // namespace
 
 Record read(const QString &content, int numMonitors)
@@ -25,6 +32,16 @@ Record read(const QString &content, int numMonitors)
 void write(const QString &content, int numMonitors, const Record &record)
 {
     property(content, numMonitors).change(record);
+}
+
+QString readPanels(int numMonitors)
+{
+    return panelsProperty(numMonitors).value();
+}
+
+void writePanels(int numMonitors, const QString &record)
+{
+    panelsProperty(numMonitors).change(record);
 }
 
 } // namespace PlacementRecords

@@ -13,4 +13,8 @@ namespace PlacementRecords {
 /// Writes only what has changed.
 void write(const QString &content, int numMonitors, const ExMonitorWidget::Configuration &record);
 
+/// Where the panels are, as text; empty when there is none.
+[[nodiscard]] QString readPanels(int numMonitors);
+void writePanels(int numMonitors, const QString &record);
+
 } // namespace PlacementRecords

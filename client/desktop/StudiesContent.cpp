@@ -4,8 +4,8 @@
 
 #include <QCoreApplication>
 
-StudiesContent::StudiesContent(QWidget &panel, ExMonitorWidget::Content &viewers)
-    : m_panel(panel)
+StudiesContent::StudiesContent(QWidget &place, ExMonitorWidget::Content &viewers)
+    : m_place(place)
     , m_viewers(viewers)
 {
     setLongName(QCoreApplication::translate("Contents", "Studies"));
@@ -16,13 +16,7 @@ QWidget *StudiesContent::widgetForMonitor(
     const ExMonitorWidget::Configuration &configuration, int monitor)
 {
     const bool isHere = configuration.monitors.value(0, monitor) == monitor;
-    return isHere && !isWithViewers() ? &m_panel : nullptr;
-}
-
-bool StudiesContent::isBesideViewers(int monitor)
-{
-    const QList<int> occupied = ExMonitorManager::instance().occupiedMonitors(this);
-    return isWithViewers() && occupied.value(0, monitor) == monitor;
+    return isHere && !isWithViewers() ? &m_place : nullptr;
 }
 
 bool StudiesContent::isWithViewers()

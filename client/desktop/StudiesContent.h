@@ -2,22 +2,20 @@
 
 #include "framework/monitors/ExMonitorWidget.h"
 
-/// The content "studies": the list of studies. In a window together with the viewers it shows
-/// nothing itself, because the list stands beside the viewers there.
+/// The content "studies": a place for the panel with the list of studies. In a window together with
+/// the viewers it shows nothing itself, because the panel stands beside the viewers there.
 class StudiesContent final : public ExMonitorWidget::Content
 {
 public:
     /// Observes both.
-    StudiesContent(QWidget &panel, ExMonitorWidget::Content &viewers);
+    StudiesContent(QWidget &place, ExMonitorWidget::Content &viewers);
 
     [[nodiscard]] QWidget *widgetForMonitor(
         const ExMonitorWidget::Configuration &configuration, int monitor) override;
-    /// Whether the list stands beside the viewers on this monitor.
-    [[nodiscard]] bool isBesideViewers(int monitor);
-
-private:
+    /// Whether the list stands beside the viewers.
     [[nodiscard]] bool isWithViewers();
 
-    QWidget &m_panel;
+private:
+    QWidget &m_place;
     ExMonitorWidget::Content &m_viewers;
 };

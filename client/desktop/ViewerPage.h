@@ -2,29 +2,70 @@
 
 #include <QWidget>
 
-class QSplitter;
+#include <array>
+#include <optional>
+
+class ExEditorRegion;
+class ExSplitter;
 class ViewerArea;
 
-/// What the viewers' main window of one monitor shows: the viewer area, with places for panels left
-/// and right of it and below it. Panels stay their owner's: one can be taken elsewhere, and a page
-/// that goes leaves them without a parent.
+/// What the viewers' window of one monitor shows: the viewer area, with regions for panels left and
+/// right of it and below it. A region without panels is hidden, except while a panel is dragged.
+/// Whatever the window does, regions keep the extent that the user gave them, and the viewers get
+/// the rest. Panels are not the page's: one that goes leaves them without a place.
 class ViewerPage final : public QWidget
 {
     Q_OBJECT
 
 public:
-    enum class Place { Left, Right, Below };
+    enum Place { Left, Right, Below, numPlaces };
+
+    /// Of a region: the width of those beside the viewers, the height of the one below.
+    struct Extent
+    {
+        int pixels = 0;
+        bool isCollapsed = false;
+
+        friend bool operator==(const Extent &, const Extent &) = default;
+    };
 
     ViewerPage();
     ~ViewerPage() override;
 
     [[nodiscard]] ViewerArea &area() const { return *m_area; }
-    /// Shows a panel beside the viewers, after those that stand in the same place. Nothing when it
-    /// stands in this page already. @param size its width, below the viewers its height, in pixels.
-    void addPanel(QWidget &panel, Place place, int size);
+    [[nodiscard]] ExEditorRegion &region(Place place) const { return *m_regions[place]; }
+    /// Nothing for a region of others.
+    [[nodiscard]] std::optional<Place> placeOf(const ExEditorRegion *region) const;
+    /// What the regions are called in menus, in the present language. @param number of the page
+    /// among several, from 1; 0 for the only one.
+    void setNumber(int number);
+
+    [[nodiscard]] static Extent usualExtent(Place place);
+    [[nodiscard]] Extent extent(Place place) const { return m_extents[place]; }
+    void setExtent(Place place, const Extent &extent);
+
+Q_SIGNALS:
+    /// The user has made a region larger or smaller, or collapsed it.
+    void extentsChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void build();
+    /// Takes over what the user did to a handle of a splitter.
+    void note(const ExSplitter &splitter, int handle);
+    /// Gives the regions their extents and the viewers the rest.
+    void share();
+    void shareAlong(ExSplitter &splitter, const QList<QWidget *> &panes);
+    [[nodiscard]] int wantedExtent(Place place, int space) const;
+
     ViewerArea *m_area;
-    QSplitter *m_across; ///< left panels, m_down, right panels
-    QSplitter *m_down; ///< area, panels below
+    ExSplitter *m_across; ///< left region, m_down, right region
+    ExSplitter *m_down; ///< area, region below
+    std::array<ExEditorRegion *, numPlaces> m_regions{};
+    std::array<Extent, numPlaces> m_extents{};
+    bool m_isSharing = false;
 };

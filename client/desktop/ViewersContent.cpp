@@ -29,8 +29,7 @@ QString identityOf(int monitor)
 
 } // namespace
 
-ViewersContent::ViewersContent(Furnish furnish)
-    : m_furnish(std::move(furnish))
+ViewersContent::ViewersContent()
 {
     setLongName(QCoreApplication::translate("Contents", "Viewers"));
     setShortName(longName());
@@ -49,10 +48,7 @@ QWidget *ViewersContent::widgetForMonitor(
     if (!occupies(monitors)) {
         occupy(monitors);
     }
-    const auto found = std::find_if(m_pages.begin(), m_pages.end(),
-        [monitor](const Page &page) { return page.monitor == monitor; });
-    m_furnish(*found->widget, monitor);
-    return found->widget.get();
+    return pageOn(monitor);
 }
 
 void ViewersContent::configurationChanged(const ExMonitorWidget::Configuration & /*record*/)
@@ -64,13 +60,29 @@ void ViewersContent::configurationChanged(const ExMonitorWidget::Configuration &
     occupy(monitors);
 }
 
+QList<ViewerPage *> ViewersContent::pages() const
+{
+    QList<ViewerPage *> pages;
+    for (const Page &page : m_pages) {
+        pages.append(page.widget.get());
+    }
+    return pages;
+}
+
 QList<ViewerArea *> ViewersContent::areas() const
 {
     QList<ViewerArea *> areas;
-    for (const Page &page : m_pages) {
-        areas.append(&page.widget->area());
+    for (const ViewerPage *page : pages()) {
+        areas.append(&page->area());
     }
     return areas;
+}
+
+ViewerPage *ViewersContent::pageOn(int monitor) const
+{
+    const auto found = std::find_if(m_pages.begin(), m_pages.end(),
+        [monitor](const Page &page) { return page.monitor == monitor; });
+    return found == m_pages.end() ? nullptr : found->widget.get();
 }
 
 bool ViewersContent::occupies(const QList<int> &monitors) const
@@ -100,6 +112,9 @@ void ViewersContent::occupy(const QList<int> &monitors)
         } else if (page.widget == nullptr) {
             page.widget = std::make_unique<ViewerPage>();
         }
+    }
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        m_pages[i].widget->setNumber(m_pages.size() == 1 ? 0 : static_cast<int>(i) + 1);
     }
     if (areas() != before) {
         Q_EMIT areasChanged(areas());

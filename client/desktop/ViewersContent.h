@@ -6,7 +6,6 @@
 #include <QList>
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -20,20 +19,21 @@ class ViewersContent final : public QObject, public ExMonitorWidget::Content
     Q_OBJECT
 
 public:
-    /// Called with each page whenever its monitor's window is laid out, to put panels beside it.
-    using Furnish = std::function<void(ViewerPage &page, int monitor)>;
-
-    explicit ViewersContent(Furnish furnish);
+    ViewersContent();
     ~ViewersContent() override;
 
     [[nodiscard]] QWidget *widgetForMonitor(
         const ExMonitorWidget::Configuration &configuration, int monitor) override;
     void configurationChanged(const ExMonitorWidget::Configuration &configuration) override;
     /// In the order of the monitors.
+    [[nodiscard]] QList<ViewerPage *> pages() const;
+    /// Those of the pages.
     [[nodiscard]] QList<ViewerArea *> areas() const;
+    /// Null when there is none on this monitor.
+    [[nodiscard]] ViewerPage *pageOn(int monitor) const;
 
 Q_SIGNALS:
-    /// Areas that are not among these any longer are destroyed after it.
+    /// Areas that are not among these any longer are destroyed after it, with their pages.
     void areasChanged(const QList<ViewerArea *> &areas);
 
 private:
@@ -48,6 +48,5 @@ private:
     [[nodiscard]] bool occupies(const QList<int> &monitors) const;
     void occupy(const QList<int> &monitors);
 
-    Furnish m_furnish;
     std::vector<Page> m_pages;
 };

@@ -241,8 +241,26 @@ void LinksPanel::forgetViewers()
     m_table->setColumnCount(firstViewer);
 }
 
+void LinksPanel::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_isAsleep) {
+        m_isAsleep = false;
+        updateTable();
+    }
+}
+
+void LinksPanel::hideEvent(QHideEvent *event)
+{
+    m_isAsleep = true;
+    QWidget::hideEvent(event);
+}
+
 void LinksPanel::updateTable()
 {
+    if (m_isAsleep) {
+        return;
+    }
     const ExViewerManager *const manager = ExViewerManager::instancePointer();
     m_viewers.clear();
     for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {

@@ -37,6 +37,10 @@ public:
     /// What can be done with the selected cells of the current row; empty when that holds none.
     void fillMenu(QMenu &menu);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
     using Viewers = std::vector<WorkstationViewer *>;
 
@@ -66,6 +70,8 @@ private:
     Viewers m_viewers; ///< by column, from the second one on
     QPointer<QMenu> m_menu;
     QTimer m_updateTimer;
+    /// Once hidden it waits with all changes until it is shown again.
+    bool m_isAsleep = false;
     McHandle<ExNotifiable> m_watch;
     McHandle<ExNotifiable> m_deletionWatch;
 };

@@ -185,8 +185,26 @@ void MeasurementsPanel::updateSoon()
     m_updateTimer.start();
 }
 
+void MeasurementsPanel::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_isAsleep) {
+        m_isAsleep = false;
+        updateRows();
+    }
+}
+
+void MeasurementsPanel::hideEvent(QHideEvent *event)
+{
+    m_isAsleep = true;
+    QWidget::hideEvent(event);
+}
+
 void MeasurementsPanel::updateRows()
 {
+    if (m_isAsleep) {
+        return;
+    }
     const QSignalBlocker blocker(m_tree);
     const auto shown = complete();
     // Both are in the order of the ids.

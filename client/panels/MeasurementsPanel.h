@@ -36,6 +36,10 @@ public:
     void deleteSelected();
     void deleteAll();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
     void build();
     void connectList();
@@ -60,6 +64,8 @@ private:
     PanelButton *m_deleteAll;
     PanelButton *m_undo;
     QTimer m_updateTimer;
+    /// Once hidden it waits with all changes until it is shown again.
+    bool m_isAsleep = false;
     int m_pendingJump = 0;
     McHandle<ExNotifiable> m_watch;
 };

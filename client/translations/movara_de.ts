@@ -69,6 +69,18 @@
         <source>%1 – Movara</source>
         <translation>%1 – Movara</translation>
     </message>
+    <message>
+        <source>Window of the studies</source>
+        <translation>Fenster der Studien</translation>
+    </message>
+    <message>
+        <source>Upper part</source>
+        <translation>Oberer Teil</translation>
+    </message>
+    <message>
+        <source>Lower part</source>
+        <translation>Unterer Teil</translation>
+    </message>
 </context>
 <context>
     <name>DisplayList</name>
@@ -971,6 +983,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>Saved in %1. It holds for everyone from the next start on.</source>
         <translation>In %1 gesichert. Es gilt ab dem nächsten Start für alle.</translation>
+    </message>
+</context>
+<context>
+    <name>PanelsPart</name>
+    <message>
+        <source>Panels</source>
+        <translation>Bedienfelder</translation>
     </message>
 </context>
 <context>
@@ -2219,6 +2238,58 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Images are not copied: the file tells where they are. Only you can read it.</source>
         <translation>Bilder werden nicht kopiert: Die Datei sagt, wo sie sind. Nur Sie können sie lesen.</translation>
     </message>
+    <message>
+        <source>Panels</source>
+        <translation>Bedienfelder</translation>
+    </message>
+    <message>
+        <source>&amp;Studies</source>
+        <translation>&amp;Studien</translation>
+    </message>
+    <message>
+        <source>Show the list of studies, or leave its room to the viewers</source>
+        <translation>Die Liste der Studien zeigen oder ihren Platz den Ansichten lassen</translation>
+    </message>
+    <message>
+        <source>&amp;Measurements</source>
+        <translation>&amp;Messungen</translation>
+    </message>
+    <message>
+        <source>Show all measurements with their values, or close their panel</source>
+        <translation>Alle Messungen mit ihren Werten zeigen oder ihr Bedienfeld schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Links</source>
+        <translation>&amp;Verknüpfungen</translation>
+    </message>
+    <message>
+        <source>Show how the viewers are linked, or close the panel</source>
+        <translation>Zeigen, wie die Ansichten verknüpft sind, oder das Bedienfeld schließen</translation>
+    </message>
+    <message>
+        <source>S&amp;ettings panel</source>
+        <translation>&amp;Einstellungen daneben</translation>
+    </message>
+    <message>
+        <source>Show the settings beside the viewers, or close their panel</source>
+        <translation>Die Einstellungen neben den Ansichten zeigen oder ihr Bedienfeld schließen</translation>
+    </message>
+    <message>
+        <source>L&amp;og</source>
+        <translation>&amp;Protokoll</translation>
+    </message>
+    <message>
+        <source>Show what the program has logged, or close the panel</source>
+        <translation>Zeigen, was das Programm protokolliert hat, oder das Bedienfeld schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset panels</source>
+        <translation>Bedienfelder &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Close all panels but the list of studies</source>
+        <translation>Alle Bedienfelder außer der Liste der Studien schließen</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>
@@ -2248,6 +2319,41 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Whether this viewer follows the others in this</source>
         <translation>Ob diese Ansicht den anderen hierin folgt</translation>
+    </message>
+</context>
+<context>
+    <name>ViewerPage</name>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Below</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Upper part</source>
+        <translation>Oberer Teil</translation>
+    </message>
+    <message>
+        <source>Lower part</source>
+        <translation>Unterer Teil</translation>
+    </message>
+    <message>
+        <source>Left part</source>
+        <translation>Linker Teil</translation>
+    </message>
+    <message>
+        <source>Right part</source>
+        <translation>Rechter Teil</translation>
+    </message>
+    <message>
+        <source>%1 (monitor %2)</source>
+        <translation>%1 (Monitor %2)</translation>
     </message>
 </context>
 <context>
@@ -2359,14 +2465,6 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <translation>Öffnen</translation>
     </message>
     <message>
-        <source>No studies are open.
-
-Open a folder with File &gt; Open folder, or drop one here.</source>
-        <translation>Es sind keine Studien geöffnet.
-
-Öffnen Sie einen Ordner mit Datei &gt; Ordner öffnen oder ziehen Sie einen hierher.</translation>
-    </message>
-    <message>
         <source>%1 – Movara</source>
         <translation>%1 – Movara</translation>
     </message>
@@ -2377,6 +2475,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
     <message>
         <source>Closed: %1</source>
         <translation>Geschlossen: %1</translation>
+    </message>
+    <message>
+        <source>There are viewers for %1 of the %2 chosen series.</source>
+        <translation>Für %1 der %2 gewählten Serien gibt es Ansichten.</translation>
     </message>
 </context>
 <context>

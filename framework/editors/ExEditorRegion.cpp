@@ -84,6 +84,7 @@ public:
     QList<int> sizesBeforeDrag;
     QList<bool> emptyBeforeDrag;
     bool isEdited = false;
+    bool isHiddenWhenEmpty = false;
     bool isEnding = false;
 };
 
@@ -349,6 +350,12 @@ void ExEditorRegion::setLayoutEdited(bool edited)
     updateVisibility();
 }
 
+void ExEditorRegion::setHiddenWhenEmpty(bool hidden)
+{
+    d->isHiddenWhenEmpty = hidden;
+    updateVisibility();
+}
+
 void ExEditorRegion::setDragging(bool dragging)
 {
     theIsDragging = dragging;
@@ -436,6 +443,11 @@ void ExEditorRegion::updateVisibility()
 {
     for (ExEditorContainer *container : d->containers) {
         container->setVisible(container->count() > 0 || d->isEdited || theIsDragging);
+    }
+    // One without a parent would become a window.
+    if (d->isHiddenWhenEmpty && parentWidget() != nullptr) {
+        setVisible(std::any_of(d->containers.cbegin(), d->containers.cend(),
+            [](const ExEditorContainer *container) { return !container->isHidden(); }));
     }
 }
 

@@ -77,6 +77,8 @@ public:
     /// Whether sub-regions without editors are shown too, as places to drop editors on.
     [[nodiscard]] bool isLayoutEdited() const;
     void setLayoutEdited(bool edited);
+    /// Whether the region itself is hidden while none of its sub-regions is shown; false at first.
+    void setHiddenWhenEmpty(bool hidden);
 
     /// Which editors, by name, are in which sub-region in which order and in front, the sizes of
     /// the sub-regions, what is closed and what floats where. Text of a versioned form, for
