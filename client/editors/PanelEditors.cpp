@@ -1,6 +1,7 @@
 #include "client/editors/PanelEditors.h"
 
 #include "client/app/WorkSession.h"
+#include "client/application/WorkstationApplication.h"
 #include "client/panels/LinksPanel.h"
 #include "client/panels/LogPanel.h"
 #include "client/panels/MeasurementsPanel.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <string>
 
 PanelEditors *PanelEditors::s_instance = nullptr;
 
@@ -57,7 +59,7 @@ std::unique_ptr<QWidget> makeMeasurements(WorkSession &session)
 std::unique_ptr<QWidget> makeProperties(WorkSession & /*session*/)
 {
     return std::make_unique<PropertiesPanel>(
-        QList<QRegularExpression>(), QList<QRegularExpression>());
+        QList<QRegularExpression>(), PropertiesPanel::internalSettings());
 }
 
 std::unique_ptr<QWidget> makeLog(WorkSession & /*session*/)
@@ -97,6 +99,9 @@ ExEditor *PanelEditors::make()
     }
     const PanelRow &row = panels[index];
     std::unique_ptr<QWidget> panel = row.make(s_instance->m_session);
+    const std::string key = std::string("Panel.") + row.name; // The tool that shows it.
+    panel->setWindowIcon(
+        WorkstationApplication::instance().decoration(key.c_str())->icon(key.c_str()));
     auto *const editor = new PanelEditor(std::move(panel), row.name);
     s_instance->m_made.emplace_back(editor);
     return editor;

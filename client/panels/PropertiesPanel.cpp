@@ -230,6 +230,12 @@ void PropertiesPanel::updateButtons()
     m_resetAll->setEnabled(anyChanged);
 }
 
+QList<QRegularExpression> PropertiesPanel::internalSettings()
+{
+    return {QRegularExpression(QStringLiteral("^Hidden\\.")),
+        QRegularExpression(QStringLiteral("^UI\\.(DialogPositionSize|Placement|ToolBarState)\\."))};
+}
+
 int PropertiesPanel::numChanged() const
 {
     return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(),

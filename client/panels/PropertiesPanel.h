@@ -31,6 +31,8 @@ public:
 
     /// Shows these settings, which must outlive the panel, instead of those of the pool.
     void setProperties(const std::list<KxVariant *> &properties);
+    /// Those that the program keeps for itself, not to be shown.
+    [[nodiscard]] static QList<QRegularExpression> internalSettings();
     /// How many settings were changed since they were first shown here, each counted once.
     [[nodiscard]] int numChanged() const;
 

@@ -1,5 +1,6 @@
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/panels/PropertiesPanel.h"
 #include "client/toolbars/ToolBars.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/dialogs/ExMessageBox.h"
@@ -20,17 +21,8 @@ public:
 protected:
     void run(WorkSession & /*session*/) override
     {
-        WorkstationApplication::instance().propertyBrowser(
-            KxPropertyPool::instance().properties(), {}, hiddenSettings(), false);
-    }
-
-private:
-    /// What the program keeps for itself.
-    static QList<QRegularExpression> hiddenSettings()
-    {
-        return {QRegularExpression(QStringLiteral("^Hidden\\.")),
-            QRegularExpression(
-                QStringLiteral("^UI\\.(DialogPositionSize|Placement|ToolBarState)\\."))};
+        WorkstationApplication::instance().propertyBrowser(KxPropertyPool::instance().properties(),
+            {}, PropertiesPanel::internalSettings(), false);
     }
 };
 

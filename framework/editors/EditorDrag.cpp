@@ -212,7 +212,10 @@ void EditorDrag::floatAt(const QPoint &position)
     QRect place(position - m_grip, widget == nullptr ? QSize() : widget->size());
     if (screen != nullptr) {
         const QRect area = screen->availableGeometry();
-        place.setSize(place.size().boundedTo(area.size()));
+        // A panel as high as the window it came from would cover the images.
+        constexpr int mostPercent = 60;
+        constexpr int whole = 100;
+        place.setSize(place.size().boundedTo(area.size() * mostPercent / whole));
         place.moveTo(std::clamp(place.x(), area.left(), area.right() + 1 - place.width()),
             std::clamp(place.y(), area.top(), area.bottom() + 1 - place.height()));
     }
