@@ -79,7 +79,7 @@ void FocusOrder::giveToViewer()
     m_isToGive = false;
     const WorkstationViewer *const viewer = m_workstation.activeViewer();
     for (QWidget *target :
-        {viewer == nullptr ? nullptr : static_cast<QWidget *>(viewer->widget()), &m_list}) {
+        {viewer == nullptr ? nullptr : static_cast<QWidget *>(viewer->widget()), m_list.data()}) {
         if (!canTakeFocus(target)) {
             continue;
         }

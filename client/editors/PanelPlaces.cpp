@@ -180,6 +180,21 @@ void PanelPlaces::placeStudies()
     }
 }
 
+/// The page that they are docked in; null for their own window. While they are docked nowhere, the
+/// page where they belong.
+ViewerPage *PanelPlaces::pageOfStudies() const
+{
+    const ExEditor *const editor = PanelEditors::livingEditor(studies());
+    if (editor == nullptr || editor->editorContainer() == nullptr || editor->isFloating()) {
+        return m_desktop.studiesPage();
+    }
+    const auto found
+        = std::find_if(m_pages.begin(), m_pages.end(), [editor](const ViewerPage *page) {
+              return page->placeOf(editor->editorRegion()).has_value();
+          });
+    return found == m_pages.end() ? nullptr : found->data();
+}
+
 bool PanelPlaces::isSeen(const QString &name) const
 {
     const ExEditor *const editor = PanelEditors::livingEditor(name);
@@ -290,7 +305,7 @@ bool PanelPlaces::setLayout(const QByteArray &layout)
         clear();
         isGood = restore(*record);
         m_awaiting = record->pages.size() > m_pages.size() ? layout : QByteArray();
-        m_studiesPage = m_desktop.studiesPage();
+        m_studiesPage = pageOfStudies();
         placeStudies();
     }
     if (!isGood) {

@@ -58,6 +58,7 @@ private:
     void moveAll(const ExEditorRegion &from, ExEditorRegion &to);
     static void moveTo(ExEditor &editor, ExEditorRegion &region, int subRegion);
     void placeStudies();
+    [[nodiscard]] ViewerPage *pageOfStudies() const;
     [[nodiscard]] bool restore(const PanelRecord &record);
     [[nodiscard]] static bool restorePage(const PanelRecord::Page &record, ViewerPage &page);
     static void clear();
