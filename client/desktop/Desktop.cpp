@@ -99,6 +99,7 @@ void Desktop::show()
         viewersWindow()->resize(m_size);
     }
     viewersWindow()->activateWindow();
+    Q_EMIT shown();
 }
 
 void Desktop::setToolBars(const QList<ExMonitorWidget::ToolBar> &toolBars)

@@ -64,6 +64,8 @@ Q_SIGNALS:
     void areasChanged(const QList<ViewerArea *> &areas);
     /// The contents have been placed, or placed anew.
     void arranged();
+    /// The windows have come up.
+    void shown();
     /// There is a window that there was not before.
     void windowAdded(ExMonitorWidget *window);
 

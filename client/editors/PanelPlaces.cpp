@@ -10,6 +10,7 @@
 #include "platform/util/McLogFile.h"
 
 #include <QScopedValueRollback>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -34,6 +35,7 @@ PanelPlaces::PanelPlaces(Desktop &desktop)
     connect(&m_write, &QTimer::timeout, this, &PanelPlaces::write);
     connect(&desktop, &Desktop::areasChanged, this, &PanelPlaces::pagesChanged);
     connect(&desktop, &Desktop::arranged, this, &PanelPlaces::arranged);
+    connect(&desktop, &Desktop::shown, this, &PanelPlaces::bringForward);
     follow(desktop.studiesRegion());
 }
 
@@ -117,6 +119,20 @@ void PanelPlaces::arranged()
     }
     placeStudies();
     noteChange();
+}
+
+/// Windows that came up before the one they belong to would stay behind it.
+void PanelPlaces::bringForward()
+{
+    for (const ExEditor *editor : PanelEditors::living()) {
+        QWidget *const window = editor->floater();
+        if (window != nullptr && window->parentWidget() != nullptr) {
+            window->hide();
+            window->windowHandle()->setTransientParent(
+                window->parentWidget()->window()->windowHandle());
+            window->show();
+        }
+    }
 }
 
 void PanelPlaces::leave(const ViewerPage &page)

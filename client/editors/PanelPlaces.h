@@ -57,6 +57,7 @@ private:
     void leave(const ViewerPage &page);
     void moveAll(const ExEditorRegion &from, ExEditorRegion &to);
     static void moveTo(ExEditor &editor, ExEditorRegion &region, int subRegion);
+    void bringForward();
     void placeStudies();
     [[nodiscard]] ViewerPage *pageOfStudies() const;
     [[nodiscard]] bool restore(const PanelRecord &record);
