@@ -98,8 +98,8 @@ void Desktop::show()
     if (m_size.isValid()) {
         viewersWindow()->resize(m_size);
     }
-    viewersWindow()->activateWindow();
     Q_EMIT shown();
+    viewersWindow()->activateWindow();
 }
 
 void Desktop::setToolBars(const QList<ExMonitorWidget::ToolBar> &toolBars)
