@@ -53,8 +53,8 @@ private:
 /// A map with the receivers a, b and c under key 1, x and y under key 2. All write their names to a
 /// log; at the n-th call of b or y the n-th of the deeds, which ";" separates, are done:
 /// "-a" destroys a receiver, "~a" removes its action, "/a" all its actions, "+d2" adds one with
-/// order key 2, "(2" walks over key 2 within, "?" throws, "!" destroys the map, "*" has the list grow out of
-/// its memory, "=" consumes.
+/// order key 2, "(2" walks over key 2 within, "?" throws, "!" destroys the map, "*" has the list
+/// grow out of its memory, "=" consumes.
 struct House
 {
     House()
