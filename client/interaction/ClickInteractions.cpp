@@ -42,7 +42,9 @@ void ActivateInteraction::install(ExEventHandler &handler)
 bool ActivateInteraction::press(const ExEvent &event)
 {
     ExViewerManager *const manager = ExViewerManager::instancePointer();
-    if (ExBaseViewer *const viewer = event.viewer(); viewer != nullptr && manager != nullptr) {
+    ExBaseViewer *const viewer = event.viewer();
+    // One that has gone may still get what was on its way to it.
+    if (manager != nullptr && manager->viewerIndex(viewer) >= 0) {
         event.setActivating(manager->activeViewer() != viewer);
         manager->setActiveViewer(viewer);
     }

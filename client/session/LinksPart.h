@@ -7,7 +7,7 @@
 
 class Workstation;
 
-/// The part of a session that says how viewers are linked. GUI thread only.
+/// How viewers are linked, for a session. GUI thread only.
 class LinksPart final : public ExSerializable
 {
     Q_DECLARE_TR_FUNCTIONS(LinksPart)

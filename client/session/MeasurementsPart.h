@@ -7,7 +7,7 @@
 
 class MeasurementList;
 
-/// The part of a session that holds the measurements. GUI thread only.
+/// The measurements, for a session. GUI thread only.
 class MeasurementsPart final : public ExSerializable
 {
     Q_DECLARE_TR_FUNCTIONS(MeasurementsPart)

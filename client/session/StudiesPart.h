@@ -6,7 +6,7 @@
 
 class StudySession;
 
-/// The part of a session that says which folders and files were opened. They are opened again
+/// The folders and files that were opened, for a session. They are opened again
 /// before anybody else reads the session (see SessionRestore). GUI thread only.
 class StudiesPart final : public ExSerializable
 {

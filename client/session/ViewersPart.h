@@ -13,7 +13,7 @@
 class Workstation;
 class WorkstationViewer;
 
-/// The part of a session that says which layout there is, which series each viewer shows, and how.
+/// Which layout there is, which series each viewer shows, and how, for a session.
 /// Views are put in force as soon as the images that they are of are there. GUI thread only.
 class ViewersPart final : public ExSerializable
 {

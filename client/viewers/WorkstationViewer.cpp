@@ -28,6 +28,7 @@ WorkstationViewer::WorkstationViewer(Type type, QWidget *parent)
 
 WorkstationViewer::~WorkstationViewer()
 {
+    m_overlay.reset(); // Hiding the widget makes another viewer the active one, which is told.
     if (m_widget) {
         m_widget->detachViewer();
         m_widget->hide();

@@ -3,5 +3,5 @@
 #include <string>
 #include <vector>
 
-/// "1, 2, 3 and 4 more": the parts in a row, no more than eight of them.
-std::string joinedText(const std::vector<std::string> &parts);
+/// "1, 2, 3 and 4 more": the texts in a row, no more than eight of them.
+std::string joinedText(const std::vector<std::string> &texts);
