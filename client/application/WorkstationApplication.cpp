@@ -7,11 +7,11 @@
 #include "client/application/PropertyTexts.h"
 #include "client/application/Translations.h"
 #include "framework/dialogs/ExMessageBox.h"
+#include "framework/editors/ExEditor.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
-#include "framework/editors/ExEditor.h"
 #include "framework/tools/ExTool.h"
 
 #include <QCoreApplication>

@@ -1478,6 +1478,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     </message>
 </context>
 <context>
+    <name>SplitterButton</name>
+    <message>
+        <source>Fold this side away, or bring it back</source>
+        <translation>Diese Seite wegklappen oder zurückholen</translation>
+    </message>
+</context>
+<context>
     <name>StudiesPart</name>
     <message>
         <source>Studies</source>

@@ -11,6 +11,8 @@ SplitterButton::SplitterButton(QWidget *parent)
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
+    setToolTip(tr("Fold this side away, or bring it back"));
+    setAccessibleName(toolTip());
     setArrow(Qt::LeftArrow);
     updateColors();
 }

@@ -93,7 +93,7 @@ private Q_SLOTS:
             QStringList keys = shownKeys(fixture.window());
             collectKeys(fixture.slice(0).widget()->findChild<QMenu *>()->actions(), keys);
             QVERIFY(keys.contains(u"View.Reset"_s));
-            QCOMPARE(keys.filter(QRegularExpression(u"Invert|Phase|Link"_s)), QStringList());
+            QCOMPARE(keys.filter(QRegularExpression(uR"(Invert|Phase|^Link\.)"_s)), QStringList());
             QTest::keyClick(fixture.slice(0).widget(), Qt::Key_I);
             QVERIFY(!fixture.slice(0).isInverted());
             const QString help = helpText(fixture);
