@@ -96,6 +96,8 @@ int runWindow(const CommandLine &command)
     }
     WorkstationSessions sessions(session.workstation());
     tellOfSessions(sessions, !isRun);
+    QObject::connect(
+        &sessions, &WorkstationSessions::autosaveFailed, &session, &WorkSession::showMessage);
     if (command.benchmark == QLatin1String("scroll")) {
         run = std::make_unique<ScrollBenchmark>(session, command.paths);
     } else if (!isStartOnly) {
