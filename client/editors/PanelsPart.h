@@ -6,7 +6,7 @@
 
 class PanelPlaces;
 
-/// The part of a session that says where the panels are. A session without it leaves them where
+/// Where the panels are, for a session. A session that does not say so leaves them where
 /// they are. GUI thread only.
 class PanelsPart final : public ExSerializable
 {
