@@ -15,13 +15,8 @@ private Q_SLOTS:
     {
         Panels panels;
         panels.window.show();
-        // A window manager that is still starting takes the window, but does not activate it.
-        const auto isActive = [&panels] {
-            panels.window.activateWindow();
-            return panels.window.isActiveWindow();
-        };
         constexpr int milliseconds = 20000;
-        QTRY_VERIFY_WITH_TIMEOUT(isActive(), milliseconds);
+        QTRY_VERIFY_WITH_TIMEOUT(isActive(panels.window), milliseconds);
         const auto middle = [&panels](int subRegion) {
             const QWidget *const tabs = panels.region->editorContainer(subRegion);
             return tabs->mapToGlobal(tabs->rect().center());
@@ -68,12 +63,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(panels.b.floater()));
         QTRY_VERIFY(panels.b.floater()->frameGeometry().contains(outside));
         const auto *const handle = panels.b.floater()->findChild<QWidget *>(u"EditorHandle"_s);
-        // The window manager may still be putting its frame around the window.
-        const auto isOnHandle = [handle] {
-            move(handle->mapToGlobal(QPoint(20, handle->height() / 2)));
-            return handle->underMouse();
-        };
-        QTRY_VERIFY(isOnHandle());
+        QTRY_VERIFY(isUnderMouse(*handle));
         mouse({u"mousedown"_s, u"1"_s});
         move(outside + QPoint(20, 20));
         QTRY_VERIFY(isMarkedInside(1));
@@ -82,6 +72,18 @@ private Q_SLOTS:
     }
 
 private:
+    /// A window manager that is still starting takes a window, but does not activate it.
+    static bool isActive(QWidget &window)
+    {
+        window.activateWindow();
+        return window.isActiveWindow();
+    }
+    /// The window manager may still be putting its frame around the handle's window.
+    static bool isUnderMouse(const QWidget &handle)
+    {
+        move(handle.mapToGlobal(QPoint(20, handle.height() / 2)));
+        return handle.underMouse();
+    }
     static bool isMarked(const Panels &panels, int subRegion)
     {
         const auto *const mark = panels.region->editorContainer(subRegion)->findChild<QWidget *>(
