@@ -101,12 +101,7 @@ WorkstationViewer *Workstation::activeViewer() const
 
 std::vector<WorkstationViewer *> Workstation::viewers() const
 {
-    std::vector<WorkstationViewer *> found;
-    found.reserve(static_cast<std::size_t>(m_manager.numViewers()));
-    for (int i = 0; i < m_manager.numViewers(); ++i) {
-        found.push_back(static_cast<WorkstationViewer *>(m_manager.viewer(i)));
-    }
-    return found;
+    return WorkstationViewerManager::all();
 }
 
 std::vector<SliceViewer *> Workstation::sliceViewers() const

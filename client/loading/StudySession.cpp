@@ -3,8 +3,8 @@
 #include "client/loading/EntryTexts.h"
 #include "client/loading/SeriesLoad.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "client/viewers/WorkstationViewerManager.h"
 #include "framework/notification/ExNotifiable.h"
-#include "framework/viewers/ExViewerManager.h"
 
 #include <QFileInfo>
 
@@ -12,16 +12,6 @@
 #include <utility>
 
 namespace {
-
-std::vector<WorkstationViewer *> viewers()
-{
-    std::vector<WorkstationViewer *> found;
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
-        found.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
-    }
-    return found;
-}
 
 /// Calls @p visit for an entry and everything below it.
 template <typename Visit>
@@ -129,7 +119,7 @@ void StudySession::clear()
 {
     qDeleteAll(m_loads);
     m_loads.clear();
-    for (WorkstationViewer *viewer : viewers()) {
+    for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         empty(*viewer);
     }
     m_series.clear();
@@ -160,7 +150,7 @@ void StudySession::unload(const std::string &uid)
         delete *load;
         m_loads.erase(load);
     }
-    for (WorkstationViewer *viewer : viewers()) {
+    for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (viewer->series() == series.get()) {
             empty(*viewer);
         }
@@ -236,7 +226,7 @@ void StudySession::startLoad(SeriesLoad &load)
 
 void StudySession::loadChanged(LoadedSeries &series)
 {
-    for (WorkstationViewer *viewer : viewers()) {
+    for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (viewer->series() == &series) {
             viewer->seriesChanged();
         }
@@ -247,7 +237,7 @@ void StudySession::loadChanged(LoadedSeries &series)
 void StudySession::loadEnded(SeriesLoad &load)
 {
     std::erase(m_loads, &load);
-    for (WorkstationViewer *viewer : viewers()) {
+    for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (viewer->series() == &load.series() && viewer->volume(0) != nullptr) {
             ExNotifiable::notify({ExNotification::VOLUME_LOADED, viewer});
         }

@@ -10,7 +10,7 @@
 #include "client/panels/ViewKeys.h"
 #include "client/panels/ViewMessage.h"
 #include "client/viewers/SliceViewer.h"
-#include "framework/viewers/ExViewerManager.h"
+#include "client/viewers/WorkstationViewerManager.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -45,20 +45,10 @@ QIcon swatch(int id)
     return icon;
 }
 
-std::vector<WorkstationViewer *> viewers()
-{
-    std::vector<WorkstationViewer *> found;
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
-        found.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
-    }
-    return found;
-}
-
 /// The phase of a series that is seen; the first one where none is.
 int shownPhase(const LoadedSeries &series)
 {
-    for (const WorkstationViewer *viewer : viewers()) {
+    for (const WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (viewer->series() == &series) {
             return viewer->phase();
         }
@@ -82,7 +72,7 @@ SliceViewer *viewerToUse()
     if (active != nullptr) {
         return active;
     }
-    for (WorkstationViewer *viewer : viewers()) {
+    for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (auto *const slice = dynamic_cast<SliceViewer *>(viewer)) {
             return slice;
         }
@@ -256,7 +246,7 @@ void MeasurementsPanel::updateRow(QTreeWidgetItem &item, const Measurement &meas
 
 McHandle<LoadedSeries> MeasurementsPanel::seriesOf(const Measurement &measurement) const
 {
-    for (const WorkstationViewer *viewer : viewers()) {
+    for (const WorkstationViewer *viewer : WorkstationViewerManager::all()) {
         if (viewer->series() != nullptr && viewer->series()->uid() == measurement.seriesUid) {
             return viewer->series();
         }

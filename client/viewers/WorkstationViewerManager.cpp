@@ -1,5 +1,6 @@
 #include "client/viewers/WorkstationViewerManager.h"
 
+#include "client/viewers/WorkstationViewer.h"
 #include "framework/notification/ExNotifiable.h"
 #include "framework/viewers/ExBaseViewer.h"
 
@@ -15,6 +16,16 @@ WorkstationViewerManager::~WorkstationViewerManager()
     while (numViewers() > 0) {
         dropViewer(*viewer(numViewers() - 1));
     }
+}
+
+std::vector<WorkstationViewer *> WorkstationViewerManager::all()
+{
+    std::vector<WorkstationViewer *> found;
+    const ExViewerManager *const manager = instancePointer();
+    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
+        found.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
+    }
+    return found;
 }
 
 ExScreen *WorkstationViewerManager::screenForViewer(ExBaseViewer *viewer)

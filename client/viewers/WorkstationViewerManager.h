@@ -3,6 +3,9 @@
 #include "framework/viewers/ExViewerManager.h"
 
 #include <functional>
+#include <vector>
+
+class WorkstationViewer;
 
 /// The workstation's viewers, on all of its screens.
 class WorkstationViewerManager final : public ExViewerManager
@@ -14,6 +17,9 @@ public:
     explicit WorkstationViewerManager(ScreenOf screenOf);
     /// Removes all viewers.
     ~WorkstationViewerManager() override;
+
+    /// The viewers of the one manager, in its order; none when there is no manager.
+    [[nodiscard]] static std::vector<WorkstationViewer *> all();
 
     ExScreen *screenForViewer(ExBaseViewer *viewer) override;
     /// Tells ABOUT_TO_DELETE_VIEWERS of the viewer and removes it; another one becomes active if it

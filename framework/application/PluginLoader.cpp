@@ -35,8 +35,7 @@ QString load(QPluginLoader &loader, const QString &interface)
     if (interface != own) {
         return QCoreApplication::translate("PluginLoader",
             "It was made for version %1 of Movara, and this is version %2. Install the plug-in "
-            "that "
-            "belongs to version %2.")
+            "that belongs to version %2.")
             .arg(seriesOf(interface), seriesOf(own));
     }
     loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
