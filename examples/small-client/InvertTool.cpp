@@ -34,7 +34,7 @@ const ToolModule module(
     {
         .key = "View.Invert",
         .category = QT_TRANSLATE_NOOP("Tools", "View"),
-        .text = QT_TRANSLATE_NOOP("Tools", "&Invert"),
+        .text = QT_TRANSLATE_NOOP("Tools", "Invert"),
         .toolTip = QT_TRANSLATE_NOOP("Tools", "Show low values bright"),
         .shortCut = "I",
     },
