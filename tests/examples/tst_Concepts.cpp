@@ -6,6 +6,7 @@
 #include "examples/concepts/Plugins.cpp"
 #include "examples/concepts/Tools.cpp"
 #include "examples/concepts/Viewers.cpp"
+#include "framework/editors/ExEditorContainer.h"
 #include "tests/support/FakeViewer.h"
 #include "tests/support/FakeViewerManager.h"
 #include "tests/support/NextDialog.h"
