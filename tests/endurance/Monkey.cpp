@@ -396,6 +396,9 @@ QString Monkey::rest()
 QString Monkey::settle()
 {
     releaseMouse();
+    if (ExTool *const cine = ExTool::getToolByDecorationKey("Phase.Cine", true)) {
+        cine->setActive(false); // Shows the next image for ever.
+    }
     m_isSettled = true;
     std::ignore = QTest::qWaitFor([this] { return brokenRest().isEmpty(); });
     return u"settle"_s;
