@@ -67,6 +67,7 @@ StudySession::~StudySession()
 
 void StudySession::open(const QStringList &paths)
 {
+    giveUpScan();
     McDArray<McFilename> files;
     m_scannedPaths.clear();
     for (const QString &path : paths) {
@@ -109,10 +110,17 @@ void StudySession::cancel()
 
 void StudySession::close()
 {
-    m_isScanWanted = false;
+    giveUpScan();
     m_scanner.cancel();
     clear();
     tellBusy();
+}
+
+void StudySession::giveUpScan()
+{
+    if (std::exchange(m_isScanWanted, false)) {
+        Q_EMIT scanGivenUp();
+    }
 }
 
 void StudySession::clear()

@@ -71,11 +71,14 @@ Q_SIGNALS:
     void scanned();
     /// The scan has ended without images; what was open before stays.
     void nothingFound(const DicomScanner::Result &result);
+    /// The scan that runs will not be shown: the studies were closed, or others are opened.
+    void scanGivenUp();
     /// The studies are no longer open.
     void closed();
 
 private:
     void scanEnded();
+    void giveUpScan();
     /// Takes everything out of the viewers and forgets it.
     void clear();
     /// Takes what is shown out of these viewers, telling it first.

@@ -9,10 +9,20 @@
 SessionRestore::SessionRestore(StudySession &studies)
     : m_studies(studies)
 {
-    connect(&studies, &StudySession::scanned, this, &SessionRestore::scanned);
+    connect(&studies, &StudySession::scanned, this, [this] {
+        if (m_isRunning) {
+            finish(true);
+        }
+    });
     connect(&studies, &StudySession::nothingFound, this, [this] {
         if (m_isRunning) {
             m_missing += m_paths;
+            finish(false);
+        }
+    });
+    connect(&studies, &StudySession::scanGivenUp, this, [this] {
+        if (m_isRunning) {
+            m_missing.clear(); // The user wants to see something else now.
             finish(false);
         }
     });
@@ -25,27 +35,18 @@ void SessionRestore::start(const ExSessionData &session)
     m_session = session;
     m_paths.clear();
     m_missing.clear();
-    m_isRunning = true;
+    m_isRunning = false;
     for (const QString &path : studies ? studies->paths : QStringList()) {
         (QFileInfo::exists(path) ? m_paths : m_missing) += path;
     }
     if (!m_paths.isEmpty()) {
         m_studies.open(m_paths);
+        m_isRunning = true;
     } else if (!m_missing.isEmpty()) {
         finish(false);
     } else {
         m_studies.close();
         finish(true);
-    }
-}
-
-void SessionRestore::scanned()
-{
-    // Other paths than ours: the user has opened something else meanwhile.
-    if (m_isRunning && m_studies.paths() == m_paths) {
-        finish(true);
-    } else {
-        m_isRunning = false;
     }
 }
 

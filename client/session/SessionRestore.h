@@ -23,12 +23,11 @@ public:
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 
 Q_SIGNALS:
-    /// @param restored false when everything is as it was. @param missing folders and files that
-    /// are not there any more.
+    /// @param restored false when everything is as it was, or the user has closed or opened other
+    /// studies meanwhile. @param missing folders and files that are not there any more.
     void finished(bool restored, const QStringList &missing);
 
 private:
-    void scanned();
     void finish(bool restored);
 
     StudySession &m_studies;

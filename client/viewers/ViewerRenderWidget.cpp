@@ -17,6 +17,13 @@ ViewerRenderWidget::ViewerRenderWidget(WorkstationViewer &viewer, QWidget *paren
     setFocusPolicy(Qt::StrongFocus);
 }
 
+ViewerRenderWidget::~ViewerRenderWidget()
+{
+    if (m_viewer != nullptr) {
+        m_viewer->widgetGone();
+    }
+}
+
 ExBaseViewer *ViewerRenderWidget::viewer()
 {
     return m_viewer;

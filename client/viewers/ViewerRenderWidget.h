@@ -16,6 +16,8 @@ class ViewerRenderWidget final : public ExBaseViewerRenderWidget
 
 public:
     ViewerRenderWidget(WorkstationViewer &viewer, QWidget *parent);
+    /// Tells its viewer, which may be held by somebody and live on.
+    ~ViewerRenderWidget() override;
 
     [[nodiscard]] ExBaseViewer *viewer() override;
     /// The viewer is going; the widget stays blank until it is deleted.

@@ -8,7 +8,6 @@
 #include "framework/viewers/ExBaseViewer.h"
 #include "platform/util/McHandle.h"
 
-#include <QPointer>
 #include <QTimer>
 
 #include <string>
@@ -50,6 +49,8 @@ public:
     void setPhase(int phase);
 
     [[nodiscard]] ViewerRenderWidget *widget() const { return m_widget; }
+    /// To be called by the widget when it goes before its viewer does.
+    void widgetGone() { m_widget = nullptr; }
     /// The widget has another size.
     virtual void resized() = 0;
     /// What lies over the image now.
@@ -86,7 +87,7 @@ private:
     McHandle<KxVolume> m_volume;
     bool m_isSeriesOffered = false;
     int m_phase = 0;
-    QPointer<ViewerRenderWidget> m_widget;
+    ViewerRenderWidget *m_widget; ///< null once the window that it is in has gone
     std::unique_ptr<ExEventHandler> m_eventHandler;
     McHandle<ViewerOverlay> m_overlay;
     QTimer m_settleTimer;

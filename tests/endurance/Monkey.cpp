@@ -7,31 +7,26 @@
 #include "framework/tools/ExTool.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
+#include "platform/render/KxEngine.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int rememberedDeeds = 40;
-
-/// Ends whatever asks the user something, as Escape does.
-void leaveDialogs()
-{
-    if (QWidget *const popup = QApplication::activePopupWidget()) {
-        popup->close();
-    } else if (auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
-        dialog->reject();
-    }
-}
 
 /// Commands that leave the program or its world: the end, files, the desktop's own dialogs.
 bool isLeftOut(const std::string &key)
@@ -40,6 +35,29 @@ bool isLeftOut(const std::string &key)
         "File.SaveWindow", "File.OpenSession", "File.SaveSession", "Edit.ToolBars", "Help.About",
         "Measure.Copy"};
     return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+/// Ends whatever asks the user something, as Return or Escape do.
+void endDialogs(bool accepts)
+{
+    QWidget *const popup = QApplication::activePopupWidget();
+    QWidget *const modal = QApplication::activeModalWidget();
+    if (popup != nullptr) {
+        popup->close();
+    } else if (auto *const question = qobject_cast<QMessageBox *>(modal);
+               question != nullptr && accepts) {
+        question->buttons().constFirst()->click();
+    } else if (auto *const dialog = qobject_cast<QDialog *>(modal)) {
+        dialog->reject();
+    }
+}
+
+/// What must not be hit by chance: the ends of windows, and files outside.
+bool isTabooed(const QWidget &place)
+{
+    const auto *const button = qobject_cast<const QToolButton *>(&place);
+    const QAction *const action = button == nullptr ? nullptr : button->defaultAction();
+    return action != nullptr && isLeftOut(action->objectName().toStdString());
 }
 
 /// A tool that is at work when it goes.
@@ -62,12 +80,27 @@ bool areManaged(const ExBaseViewerGroup &viewers)
 } // namespace
 
 Monkey::Monkey(unsigned seed)
-    : m_random(seed)
+    : m_seed(seed)
     , m_series{PhantomSeries::make(PhantomSeries::Grid::Axial, "one"),
           PhantomSeries::make(PhantomSeries::Grid::Coronal, "two", 3),
           PhantomSeries::make(PhantomSeries::Grid::Oblique, "three", 1, "elsewhere")}
 {
+    addStudies();
     m_fixture.show(m_series.front());
+}
+
+void Monkey::addStudies()
+{
+    m_files.addStack(5);
+    for (int i = 11; i < 14; ++i) {
+        m_files.addSlice(i, 3 * i, {{"G0020-000E", "2.25.1.2"}});
+    }
+    // Another patient, whose third image is missing.
+    for (const int i : {21, 22, 24}) {
+        m_files.addSlice(i, 2 * i,
+            {{"G0010-0020", "ID2"}, {"G0010-0010", "Other^Patient"}, {"G0020-000D", "2.25.2"},
+                {"G0020-000E", "2.25.2.1"}});
+    }
 }
 
 QString Monkey::step()
@@ -82,17 +115,23 @@ QString Monkey::step()
         Kind{12, &Monkey::pressKey}, Kind{8, &Monkey::command}, Kind{2, &Monkey::chooseLayout},
         Kind{4, &Monkey::showSeries}, Kind{1, &Monkey::changeMonitors},
         Kind{2, &Monkey::changeWindow}, Kind{2, &Monkey::resizeWindow},
-        Kind{1, &Monkey::destroyTool}, Kind{10, &Monkey::rest}};
-    int place = below(107);
+        Kind{1, &Monkey::destroyTool}, Kind{1, &Monkey::openStudies}, Kind{3, &Monkey::openSeries},
+        Kind{2, &Monkey::closeSeries}, Kind{1, &Monkey::saveSession}, Kind{1, &Monkey::openSession},
+        Kind{10, &Monkey::rest}, Kind{1, &Monkey::settle}};
+    static const int weights = std::accumulate(
+        kinds.begin(), kinds.end(), 0, [](int sum, const Kind &kind) { return sum + kind.weight; });
+    beginStep();
+    int place = below(weights);
     const auto *kind = kinds.begin();
     while (place >= kind->weight) {
         place -= kind->weight;
         ++kind;
     }
     // A deed may open a dialog that waits for its user.
-    QTimer leaver;
-    QObject::connect(&leaver, &QTimer::timeout, &leaveDialogs);
-    leaver.start(20);
+    QTimer answer;
+    QObject::connect(
+        &answer, &QTimer::timeout, &answer, [accepts = below(2) == 0] { endDialogs(accepts); });
+    answer.start(20);
     m_deeds.append((this->*kind->deed)());
     if (m_deeds.size() > rememberedDeeds) {
         m_deeds.removeFirst();
@@ -100,11 +139,45 @@ QString Monkey::step()
     return brokenRule();
 }
 
+/// What a step does hangs on its number, not on how often the steps before it have drawn: that may
+/// differ with the time that something takes.
+void Monkey::beginStep()
+{
+    std::seed_seq seed{m_seed, m_step++};
+    m_random.seed(seed);
+    m_isSettled = false;
+}
+
 WorkstationViewer *Monkey::someViewer()
 {
     const auto viewers = m_fixture.workstation().viewers();
     return viewers.empty() ? nullptr
                            : viewers[static_cast<std::size_t>(below(int(viewers.size())))];
+}
+
+/// A viewer as a rule, else whatever is there in one of the windows.
+QWidget *Monkey::somePlace()
+{
+    WorkstationViewer *const viewer = someViewer();
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget *window) { return !window->isVisible(); });
+    if (below(3) != 0 || windows.isEmpty()) {
+        return viewer == nullptr ? nullptr : viewer->widget();
+    }
+    QWidget *const window = windows[below(int(windows.size()))];
+    QWidget *const place = window->childAt(somePoint(*window));
+    return place == nullptr || isTabooed(*place) ? nullptr : place;
+}
+
+QString Monkey::someSeries()
+{
+    static const std::array<const char *, 3> all{"2.25.1.1", "2.25.1.2", "2.25.2.1"};
+    return QLatin1String(all[static_cast<std::size_t>(below(int(all.size())))]);
+}
+
+QString Monkey::sessionFile() const
+{
+    return QString::fromStdString(m_files.path("saved.session").string());
 }
 
 QPoint Monkey::somePoint(const QWidget &widget)
@@ -130,9 +203,8 @@ void Monkey::sendMouse(QEvent::Type type, Qt::MouseButton button)
 
 QString Monkey::moveMouse()
 {
-    if (m_pressedOn == nullptr) {
-        WorkstationViewer *const viewer = someViewer();
-        m_pressedOn = viewer == nullptr ? nullptr : viewer->widget();
+    if (m_pressedOn == nullptr || !m_held) {
+        m_pressedOn = somePlace();
     }
     if (m_pressedOn != nullptr) {
         m_position = somePoint(*m_pressedOn);
@@ -147,8 +219,7 @@ QString Monkey::pressMouse()
         Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton, Qt::RightButton};
     const Qt::MouseButton button = buttons[static_cast<std::size_t>(below(int(buttons.size())))];
     if (!m_held) {
-        WorkstationViewer *const viewer = someViewer();
-        m_pressedOn = viewer == nullptr ? nullptr : viewer->widget();
+        m_pressedOn = somePlace();
         m_position = m_pressedOn == nullptr ? QPoint() : somePoint(*m_pressedOn);
     }
     m_held |= button;
@@ -170,8 +241,8 @@ QString Monkey::releaseMouse()
 QString Monkey::doubleClick()
 {
     releaseMouse();
-    if (WorkstationViewer *const viewer = someViewer()) {
-        QTest::mouseDClick(viewer->widget(), Qt::LeftButton, {}, somePoint(*viewer->widget()));
+    if (QWidget *const place = somePlace()) {
+        QTest::mouseDClick(place, Qt::LeftButton, {}, somePoint(*place));
     }
     return u"double click"_s;
 }
@@ -235,6 +306,38 @@ QString Monkey::showSeries()
     return u"series %1"_s.arg(choice);
 }
 
+QString Monkey::openStudies()
+{
+    m_fixture.session().open({QString::fromStdString(m_files.folder().string())});
+    return u"open the folder"_s;
+}
+
+QString Monkey::openSeries()
+{
+    const QStringList uids{someSeries(), someSeries()};
+    m_fixture.session().openSelection(uids);
+    return u"open "_s + uids.join(u' ');
+}
+
+QString Monkey::closeSeries()
+{
+    const QString uid = someSeries();
+    m_fixture.session().closeSeries({uid});
+    return u"close "_s + uid;
+}
+
+QString Monkey::saveSession()
+{
+    const QString problem = m_sessions.save(sessionFile());
+    return u"save the session "_s + problem;
+}
+
+QString Monkey::openSession()
+{
+    const QString problem = m_sessions.open(sessionFile());
+    return u"open the session "_s + problem;
+}
+
 QString Monkey::changeMonitors()
 {
     static const std::array<const char *, 5> sets{"1600x1200", "1600x1200 1280x1024",
@@ -290,7 +393,28 @@ QString Monkey::rest()
     return u"rest"_s;
 }
 
+QString Monkey::settle()
+{
+    releaseMouse();
+    if (ExTool *const cine = ExTool::getToolByDecorationKey("Phase.Cine", true)) {
+        cine->setActive(false); // Shows the next image for ever.
+    }
+    m_isSettled = true;
+    std::ignore = QTest::qWaitFor([this] { return brokenRest().isEmpty(); });
+    return u"settle"_s;
+}
+
 QString Monkey::brokenRule()
+{
+    for (const QString &broken : {brokenViewers(), brokenLinks(), brokenTools()}) {
+        if (!broken.isEmpty()) {
+            return broken;
+        }
+    }
+    return m_isSettled ? brokenRest() : QString();
+}
+
+QString Monkey::brokenViewers()
 {
     const ExViewerManager &manager = ExViewerManager::getInstance();
     const ExBaseViewerGroup all(nullptr, ExBaseViewerGroup::ALL_VIEWERS, Ex::ANY_VIEWER_TYPE);
@@ -300,6 +424,11 @@ QString Monkey::brokenRule()
     if (manager.activeViewer() != nullptr && !all.contains(manager.activeViewer())) {
         return u"the active viewer is none of the viewers"_s;
     }
+    return {};
+}
+
+QString Monkey::brokenLinks()
+{
     for (const LinkType &type : LinkType::all()) {
         for (int i = 0; i < ExViewerDB::numGroups(type.group); ++i) {
             const ExBaseViewerGroup &linked = ExViewerDB::group(type.group, i)->viewers();
@@ -308,13 +437,34 @@ QString Monkey::brokenRule()
             }
         }
     }
-    for (int i = 0; i < all.size(); ++i) {
-        const McDArray<ExModal *> &tools = all[i]->modalTools();
-        for (int k = 0; k < tools.size(); ++k) {
-            if (tools.indexOf(tools[k]) != k) {
+    return {};
+}
+
+QString Monkey::brokenTools()
+{
+    for (const ExBaseViewer *viewer :
+        ExBaseViewerGroup(nullptr, ExBaseViewerGroup::ALL_VIEWERS, Ex::ANY_VIEWER_TYPE)) {
+        const McDArray<ExModal *> &tools = viewer->modalTools();
+        for (int i = 0; i < tools.size(); ++i) {
+            if (tools.indexOf(tools[i]) != i) {
                 return u"a tool works twice on a viewer"_s;
             }
         }
     }
     return {};
+}
+
+/// What must have come to an end when the user does nothing.
+QString Monkey::brokenRest()
+{
+    if (m_fixture.workstation().session().isBusy() || m_sessions.isRestoring()) {
+        return u"reading does not end"_s;
+    }
+    if (!m_fixture.workstation().isSettled()) {
+        return u"a viewer does not get its final image"_s;
+    }
+    if (KxEngine::instance().renderQueue().numRequests() != 0) {
+        return u"the render queue is not empty"_s;
+    }
+    return QApplication::activeModalWidget() == nullptr ? QString() : u"a dialog stays"_s;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "client/session/WorkstationSessions.h"
 #include "tests/endtoend/WindowFixture.h"
+#include "tests/platform/dicomio/DicomFixture.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -8,9 +10,9 @@
 
 #include <random>
 
-/// A user without a plan: real input at random places, commands, layouts, monitors, series that
-/// come and go. The same seed does the same deeds. After each deed the rules are checked that hold
-/// whatever a user does.
+/// A user without a plan: real input at random places, commands, layouts, monitors, studies and
+/// sessions that come and go, dialogs that are accepted or left. The same seed does the same deeds.
+/// After each deed the rules are checked that hold whatever a user does.
 class Monkey
 {
 public:
@@ -33,24 +35,44 @@ private:
     QString command();
     QString chooseLayout();
     QString showSeries();
+    QString openStudies();
+    QString openSeries();
+    QString closeSeries();
+    QString saveSession();
+    QString openSession();
     QString changeMonitors();
     QString changeWindow();
     QString resizeWindow();
     QString destroyTool();
     QString rest();
+    QString settle();
 
+    void addStudies();
+    void beginStep();
     int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(m_random); }
     [[nodiscard]] WorkstationViewer *someViewer();
+    [[nodiscard]] QWidget *somePlace();
+    [[nodiscard]] QString someSeries();
+    [[nodiscard]] QString sessionFile() const;
     QPoint somePoint(const QWidget &widget);
     Qt::KeyboardModifiers someModifiers();
     void sendMouse(QEvent::Type type, Qt::MouseButton button);
-    [[nodiscard]] static QString brokenRule();
+    [[nodiscard]] QString brokenRule();
+    [[nodiscard]] static QString brokenViewers();
+    [[nodiscard]] static QString brokenLinks();
+    [[nodiscard]] static QString brokenTools();
+    [[nodiscard]] QString brokenRest();
 
+    unsigned m_seed;
+    unsigned m_step = 0;
     std::mt19937 m_random;
+    DicomFixture m_files;
     WindowFixture m_fixture;
+    WorkstationSessions m_sessions{m_fixture.workstation()};
     std::vector<McHandle<LoadedSeries>> m_series;
     QPointer<QWidget> m_pressedOn;
     QPoint m_position;
     Qt::MouseButtons m_held;
+    bool m_isSettled = false;
     QStringList m_deeds;
 };

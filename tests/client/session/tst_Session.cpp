@@ -209,6 +209,23 @@ private Q_SLOTS:
         QVERIFY(opened.viewer(0).series() != nullptr);
     }
 
+    /// A session that is being looked for must not hold up what the user does instead, nor the
+    /// autosave for ever.
+    void userDoesSomethingElseMeanwhile()
+    {
+        const Opened opened;
+        opened.openFolder(m_files);
+        QCOMPARE(opened.sessions->save(m_name), QString());
+        QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
+        QCOMPARE(opened.sessions->open(m_name), QString());
+        opened.workstation().session().close();
+        QVERIFY(!opened.sessions->isRestoring());
+        QCOMPARE(opened.sessions->open(m_name), QString());
+        opened.openFolder(m_files);
+        QVERIFY(opened.viewer(0).series() != nullptr);
+        QCOMPARE(finished, (QList<QVariantList>{{false, QString()}, {false, QString()}}));
+    }
+
     void autosaveIsOfferedAfterACrash()
     {
         const QTemporaryDir folder;
