@@ -128,10 +128,6 @@ private Q_SLOTS:
         window->showNormal(true);
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QTRY_COMPARE(window->geometry(), home);
-        QPixmap picture(16, 16);
-        picture.fill(Qt::red);
-        window->setWindowIcon(QIcon(picture));
-
         // The window manager maximises: that is full screen here, and back is where it was.
         window->QWidget::showMaximized();
         QTRY_VERIFY(window->isFullScreen());
@@ -139,14 +135,6 @@ private Q_SLOTS:
         QVERIFY(window->windowFlags().testFlag(Qt::FramelessWindowHint));
         window->restoreWidget();
         QTRY_COMPARE(window->geometry(), home);
-        for (int i = 0; i < 3; ++i) {
-            window->showFullScreen();
-            QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
-            window->restoreWidget();
-            QTRY_COMPARE(window->geometry(), home);
-        }
-        QVERIFY(!window->windowIcon().isNull());
-
         window->showFullScreen();
         QTRY_COMPARE(window->geometry(), QRect(0, 0, 1280, 1024));
         window->minimizeWidget();
