@@ -169,10 +169,9 @@ private Q_SLOTS:
 
     void languages()
     {
-        const std::tuple<QString, QString, QString> rows[]
-            = {// On the command line, in the settings, used
-                {{}, u"de"_s, u"de"_s}, {u"en"_s, u"de"_s, u"en"_s}, {u"fr"_s, u"de"_s, u"en"_s},
-                {u"?"_s, {}, u"en"_s}};
+        // On the command line, in the settings, used
+        const std::tuple<QString, QString, QString> rows[] = {{{}, u"de"_s, u"de"_s},
+            {u"en"_s, u"de"_s, u"en"_s}, {u"fr"_s, u"de"_s, u"en"_s}, {u"?"_s, {}, u"en"_s}};
         for (const auto &[given, setting, used] : rows) {
             Translations::languageProperty().setValue(setting);
             Translations::install(given);

@@ -38,9 +38,9 @@ private Q_SLOTS:
     void defaultStyle()
     {
         const QByteArray granted(R"({"grantedFunctions": [140]})");
+        // The policy, the settings, the style
         const std::tuple<QByteArray, QByteArray, QByteArray> rows[]
-            = {// The policy, the settings, the style
-                {granted, "", "Native Style"}, {"{}", "", "Movara Medium"},
+            = {{granted, "", "Native Style"}, {"{}", "", "Movara Medium"},
                 {granted, "UI.ColorScheme=Movara Dark\n", "Movara Dark"}};
         for (const auto &[policy, stored, style] : rows) {
             m_settings.setPolicy(policy);

@@ -134,9 +134,9 @@ private Q_SLOTS:
 
     void password()
     {
+        // Whether one is proposed, what is typed, the button, what the answer looks like
         const std::tuple<bool, QString, const char *, QString> rows[]
-            = {// Whether one is proposed, what is typed, the button, what the answer looks like
-                {false, u"s3cret"_s, "mOK", u"^s3cret$"_s}, {true, u"s3cret"_s, "mCancel", u"^$"_s},
+            = {{false, u"s3cret"_s, "mOK", u"^s3cret$"_s}, {true, u"s3cret"_s, "mCancel", u"^$"_s},
                 {true, QString(), "mOK", passwordForm}, {true, u"mine"_s, "mOK", u"^mine$"_s}};
         for (const auto &row : rows) {
             const auto &[generate, typed, button, form] = row;

@@ -94,10 +94,11 @@ private Q_SLOTS:
         const QRect fallback(30, 40, 300, 200);
         const QRect inside(10, 10, 400, 300);
         const QRect rightEdge(1000, 10, 400, 300); // leaves 280 columns of it
-        const std::tuple<QRect, QRect, QRect> rows[] = {// Stored, fallback, restored
-            {inside, fallback, inside}, {rightEdge, fallback, rightEdge},
-            {{1200, 10, 400, 300}, fallback, fallback}, {{10, -1, 400, 300}, fallback, fallback},
-            {{}, {}, {340, 362, 600, 300}}, {{}, {0, 0, -5, 0}, {340, 362, 600, 300}}};
+        // Stored, fallback, restored
+        const std::tuple<QRect, QRect, QRect> rows[] = {{inside, fallback, inside},
+            {rightEdge, fallback, rightEdge}, {{1200, 10, 400, 300}, fallback, fallback},
+            {{10, -1, 400, 300}, fallback, fallback}, {{}, {}, {340, 362, 600, 300}},
+            {{}, {0, 0, -5, 0}, {340, 362, 600, 300}}};
         setMonitors("1280x1024");
         int number = 0;
         for (const auto &[stored, given, expected] : rows) {

@@ -55,10 +55,10 @@ private Q_SLOTS:
 
     void commands()
     {
+        // Whether it is a state, and whether the command succeeds
         const std::tuple<bool, bool, QString> rows[]
-            = {// Whether it is a state, and whether the command succeeds
-                {false, true,
-                    u"1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: "_s},
+            = {{false, true,
+                   u"1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: "_s},
                 {false, false, u"0: run|0: run on viewer|1: "_s},
                 {true, true,
                     u"1: shows c,update,run,shows c,update viewer|1: update|"

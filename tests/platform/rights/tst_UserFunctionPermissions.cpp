@@ -116,9 +116,9 @@ private Q_SLOTS:
     {
         const QString fromVariable = u"tool 1 editor 1 native 1 Old.Zoom"_s;
         const QString fromSite = u"tool 1 editor 1 native 0 fromSite"_s;
+        // The variable's file, the site's settings, what the rights say then
         const std::tuple<QString, QByteArray, QString> rows[]
-            = {// The variable's file, the site's settings, what the rights say then
-                {QString(), "UI.A=1\n", allowed}, {u"variable.json"_s, "UI.A=1\n", fromVariable},
+            = {{QString(), "UI.A=1\n", allowed}, {u"variable.json"_s, "UI.A=1\n", fromVariable},
                 {QString(), "Rights.PolicyFile=site.json\n", fromSite},
                 {u"variable.json"_s, "Rights.PolicyFile=site.json\n", fromVariable},
                 {u"absent.json"_s, "", denied}, {u"."_s, "", denied}, // a folder
