@@ -36,14 +36,10 @@ public:
 class FakeViewerManager : public ExViewerManager
 {
 public:
-    ExScreen *screenForViewer(ExBaseViewer * /*viewer*/) override
-    {
-        return hasScreen ? &screen : nullptr;
-    }
+    ExScreen *screenForViewer(ExBaseViewer * /*viewer*/) override { return &screen; }
     /// Adds a viewer without placing it.
     void add(ExBaseViewer *viewer) { addViewer(viewer, McBox2f(), false); }
     using ExViewerManager::unusedViewer;
 
     FakeScreen screen;
-    bool hasScreen = true;
 };

@@ -16,7 +16,7 @@ public:
         qputenv("MOVARA_SETTINGS_FILE", path("settings.ini").toUtf8());
         qputenv("MOVARA_AUDIT_FILE", path("audit.jsonl").toUtf8());
         qputenv("MOVARA_LOG_DIR", m_folder.path().toUtf8());
-        qunsetenv("MOVARA_SITE_SETTINGS");
+        qputenv("MOVARA_SITE_SETTINGS", path("site.ini").toUtf8());
     }
 
     /// Puts another policy in force; JSON, see UserFunctionPermissions.

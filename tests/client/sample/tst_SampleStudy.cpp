@@ -3,10 +3,10 @@
 #include "platform/dicomio/DicomScanner.h"
 #include "platform/dicomio/DicomVolumeReader.h"
 #include "platform/util/McProgressInterface.h"
+#include "tests/support/Files.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -36,11 +36,8 @@ QByteArray fingerprint(const QTemporaryDir &folder)
     names.sort();
     QCryptographicHash hash(QCryptographicHash::Sha1);
     for (const QString &name : names) {
-        QFile file(name);
         hash.addData(QDir(folder.path()).relativeFilePath(name).toUtf8());
-        if (file.open(QIODevice::ReadOnly)) {
-            hash.addData(file.readAll());
-        }
+        hash.addData(readFile(name));
     }
     return hash.result();
 }
@@ -92,18 +89,10 @@ Voxels voxelsAround(const KxVolume &volume, const McVec3d &center, double radius
 class Impatience final : public McProgressInterface
 {
 public:
-    void setProgressValue(float value) override
-    {
-        m_grows = m_grows && value > m_value;
-        m_value = value;
-        ++m_steps;
-    }
+    void setProgressValue(float /*value*/) override { ++m_steps; }
     int wasInterrupted() override { return m_steps >= 7 ? 1 : 0; }
-    [[nodiscard]] bool grew() const { return m_grows; }
 
 private:
-    bool m_grows = true;
-    float m_value = 0;
     int m_steps = 0;
 };
 
@@ -162,54 +151,27 @@ private Q_SLOTS:
         QVERIFY(!frames.contains(QString()));
     }
 
-    void objectsToMeasure_data()
-    {
-        QTest::addColumn<QString>("description");
-        QTest::newRow("axial") << u"Trunk soft 2.5"_s;
-        QTest::newRow("coronal") << u"Trunk sharp coronal 3"_s;
-    }
-
     /// Found at the same place and size in reconstructions that lie differently.
     void objectsToMeasure()
     {
-        QFETCH(const QString, description);
-        const McHandle<KxImageSeries> volumes = load(series(description.toUtf8().constData()));
-        QVERIFY(volumes);
-        const KxVolume &volume = *volumes->volume(0);
-        const double voxel = std::abs(volume.voxelToPatient().determinant());
-        const double tolerance = 0.06;
-
-        const Voxels inSphere = voxelsAround(volume, SampleStudy::sphereCenter, 15, -2000);
-        QVERIFY2(std::abs(inSphere.mean - 200) < 3, qPrintable(QString::number(inSphere.mean)));
-        const double radius = SampleStudy::sphereDiameter / 2;
-        const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);
-        const double halfway = 132; // between the sphere and the muscle around
-        const Voxels bright = voxelsAround(volume, SampleStudy::sphereCenter, radius + 4, halfway);
-        QVERIFY2(std::abs(bright.count * voxel / sphere - 1) < tolerance,
-            qPrintable(QString::number(bright.count * voxel / sphere)));
-
-        const double cube = std::pow(SampleStudy::cubeEdge, 3);
-        const Voxels brighter = voxelsAround(volume, SampleStudy::cubeCenter, 30, 182);
-        QVERIFY2(std::abs(brighter.count * voxel / cube - 1) < tolerance,
-            qPrintable(QString::number(brighter.count * voxel / cube)));
-    }
-
-    void contrastAgentArrivesAndLeaves()
-    {
-        const McHandle<KxImageSeries> volumes = load(series("Liver contrast 5 phases"));
-        QVERIFY(volumes);
-        QCOMPARE(volumes->numVolumes(), 5);
-        std::vector<double> aorta;
-        std::vector<double> liver;
-        for (int phase = 0; phase < volumes->numVolumes(); ++phase) {
-            aorta.push_back(voxelsAround(*volumes->volume(phase), {16, 24, -50}, 9, -2000).mean);
-            liver.push_back(voxelsAround(*volumes->volume(phase), {-50, -20, -40}, 9, -2000).mean);
+        for (const char *description : {"Trunk soft 2.5", "Trunk sharp coronal 3"}) {
+            const McHandle<KxImageSeries> volumes = load(series(description));
+            QVERIFY(volumes);
+            const KxVolume &volume = *volumes->volume(0);
+            const double voxel = std::abs(volume.voxelToPatient().determinant());
+            const double radius = SampleStudy::sphereDiameter / 2;
+            const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);
+            const double cube = std::pow(SampleStudy::cubeEdge, 3);
+            // Thresholds halfway to what surrounds them
+            const Voxels all = voxelsAround(volume, SampleStudy::sphereCenter, 15, -2000);
+            const Voxels bright = voxelsAround(volume, SampleStudy::sphereCenter, radius + 4, 132);
+            const Voxels brighter = voxelsAround(volume, SampleStudy::cubeCenter, 30, 182);
+            QVERIFY2(std::abs(all.mean - 200) < 3, qPrintable(QString::number(all.mean)));
+            for (const double share :
+                {bright.count * voxel / sphere, brighter.count * voxel / cube}) {
+                QVERIFY2(std::abs(share - 1) < 0.06, qPrintable(QString::number(share)));
+            }
         }
-        QVERIFY(std::max_element(aorta.begin(), aorta.end()) - aorta.begin() == 1);
-        QVERIFY(std::max_element(liver.begin(), liver.end()) - liver.begin() == 3);
-        QVERIFY(aorta[1] > aorta[0] + 200);
-        QVERIFY(aorta[4] < aorta[1] - 200);
-        QCOMPARE(volumes->phaseLabel(1), std::string("t 2"));
     }
 
     void interruption()
@@ -218,17 +180,7 @@ private Q_SLOTS:
         Impatience progress;
         QCOMPARE(SampleStudy::write(pathOf(folder), &progress),
             std::string("Writing the sample study was interrupted."));
-        QVERIFY(progress.grew());
         QCOMPARE(DicomScanner::scanNow({pathOf(folder)}).numFiles, 7);
-    }
-
-    void folderThatCannotBeMade()
-    {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath(u"taken"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        const std::string error = SampleStudy::write(pathOf(folder) / "taken");
-        QVERIFY2(error.find("cannot be made") != std::string::npos, error.c_str());
     }
 
 private:

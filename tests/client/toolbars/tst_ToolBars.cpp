@@ -4,7 +4,6 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/Files.h"
 #include "tests/support/NextDialog.h"
-#include "tests/support/Rows.h"
 
 #include <QFile>
 #include <QMainWindow>
@@ -32,6 +31,18 @@ QStringList shownBars(ExMonitorWidget &window)
         bars += line;
     }
     return bars;
+}
+
+/// Makes the workstation; what its message about the tool bars says.
+QString toldBy(std::unique_ptr<WindowFixture> &fixture)
+{
+    QString told;
+    const NextDialog dialog([&told](QWidget &box) {
+        told = qobject_cast<QMessageBox *>(&box)->text();
+        box.close();
+    });
+    fixture = std::make_unique<WindowFixture>();
+    return QTest::qWaitFor([&dialog] { return dialog.hasAppeared(); }) ? told : u"nothing"_s;
 }
 
 } // namespace
@@ -69,50 +80,38 @@ private Q_SLOTS:
         QVERIFY(std::get<ToolBarLayout>(result) == expected);
     }
 
-    void badFiles_data()
-    {
-        const Rows<QByteArray, int, QString> file("content", "line", "text");
-        const auto row = [&](const char *name, const char *bars, int line, const char *text) {
-            file(name, QByteArray(QByteArray("<ToolBars>\n") + bars + "\n</ToolBars>"), line, text);
-        };
-        row("other element", "<ToolBar Id='A' Label='A'>\n<Tol Id='X'/>\n</ToolBar>", 3,
-            "<Tol> is not");
-        row("no Id", "<ToolBar Id='A' Label='A'>\n\n<Tool/>\n</ToolBar>", 4,
-            "<Tool> needs the attribute \"Id\"");
-        row("empty Id", "<ToolBar Id='' Label='A'/>", 2, "<ToolBar> needs the attribute \"Id\"");
-        row("no label", "<ToolBar Id='A'/>", 2, "needs the attribute \"Label\"");
-        row("unknown attribute", "<ToolBar Id='A' Label='A' Icon='x'/>", 2,
-            "has no attribute \"Icon\"");
-        row("size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='wide'/></ToolBar>", 3,
-            "\"wide\" is no size");
-        row("negative size", "<ToolBar Id='A' Label='A'>\n<Spacer Size='-1'/></ToolBar>", 3,
-            "\"-1\" is no size");
-        row("tool in tool",
-            "<ToolBar Id='A' Label='A'>\n<Tool Id='X'>\n<Tool Id='Y'/></Tool></ToolBar>", 4,
-            "<Tool> is not");
-        row("pop-up in pop-up",
-            "<ToolBar Id='A' Label='A'>\n<Popup Id='P' Label='P'>\n<Popup Id='Q' "
-            "Label='Q'/></Popup></ToolBar>",
-            4, "<Popup> is not");
-        row("same bar twice", "<ToolBar Id='A' Label='A'/>\n<ToolBar Id='A' Label='B'/>", 3,
-            "two tool bars");
-        row("not closed", "<ToolBar Id='A' Label='A'>\n", 4, "");
-        file("empty", QByteArray(), 1, "");
-        file("no XML", QByteArray("[ToolBars]\nA=1\n"), 1, "");
-        file("other file", QByteArray("<html/>"), 1, "<html> is not");
-        file("more after the end", QByteArray("<ToolBars/>\n<ToolBars/>"), 2, "");
-    }
-
     void badFiles()
     {
-        QFETCH(const QByteArray, content);
-        QFETCH(const int, line);
-        QFETCH(const QString, text);
-        const auto result = ToolBarLayout::read(content);
-        QVERIFY(std::holds_alternative<ToolBarLayout::Error>(result));
-        const auto &error = std::get<ToolBarLayout::Error>(result);
-        QVERIFY2(error.line == line && error.text.contains(text) && !error.text.isEmpty(),
-            qPrintable(QString::number(error.line) % u": " % error.text));
+        const auto inBars = [](const QByteArray &bars) -> QByteArray {
+            return "<ToolBars>\n" + bars + "\n</ToolBars>";
+        };
+        const auto inBar = [&](const QByteArray &items) {
+            return inBars("<ToolBar Id='A' Label='A'>\n" + items + "</ToolBar>");
+        };
+        const std::tuple<QByteArray, int, const char *> rows[]
+            = {{inBar("<Tol Id='X'/>\n"), 3, "<Tol> is not"},
+                {inBar("\n<Tool/>\n"), 4, "<Tool> needs the attribute \"Id\""},
+                {inBars("<ToolBar Id='' Label='A'/>"), 2, "<ToolBar> needs the attribute \"Id\""},
+                {inBars("<ToolBar Id='A'/>"), 2, "needs the attribute \"Label\""},
+                {inBars("<ToolBar Id='A' Label='A' Icon='x'/>"), 2, "has no attribute \"Icon\""},
+                {inBar("<Spacer Size='wide'/>"), 3, "\"wide\" is no size"},
+                {inBar("<Spacer Size='-1'/>"), 3, "\"-1\" is no size"},
+                {inBar("<Tool Id='X'>\n<Tool Id='Y'/></Tool>"), 4, "<Tool> is not"},
+                {inBar("<Popup Id='P' Label='P'>\n<Popup Id='Q' Label='Q'/></Popup>"), 4,
+                    "<Popup> is not"},
+                {inBars("<ToolBar Id='A' Label='A'/>\n<ToolBar Id='A' Label='B'/>"), 3,
+                    "two tool bars"},
+                {inBars("<ToolBar Id='A' Label='A'>\n"), 4, ""}, {"", 1, ""},
+                {"[ToolBars]\nA=1\n", 1, ""}, {"<html/>", 1, "<html> is not"},
+                {"<ToolBars/>\n<ToolBars/>", 2, ""}};
+        for (const auto &[content, line, text] : rows) {
+            const auto result = ToolBarLayout::read(content);
+            QVERIFY2(std::holds_alternative<ToolBarLayout::Error>(result), content.constData());
+            const auto &error = std::get<ToolBarLayout::Error>(result);
+            QVERIFY2(error.line == line && error.text.contains(QLatin1String(text))
+                    && !error.text.isEmpty(),
+                qPrintable(QString::number(error.line) % u": " % error.text));
+        }
     }
 
     void barsOfTheUser()
@@ -147,20 +146,15 @@ private Q_SLOTS:
             "<Tool Id='No.Such.Tool'/><Separator/><Tool Id='View.Flip'/><Tool Id='View.Invert'/>\n"
             "<Separator/><Tool Id='Phase.Previous'/></ToolBar></ToolBars>");
         WindowFixture::settings().setPolicy(R"({"deniedTools": ["Phase.*"]})");
-        QString told;
-        const NextDialog dialog([&told](QWidget &box) {
-            told = qobject_cast<QMessageBox *>(&box)->text();
-            box.close();
-        });
-        WindowFixture fixture;
-        QTRY_VERIFY(dialog.hasAppeared());
+        std::unique_ptr<WindowFixture> fixture;
+        const QString told = toldBy(fixture);
         WindowFixture::settings().setPolicy("{}");
         const QString file = ToolBars::userFile();
         QVERIFY2(told.endsWith(file % u", line 3: There is no tool \"No.Such.Tool\".\n" % file
                      % u", line 3: There is no tool \"View.Flip\"."),
             qPrintable(told));
         QStringList actions;
-        for (const QAction *action : fixture.window().findChild<ExToolBar *>()->actions()) {
+        for (const QAction *action : fixture->window().findChild<ExToolBar *>()->actions()) {
             actions += action->isSeparator() ? QStringLiteral("|") : action->objectName();
         }
         QCOMPARE(actions.join(u' '), QStringLiteral("View.Reset | View.Invert"));
@@ -170,16 +164,11 @@ private Q_SLOTS:
     {
         const QByteArray damaged = "<ToolBars>\n<ToolBar Id='Mine'/>\n</ToolBars>";
         writeFile(ToolBars::userFile(), damaged);
-        QString told;
-        const NextDialog dialog([&told](QWidget &box) {
-            told = qobject_cast<QMessageBox *>(&box)->text();
-            box.close();
-        });
-        WindowFixture fixture;
-        QTRY_VERIFY(dialog.hasAppeared());
+        std::unique_ptr<WindowFixture> fixture;
+        const QString told = toldBy(fixture);
         QVERIFY2(
             told.contains(ToolBars::userFile() % u", line 2: <ToolBar> needs"), qPrintable(told));
-        QVERIFY(shownBars(fixture.window()).constFirst().startsWith(u"View: File.OpenFolder"_s));
+        QVERIFY(shownBars(fixture->window()).constFirst().startsWith(u"View: File.OpenFolder"_s));
         QCOMPARE(readFile(ToolBars::userFile()), damaged);
     }
 

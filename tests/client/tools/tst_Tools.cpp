@@ -1,18 +1,14 @@
 #include "client/app/NotificationWatch.h"
-#include "client/application/SvgIconEngine.h"
 #include "client/application/Translations.h"
 #include "client/application/WorkstationDecoration.h"
-#include "client/layout/LayoutTable.h"
 #include "client/panels/StudyTree.h"
 #include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExToolBar.h"
-#include "framework/tools/ExToolUI.h"
 #include "framework/tools/ToolModule.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "platform/toolkit/QxStyleFactory.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/NextDialog.h"
-#include "tests/support/Rows.h"
 
 #include <QAbstractSpinBox>
 #include <QAccessible>
@@ -66,6 +62,22 @@ QStringList shownKeys(ExMonitorWidget &window)
     return keys;
 }
 
+/// Of an icon's pixels against the window's ground; 0 for a picture of the wrong size.
+double bestContrast(const QIcon &icon, QIcon::Mode mode, double scale)
+{
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    const QPixmap pixmap = icon.pixmap(QSize(24, 24), scale, mode);
+    QImage picture(pixmap.size(), QImage::Format_RGB32);
+    picture.fill(ground);
+    QPainter(&picture).drawPixmap(QRect(QPoint(), picture.size()), pixmap);
+    double best = picture.width() == 24 * scale ? 1 : 0;
+    for (int i = 0; best > 0 && i < picture.width() * picture.height(); ++i) {
+        const QColor color = picture.pixelColor(i % picture.width(), i / picture.width());
+        best = std::max(best, QxStyleFactory::contrast(color, ground));
+    }
+    return best;
+}
+
 QString helpText(WindowFixture &fixture)
 {
     WorkstationApplication::instance().showHelp({});
@@ -109,82 +121,51 @@ private Q_SLOTS:
         QVERIFY(shownKeys(fixture.window()).contains(u"View.Invert"_s));
     }
 
-    void decorated_data()
-    {
-        QTest::addColumn<QString>("language");
-        QTest::newRow("English") << "en";
-        QTest::newRow("German") << "de";
-    }
-
     void decorated()
     {
-        QFETCH(const QString, language);
         const auto restore = qScopeGuard([] { Translations::install(u"en"_s); });
-        Translations::install(language);
-        QCOMPARE(Translations::current(), language);
-        const WorkstationDecoration decoration;
-        QStringList missing;
-        QMap<QString, QString> shortCuts;
-        for (const auto &[key, english] : ToolModule::decorations()) {
-            const char *const name = key.c_str();
-            const bool isWhole = !decoration.text(name, true).isEmpty()
-                && !decoration.text(name, false).isEmpty() && !decoration.category(name).isEmpty()
-                && !decoration.toolTip(name).isEmpty() && !decoration.icon(name).isNull();
-            const bool isTranslated = language == u"en"_s
-                || !decoration.toolTip(name).startsWith(QString::fromUtf8(english.toolTip));
-            const QString keys = decoration.shortCut(name);
-            const bool isFree = keys.isEmpty() || !shortCuts.contains(keys);
-            shortCuts.insert(keys, decoration.text(name, false));
-            const bool isKeyKnown
-                = keys.isEmpty() || QKeySequence(keys)[0].key() != Qt::Key_unknown;
-            if (!isWhole || !isTranslated || !isFree || !isKeyKnown) {
-                missing += QString::fromStdString(key);
+        for (const QString &language : {u"en"_s, u"de"_s}) {
+            Translations::install(language);
+            const WorkstationDecoration decoration;
+            QStringList faults;
+            QMap<QString, QString> shortCuts;
+            for (const auto &[key, english] : ToolModule::decorations()) {
+                const char *const name = key.c_str();
+                const bool isWhole = !decoration.text(name, true).isEmpty()
+                    && !decoration.text(name, false).isEmpty()
+                    && !decoration.category(name).isEmpty() && !decoration.toolTip(name).isEmpty()
+                    && !decoration.icon(name).isNull();
+                const bool isTranslated = language == u"en"_s
+                    || !decoration.toolTip(name).startsWith(QString::fromUtf8(english.toolTip));
+                const QString keys = decoration.shortCut(name);
+                const bool isFree = keys.isEmpty()
+                    || (!shortCuts.contains(keys)
+                        && QKeySequence(keys)[0].key() != Qt::Key_unknown);
+                shortCuts.insert(keys, decoration.text(name, false));
+                if (!isWhole || !isTranslated || !isFree) {
+                    faults += QString::fromStdString(key);
+                }
             }
-        }
-        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u',')));
-        QVERIFY(decoration.keys().size() > 30);
-        QVERIFY(!decoration.isKnown("Tool.Unknown") && decoration.icon("Tool.Unknown").isNull());
-    }
-
-    void iconsAreReadable_data()
-    {
-        QTest::addColumn<QString>("style");
-        QTest::addColumn<double>("scale");
-        for (const QString &style : QxStyleFactory::instance().styleNames()) {
-            for (const double scale : {1.0, 2.0}) {
-                QTest::addRow("%s at %.0f %%", qPrintable(style), scale * 100) << style << scale;
-            }
+            QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u',')));
+            QVERIFY(decoration.keys().size() > 30);
         }
     }
 
     void iconsAreReadable()
     {
-        QFETCH(const QString, style);
-        QFETCH(const double, scale);
         WorkstationApplication application;
-        application.setCurrentStyle(style);
-        const QColor ground = QApplication::palette().color(QPalette::Window);
-        const auto bestContrast = [&](const QIcon &icon, QIcon::Mode mode) {
-            const QPixmap pixmap = icon.pixmap(QSize(24, 24), scale, mode);
-            QImage picture(pixmap.size(), QImage::Format_RGB32);
-            picture.fill(ground);
-            QPainter(&picture).drawPixmap(QRect(QPoint(), picture.size()), pixmap);
-            double best = 1;
-            for (int y = 0; y < picture.height(); ++y) {
-                for (int x = 0; x < picture.width(); ++x) {
-                    best = std::max(
-                        best, QxStyleFactory::contrast(picture.pixelColor(x, y), ground));
+        for (const QString &style : QxStyleFactory::instance().styleNames()) {
+            application.setCurrentStyle(style);
+            for (const auto &[key, english] : ToolModule::decorations()) {
+                const QIcon icon = WorkstationDecoration().icon(key.c_str());
+                for (const double scale : {1.0, 2.0}) {
+                    const double normal = bestContrast(icon, QIcon::Normal, scale);
+                    const double disabled = bestContrast(icon, QIcon::Disabled, scale);
+                    const QString name = style % u' ' % QString::fromStdString(key);
+                    QVERIFY2(normal >= 4.5, qPrintable(name));
+                    QVERIFY2(disabled > 1.2 && disabled < normal, qPrintable(name));
                 }
             }
-            return picture.width() == 24 * scale ? best : 0.0;
-        };
-        const WorkstationDecoration decoration;
-        for (const auto &[key, english] : ToolModule::decorations()) {
-            const QIcon icon = decoration.icon(key.c_str());
-            const double normal = bestContrast(icon, QIcon::Normal);
-            const double disabled = bestContrast(icon, QIcon::Disabled);
-            QVERIFY2(normal >= 4.5, key.c_str());
-            QVERIFY2(disabled > 1.2 && disabled < normal, key.c_str());
         }
         application.setCurrentStyle(u"Movara Medium"_s);
     }
@@ -216,42 +197,34 @@ private Q_SLOTS:
         QVERIFY2(nameless.isEmpty(), qPrintable(nameless.join(u',')));
     }
 
-    void keyActsOnce_data()
-    {
-        QTest::addColumn<QString>("focus");
-        for (const char *focus : {"viewer", "panel", "floating window", "Help.Manual",
-                 "Help.ShortCuts", "Edit.Settings"}) {
-            QTest::newRow(focus) << focus;
-        }
-    }
-
     void keyActsOnce()
     {
-        QFETCH(const QString, focus);
         WindowFixture fixture;
         fixture.show(PhantomSeries::make(Grid::Axial));
         QWidget floating(&fixture.window(), Qt::Tool);
-        QWidget *target = fixture.slice(0).widget();
-        if (focus == u"panel"_s) {
-            target = fixture.window().findChild<StudyTree *>();
-        } else if (focus == u"floating window"_s) {
-            target = &floating;
-            floating.setFocusPolicy(Qt::StrongFocus);
-            floating.show();
-        } else if (focus.contains(u'.')) {
-            tool(qPrintable(focus)).setActive(true);
-            target = fixture.window().findChild<QDialogButtonBox *>()->buttons().first();
+        floating.setFocusPolicy(Qt::StrongFocus);
+        floating.show();
+        QWidgetList targets{
+            fixture.slice(0).widget(), fixture.window().findChild<StudyTree *>(), &floating};
+        for (const char *dialog : {"Help.Manual", "Help.ShortCuts", "Edit.Settings"}) {
+            tool(dialog).setActive(true);
         }
-        target->window()->activateWindow();
-        target->setFocus();
-        QTRY_COMPARE(QApplication::focusWidget(), target);
+        for (const auto *box : fixture.window().findChildren<QDialogButtonBox *>()) {
+            targets += box->buttons().first();
+        }
+        QCOMPARE(targets.size(), 6);
         int changes = 0;
         const McHandle<NotificationWatch> watch(new NotificationWatch(
             {ExNotification::VIEWER_FLIPPED}, [&](const ExNotification &) { ++changes; }));
-        QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
-        QCOMPARE(changes, 1);
-        QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
-        QCOMPARE(changes, 2);
+        for (QWidget *target : targets) {
+            target->window()->activateWindow();
+            target->setFocus();
+            QTRY_COMPARE(QApplication::focusWidget(), target);
+            for (int i = 0; i < 2; ++i) {
+                QTest::keyClick(target->window()->windowHandle(), Qt::Key_H);
+                QCOMPARE(std::exchange(changes, 0), 1);
+            }
+        }
     }
 
     void keysLeaveTextsAndDialogsAlone()
@@ -326,87 +299,65 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), list);
     }
 
-    void everyLayoutHasATool()
-    {
-        WindowFixture fixture;
-        for (const QString &name : LayoutTable::names()) {
-            ExTool &choice = tool(qPrintable(QLatin1String("Layout.") % name));
-            choice.setActive(true);
-            QCOMPARE(fixture.workstation().layouts().current(), name);
-            choice.getUI()->action()->trigger(); // Once more changes nothing.
-            QCOMPARE(fixture.workstation().layouts().current(), name);
-            QVERIFY(choice.getUI()->action()->isChecked());
-        }
-    }
-
     void invertedInLinkedViewers()
     {
         WindowFixture fixture;
         fixture.show(PhantomSeries::make(Grid::Axial));
-        const auto grey = [&](int i, const McVec3d &point) {
-            const QPoint at = fixture.slice(i).positionOf(point).toPoint();
-            return qGray(fixture.slice(i).widget()->frame().pixel(at));
+        const auto greys = [&fixture] {
+            QList<int> all;
+            for (const int i : {0, 1}) {
+                const SliceViewer &viewer = fixture.slice(i);
+                const QPointF middle = viewer.positionOf(viewer.shownSlice().center());
+                all += qGray(viewer.widget()->frame().pixel(middle.toPoint()));
+            }
+            return all + QList<int>{qGray(fixture.slice(0).widget()->frame().pixel(2, 2))};
         };
-        const auto centers = [&] {
-            return QList<int>{grey(0, fixture.slice(0).shownSlice().center()),
-                grey(1, fixture.slice(1).shownSlice().center())};
-        };
-        const QList<int> before = centers();
+        const QList<int> before = greys();
         tool("View.Invert").setActive(true);
         fixture.settle();
-        QCOMPARE(centers(), (QList<int>{255 - before[0], 255 - before[1]}));
-        QCOMPARE(qGray(fixture.slice(0).widget()->frame().pixel(2, 2)), 0); // outside the volume
-        QVERIFY(fixture.slice(0)
-                    .overlayContent()
-                    .corners[OverlayContent::BottomRight]
-                    .constFirst()
-                    .endsWith(u"inverted"_s));
+        QCOMPARE(greys(), (QList<int>{255 - before[0], 255 - before[1], 0})); // 0: not the volume
+        const auto &corners = fixture.slice(0).overlayContent().corners;
+        QVERIFY(corners[OverlayContent::BottomRight].constFirst().endsWith(u"inverted"_s));
         tool("View.Reset").setActive(true);
         fixture.settle();
-        QCOMPARE(centers(), before);
-    }
-
-    void flipped_data()
-    {
-        // letters: left, right, top, bottom
-        const Rows<QString, QString, bool> row("keys", "letters", "isMirrored");
-        row("horizontally", "View.FlipHorizontal", "LRAP", true);
-        row("vertically", "View.FlipVertical", "RLPA", true);
-        row("both", "View.FlipHorizontal View.FlipVertical", "LRPA", false);
+        QCOMPARE(greys(), before);
     }
 
     void flipped()
     {
-        QFETCH(const QString, keys);
-        QFETCH(const QString, letters);
-        QFETCH(const bool, isMirrored);
+        const std::tuple<bool, bool, const char *> rows[]
+            = {// Across, down; the letters at the left, right, top, bottom
+                {true, false, "LRAP"}, {false, true, "RLPA"}, {true, true, "LRPA"}};
         WindowFixture fixture;
         fixture.show(PhantomSeries::make(Grid::Axial));
         SliceViewer &viewer = fixture.slice(0);
-        viewer.scrollTo(PhantomSeries::ball);
-        fixture.settle();
-        const QImage before = viewer.widget()->frame();
-        const bool across = keys.contains(u"Horizontal"_s);
-        const bool down = keys.contains(u"Vertical"_s);
-        for (const QString &key : keys.split(u' ')) {
-            tool(qPrintable(key)).setActive(true);
+        for (const auto &[across, down, letters] : rows) {
+            viewer.scrollTo(PhantomSeries::ball);
+            fixture.settle();
+            const QImage before = viewer.widget()->frame();
+            if (across) {
+                tool("View.FlipHorizontal").setActive(true);
+            }
+            if (down) {
+                tool("View.FlipVertical").setActive(true);
+            }
+            fixture.settle();
+            QCOMPARE(viewer.widget()->frame(), before.mirrored(across, down));
+            const OverlayContent content = viewer.overlayContent();
+            QCOMPARE(QStringList(content.letters.begin(), content.letters.end()).join(QString()),
+                QLatin1String(letters));
+            QCOMPARE(content.warnings.contains(u"mirrored"_s), across != down);
+            // Scrolling goes on in its direction, and what lies under a point is told rightly.
+            const int index = viewer.sliceIndex();
+            WindowFixture::wheel(viewer, -1);
+            QCOMPARE(viewer.sliceIndex(), index + 1);
+            const QPointF place = viewer.positionOf(PhantomSeries::ball);
+            const McVec3d off = viewer.patientAt(place) - PhantomSeries::ball;
+            QVERIFY(isNear(off.dot(viewer.shownSlice().right()), 0));
+            QCOMPARE(place.x() < viewer.widget()->width() / 2.0, across);
+            tool("View.Reset").setActive(true);
+            QVERIFY(!viewer.isFlipped(Qt::Horizontal) && !viewer.isFlipped(Qt::Vertical));
         }
-        fixture.settle();
-        QCOMPARE(viewer.widget()->frame(), before.mirrored(across, down));
-        const OverlayContent content = viewer.overlayContent();
-        QCOMPARE(content.letters[0] + content.letters[1] + content.letters[2] + content.letters[3],
-            letters);
-        QCOMPARE(content.warnings.contains(u"mirrored"_s), isMirrored);
-        // Scrolling goes on in its direction, and what lies under a point is told rightly.
-        const int index = viewer.sliceIndex();
-        WindowFixture::wheel(viewer, -1);
-        QCOMPARE(viewer.sliceIndex(), index + 1);
-        const QPointF place = viewer.positionOf(PhantomSeries::ball);
-        QVERIFY((viewer.patientAt(place) - PhantomSeries::ball).dot(viewer.shownSlice().right())
-            < 1e-6);
-        QCOMPARE(place.x() < viewer.widget()->width() / 2.0, across);
-        tool("View.Reset").setActive(true);
-        QVERIFY(!viewer.isFlipped(Qt::Horizontal) && !viewer.isFlipped(Qt::Vertical));
     }
 
     void cinePlaysAllPhases()

@@ -1,43 +1,15 @@
-#include "client/geometry/PlaneGeometry.h"
 #include "client/viewers/SliceReslicer.h"
+#include "tests/client/support/BrightSpot.h"
 #include "tests/client/support/ShownViewer.h"
-#include "tests/support/Rows.h"
 
 #include <QTest>
 
 #include <cmath>
 #include <cstring>
-#include <string>
 
 using namespace Qt::StringLiterals;
 
 using Grid = PhantomSeries::Grid;
-
-namespace {
-
-/// The middle of all pixels brighter than the body, in pixels; and how many there are.
-struct BrightSpot
-{
-    QPointF middle;
-    int count = 0;
-};
-
-BrightSpot brightSpot(const QImage &image)
-{
-    BrightSpot spot;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qGray(image.pixel(x, y)) > 200) {
-                spot.middle += QPointF(x + 0.5, y + 0.5);
-                ++spot.count;
-            }
-        }
-    }
-    spot.middle /= std::max(spot.count, 1);
-    return spot;
-}
-
-} // namespace
 
 /// What a slice viewer draws: the right place, the right way round, in the right grey.
 class tst_SliceViewer : public QObject
@@ -45,62 +17,47 @@ class tst_SliceViewer : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void ballIsWhereItBelongs_data()
-    {
-        // offset: mm from the middle of the picture. The ball is 30 mm to the left, 20 mm to the
-        // front and 24 mm to the head of the middle.
-        const Rows<Grid, PlaneKind, QPointF> row("grid", "plane", "offset");
-        const std::pair<const char *, Grid> grids[]{{"axial", Grid::Axial},
-            {"axial from head", Grid::AxialFromHead}, {"sagittal", Grid::Sagittal},
-            {"coronal", Grid::Coronal}, {"tilted", Grid::Tilted}, {"oblique", Grid::Oblique}};
-        for (const auto &[name, grid] : grids) {
-            const std::string images = std::string(name) + " images, ";
-            row((images + "axial view").c_str(), grid, PlaneKind::Axial, QPointF(30, -20));
-            row((images + "sagittal view").c_str(), grid, PlaneKind::Sagittal, QPointF(-20, -24));
-            row((images + "coronal view").c_str(), grid, PlaneKind::Coronal, QPointF(30, -24));
-        }
-    }
-
     void ballIsWhereItBelongs()
     {
-        QFETCH(Grid, grid);
-        QFETCH(PlaneKind, plane);
-        QFETCH(QPointF, offset);
-        const ShownViewer shown(plane, PhantomSeries::make(grid));
-        shown.viewer->scrollTo(PhantomSeries::ball);
-        shown.draw();
-        const double pixelsPerMm = shown.viewer->zoom();
-        QCOMPARE(shown.viewer->widget()->frame().size(), ShownViewer::size);
-        const BrightSpot spot = brightSpot(shown.viewer->widget()->frame());
-        const QPointF expected = QPointF(250, 200) + offset * pixelsPerMm;
-        const double away = QLineF(spot.middle, expected).length() / pixelsPerMm;
-        QVERIFY2(away < 1.5, qPrintable(u"%1 mm away"_s.arg(away)));
-        // A ball of the right size: the scale is the same in both directions.
-        const double area = spot.count / (pixelsPerMm * pixelsPerMm);
-        const double full = M_PI * PhantomSeries::ballRadius * PhantomSeries::ballRadius;
-        QVERIFY2(area > 0.6 * full && area < 1.3 * full, qPrintable(QString::number(area / full)));
-    }
-
-    void greys_data()
-    {
-        const Rows<double, double, int> row("center", "width", "grey");
-        row("the body in the middle", 0.0, 400.0, 128);
-        row("at a quarter", 100.0, 400.0, 64);
-        row("below the window", 500.0, 400.0, 0);
-        row("above the window", -500.0, 400.0, 255);
-        row("the narrowest window", -1.0, 0.0, 255);
+        // mm from the middle of the picture. The ball is 30 mm to the left, 20 mm to the front and
+        // 24 mm to the head of the middle.
+        const std::pair<PlaneKind, QPointF> views[] = {{PlaneKind::Axial, {30, -20}},
+            {PlaneKind::Sagittal, {-20, -24}}, {PlaneKind::Coronal, {30, -24}}};
+        for (const Grid grid : {Grid::Axial, Grid::AxialFromHead, Grid::Sagittal, Grid::Coronal,
+                 Grid::Tilted, Grid::Oblique}) {
+            for (const auto &[plane, offset] : views) {
+                const ShownViewer shown(plane, PhantomSeries::make(grid));
+                shown.viewer->scrollTo(PhantomSeries::ball);
+                shown.draw();
+                const double pixelsPerMm = shown.viewer->zoom();
+                QCOMPARE(shown.viewer->widget()->frame().size(), ShownViewer::size);
+                const BrightSpot spot(shown.viewer->widget()->frame(), 200);
+                const double away = QLineF(spot.middle / pixelsPerMm, offset).length();
+                // A ball of the right size: the scale is the same in both directions.
+                const double area = spot.count / (pixelsPerMm * pixelsPerMm)
+                    / (M_PI * PhantomSeries::ballRadius * PhantomSeries::ballRadius);
+                QVERIFY2(away < 1.5 && area > 0.6 && area < 1.3,
+                    qPrintable(u"%1 images, plane %2: %3 mm away, area %4"_s.arg(int(grid))
+                                   .arg(int(plane))
+                                   .arg(away)
+                                   .arg(area)));
+            }
+        }
     }
 
     void greys()
     {
-        QFETCH(double, center);
-        QFETCH(double, width);
+        // The body in the middle, at a quarter, below, above, and in the narrowest window
+        const std::pair<KxVolume::Window, int> rows[] = {
+            {{0, 400}, 128}, {{100, 400}, 64}, {{500, 400}, 0}, {{-500, 400}, 255}, {{-1, 0}, 255}};
         const ShownViewer shown(PlaneKind::Axial, PhantomSeries::make(Grid::Axial));
-        shown.viewer->setWindow({center, width});
-        shown.draw();
-        const QImage frame = shown.viewer->widget()->frame();
-        QTEST(qGray(frame.pixel(250, 200)), "grey");
-        QCOMPARE(qGray(frame.pixel(1, 1)), 0); // Outside the volume it is black in every window.
+        for (const auto &[window, grey] : rows) {
+            shown.viewer->setWindow(window);
+            shown.draw();
+            const QImage frame = shown.viewer->widget()->frame();
+            QCOMPARE(qGray(frame.pixel(250, 200)), grey);
+            QCOMPARE(qGray(frame.pixel(1, 1)), 0); // Outside the volume it is black in all windows.
+        }
     }
 
     void colors()

@@ -38,18 +38,6 @@ class tst_QxWorkAreaControl : public QObject
 private Q_SLOTS:
     void init() { m_app.setProgressInterface(&m_display); }
 
-    void noDelayShowsAtOnce()
-    {
-        QxTimedWorkAreaControl control(0, nullptr);
-        control.startWorkingNoStop("Load");
-        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-        control.reportProgress(0);
-        QCOMPARE(control.wasInterrupted(), 2);
-        control.stopWorking();
-        QCOMPARE(m_display.take(), u"no stop Load,0,stop"_s);
-        QVERIFY(QApplication::overrideCursor() == nullptr);
-    }
-
     void shownOnceItPromisesToTakeLong()
     {
         constexpr float veryLong = 1000;

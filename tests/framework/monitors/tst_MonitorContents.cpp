@@ -1,4 +1,4 @@
-#include "framework/monitors/ExMonitorManager.h"
+#include "tests/framework/monitors/Panes.h"
 
 #include "tests/support/PrivateSettings.h"
 
@@ -14,40 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Configuration = ExMonitorWidget::Configuration;
-
-/// Content with a widget for each of its monitors.
-class Panes : public ExMonitorWidget::Content
-{
-public:
-    explicit Panes(const char *name) { setShortName(QLatin1String(name)); }
-    ~Panes() override { ExMonitorManager::instance().removeContent(this); }
-
-    QWidget *widgetForMonitor(const Configuration &configuration, int monitor) override
-    {
-        if (monitor < 0 || !configuration.monitors.contains(monitor)) {
-            return nullptr;
-        }
-        std::unique_ptr<QWidget> &widget = m_widgets[static_cast<std::size_t>(monitor)];
-        if (widget == nullptr) {
-            widget = std::make_unique<QWidget>();
-        }
-        return widget.get();
-    }
-    void configurationChanged(const Configuration &configuration) override
-    {
-        told.append(configuration.monitors);
-    }
-
-    QList<QList<int>> told;
-
-private:
-    std::vector<std::unique_ptr<QWidget>> m_widgets{4};
-};
-
-ExMonitorManager &manager()
-{
-    return ExMonitorManager::instance();
-}
 
 void place(Panes &content, const QList<int> &monitors, bool ownWindow = false)
 {
@@ -70,27 +36,23 @@ private Q_SLOTS:
 
     void registry()
     {
-        static int made = 0;
-        const auto factory = []() -> ExMonitorWidget::Content * {
-            ++made;
-            return new ExMonitorWidget::Content;
-        };
+        const auto factory
+            = []() -> ExMonitorWidget::Content * { return new ExMonitorWidget::Content; };
         ExMonitorManager::registerContent("viewers", factory);
         ExMonitorManager::registerContent("nothing", nullptr);
         ExMonitorManager::registerContent("", factory);
-        ExMonitorWidget::Content *const first = ExMonitorManager::getContent("viewers");
-        QVERIFY(first);
-        QCOMPARE(ExMonitorManager::getContent("viewers"), first);
-        QCOMPARE(made, 1);
+        const std::unique_ptr<ExMonitorWidget::Content> first(
+            ExMonitorManager::getContent("viewers"));
+        QVERIFY(first && ExMonitorManager::getContent("viewers") == first.get());
         for (const char *const name :
             {"nothing", "", "unknown", static_cast<const char *>(nullptr)}) {
             QCOMPARE(ExMonitorManager::getContent(name), nullptr);
         }
         ExMonitorManager::registerContent("viewers", factory);
-        QVERIFY(ExMonitorManager::getContent("viewers") != first);
-        delete ExMonitorManager::getContent("viewers");
+        const std::unique_ptr<ExMonitorWidget::Content> second(
+            ExMonitorManager::getContent("viewers"));
+        QVERIFY(second != first);
         ExMonitorManager::registerContent("viewers", nullptr);
-        delete first;
     }
 
     void recordAsText()
@@ -168,16 +130,6 @@ private Q_SLOTS:
         ExMonitorWidget *const widget = manager().monitorWidget(&content);
         QCOMPARE(manager().monitors(widget), QList<int>{0});
         QVERIFY(widget->isContentActive(&content, 0));
-
-        qputenv("MOVARA_MONITORS", "");
-        manager().readMonitorConfiguration();
-        manager().applyConfigurations();
-        QVERIFY(manager().fullScreenRect(widget).isValid());
-        QVERIFY(manager().normalWindowRect(widget).isValid());
-        widget->showFullScreen();
-        QVERIFY(widget->geometry().isValid());
-        widget->hide();
-        initTestCase();
     }
 
     void activation()
@@ -188,16 +140,14 @@ private Q_SLOTS:
         place(second, {1});
         manager().applyConfigurations();
         ExMonitorWidget *const widget = manager().monitorWidget(&first);
-        QVERIFY(widget->isContentActive(&first, 0));
-        QVERIFY(widget->isContentActive(&first, 1));
+        QVERIFY(widget->isContentActive(&first, 0) && widget->isContentActive(&first, 1));
         QVERIFY(!widget->isContentActivatable(&second, 0));
 
         const QList<QAction *> actions = manager().createContentActions(widget);
         QCOMPARE(actions.size(), 2);
         actions.at(1)->trigger();
-        QVERIFY(widget->isContentActive(&second, 1));
+        QVERIFY(widget->isContentActive(&second, 1) && widget->isContentActive(&first, 0));
         QVERIFY(widget->isContentActive(&second, widget->mainWindows().at(1)));
-        QVERIFY(widget->isContentActive(&first, 0));
         QVERIFY(!widget->activateContent(&second, 0));
 
         widget->showFullScreen(false);
@@ -252,15 +202,12 @@ private Q_SLOTS:
         manager().applyConfigurations();
         ExMonitorWidget *const widget = manager().monitorWidget(&first);
         QCOMPARE(one.parentWidget(), widget->mainWindow());
-        QVERIFY(!one.isHidden());
-        QVERIFY(two->isHidden());
+        QVERIFY(!one.isHidden() && two->isHidden());
         manager().activate(&second);
-        QVERIFY(one.isHidden());
-        QVERIFY(!two->isHidden());
+        QVERIFY(one.isHidden() && !two->isHidden());
 
         widget->toggleToolBars();
-        QVERIFY(manager().areToolBarsHidden(widget));
-        QVERIFY(two->isHidden());
+        QVERIFY(manager().areToolBarsHidden(widget) && two->isHidden());
         two.reset();
         widget->toggleToolBars();
         QVERIFY(!manager().areToolBarsHidden(widget));

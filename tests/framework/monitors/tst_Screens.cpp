@@ -1,8 +1,7 @@
 // On the toolkit's own screens. The program runs itself once for each set of them: a process has
 // the screens that it began with.
-#include "framework/monitors/ExMonitorManager.h"
-
 #include "platform/properties/KxPropertyPool.h"
+#include "tests/framework/monitors/Panes.h"
 #include "tests/support/PrivateSettings.h"
 
 #include <QApplication>
@@ -11,8 +10,6 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTest>
-
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -56,21 +53,6 @@ const std::vector<Screens> &allScreens()
         {"dpi", {{0, 0, 2560, 1440, 144, 1}, {2560, 0, 1280, 1024, 96, 1}},
             "0,0 2560x1440, 2560,0 1280x1024; 0; 0", "medium 120 6, small 80 5", {1, 0, 1},
             "0,0 2560x1440, 2560,0 1280x1024; 0; 0; 0, 1", false},
-        // A high one stands beside two rows.
-        {"eight",
-            {{0, 0, 1280, 1024, 96, 1}, {1280, 0, 1280, 1024, 96, 1}, {2560, 0, 1280, 1024, 96, 1},
-                {-1536, -100, 1536, 2048, 96, 1}, {0, 1024, 1280, 1024, 96, 1.25},
-                {1280, 1024, 1280, 1024, 96, 1}, {2560, 1024, 2560, 1600, 96, 2},
-                {5120, 1024, 2560, 1600, 96, 1}},
-            "-1536,-100 1536x2048, 0,0 1280x1024, 1280,0 1280x1024, 2560,0 1280x1024, "
-            "0,1024 1280x1024, 1280,1024 1280x1024, 2560,1024 2560x1600, 5120,1024 2560x1600; "
-            "1; 1 2 3",
-            "medium 120 10, small 80 8, small 80 8, small 80 8, small 80 8, small 80 8, "
-            "large 160 12, large 160 12",
-            {0, 1, 0, 0, 0, 0, 0, 0},
-            "-1536,-100 1536x2048, 0,0 640x1024, 640,0 640x1024, 1280,0 1280x1024, "
-            "2560,0 1280x1024, 0,1024 1280x1024, 1280,1024 1280x1024, 2560,1024 2560x1600, "
-            "5120,1024 2560x1600; 1; 1 2; 0, 1 2, 3, 4, 5, 6, 7, 8"},
     };
     return all;
 }
@@ -108,33 +90,23 @@ QString textOf(const QList<T> &list)
     return texts.join(std::is_same_v<T, int> ? u" "_s : u", "_s);
 }
 
-ExMonitorManager &manager()
-{
-    return ExMonitorManager::instance();
-}
-
-/// Content with a widget on each of its monitors.
-class Panes : public ExMonitorWidget::Content
+/// Contents and the windows that they get; both go at the end.
+class PlacedPanes : public Panes
 {
 public:
-    explicit Panes(const QList<int> &monitors)
+    explicit PlacedPanes(const QList<int> &monitors)
+        : Panes("")
     {
         manager().setConfiguration(this, {monitors, {}, {}, false, false});
     }
-    Panes(const Panes &) = delete;
-    Panes &operator=(const Panes &) = delete;
-    ~Panes() override
+    PlacedPanes(const PlacedPanes &) = delete;
+    PlacedPanes &operator=(const PlacedPanes &) = delete;
+    ~PlacedPanes() override
     {
         ExMonitorWidget *const window = manager().monitorWidget(this);
         manager().removeContent(this);
         delete window;
     }
-    QWidget *widgetForMonitor(const ExMonitorWidget::Configuration &, int monitor) override
-    {
-        return &widgets[static_cast<std::size_t>(monitor)];
-    }
-
-    std::array<QWidget, 9> widgets;
 };
 
 } // namespace
@@ -165,9 +137,9 @@ private Q_SLOTS:
     void aWindowOnEach()
     {
         static constexpr std::array names{"small", "medium", "large"};
-        std::vector<std::unique_ptr<Panes>> contents;
+        std::vector<std::unique_ptr<PlacedPanes>> contents;
         for (int i = 0; i < manager().numMonitors(); ++i) {
-            contents.push_back(std::make_unique<Panes>(QList<int>{i}));
+            contents.push_back(std::make_unique<PlacedPanes>(QList<int>{i}));
         }
         manager().applyConfigurations();
         manager().setAllWidgetsVisible(true);
@@ -201,7 +173,7 @@ private Q_SLOTS:
         for (int i = 0; i < manager().numMonitors(); ++i) {
             all.prepend(i);
         }
-        Panes content(all);
+        PlacedPanes content(all);
         manager().applyConfigurations();
         ExMonitorWidget *const window = manager().monitorWidget(&content);
         window->showFullScreen();

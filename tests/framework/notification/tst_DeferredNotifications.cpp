@@ -1,6 +1,5 @@
 #include "framework/notification/ExNotifiables.h"
 #include "tests/support/Recorder.h"
-#include "tests/support/Rows.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -134,47 +133,39 @@ private Q_SLOTS:
         QCOMPARE(m_seen, QList<int>({1, 5, 2, 2, 3}));
     }
 
-    void fromManyThreads_data()
-    {
-        const Rows<bool> row("resets");
-        row("everything arrives once and in order", false);
-        row("resets and removals lose some, never the order", true);
-    }
-
     void fromManyThreads()
     {
-        QFETCH(const bool, resets);
-        std::atomic<int> running = numThreads;
-        std::vector<std::thread> threads;
-        for (int thread = 0; thread < numThreads; ++thread) {
-            threads.emplace_back([thread, resets, &running] {
-                for (int i = 0; i < numPerThread; ++i) {
-                    bus().notifyDelayed(note(thread * numPerThread + i, viewer(thread)));
-                    bus().removeDelayedNotifications(viewer(resets ? thread : numThreads));
-                }
-                --running;
-            });
-        }
-        while (running > 0) {
-            QCoreApplication::processEvents();
-            if (resets) {
-                bus().deleteAllTools();
-                bus().addNotification(m_recorder.get(), CLEANUP);
+        for (const bool resets : {false, true}) {
+            init();
+            std::atomic<int> running = numThreads;
+            std::vector<std::jthread> threads;
+            for (int thread = 0; thread < numThreads; ++thread) {
+                threads.emplace_back([thread, resets, &running] {
+                    for (int i = 0; i < numPerThread; ++i) {
+                        bus().notifyDelayed(note(thread * numPerThread + i, viewer(thread)));
+                        bus().removeDelayedNotifications(viewer(resets ? thread : numThreads));
+                    }
+                    --running;
+                });
             }
-        }
-        for (std::thread &thread : threads) {
-            thread.join();
-        }
-        bus().notifyDelayed(note(0));
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen.takeLast(), 0);
-        QVERIFY(resets || m_seen.size() == numThreads * numPerThread);
-        std::array<int, numThreads> last;
-        last.fill(-1);
-        for (const int data : m_seen) {
-            int &previous = last.at(static_cast<std::size_t>(data / numPerThread));
-            QVERIFY(data > previous);
-            previous = data;
+            while (running > 0) {
+                QCoreApplication::processEvents();
+                if (resets) { // These and removals lose some, never the order.
+                    bus().deleteAllTools();
+                    bus().addNotification(m_recorder.get(), CLEANUP);
+                }
+            }
+            threads.clear();
+            bus().notifyDelayed(note(0));
+            QCoreApplication::sendPostedEvents();
+            QCOMPARE(m_seen.takeLast(), 0);
+            QVERIFY(resets || m_seen.size() == numThreads * numPerThread);
+            std::array<int, numThreads> last{-1, -1, -1, -1};
+            for (const int data : m_seen) {
+                int &previous = last.at(static_cast<std::size_t>(data / numPerThread));
+                QVERIFY(data > previous);
+                previous = data;
+            }
         }
     }
 

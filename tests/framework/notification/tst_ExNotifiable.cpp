@@ -5,7 +5,6 @@
 #include <QTest>
 
 #include <array>
-#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -25,42 +24,6 @@ std::array<std::int64_t, 3> counts(int type)
     return {monitor().reading(1, static_cast<unsigned>(type)).count, monitor().reading(0, 10).count,
         monitor().reading(0, 11).count};
 }
-
-/// Takes its time when it is asked whether it is blocked, and when it is called.
-class Slow : public ExNotifiable
-{
-public:
-    using Clock = std::chrono::steady_clock;
-
-    void addNotifications() override
-    {
-        ExNotifiables::getInstance().addNotification(this, CLEANUP);
-    }
-    [[nodiscard]] bool blockedNotifications() const override
-    {
-        spend();
-        m_asked = Clock::now();
-        return false;
-    }
-    void notified(const ExNotification & /*notification*/) override { atLeast = spend(); }
-    [[nodiscard]] double sinceAsked() const { return since(m_asked); }
-
-    double atLeast = 0;
-
-private:
-    static double since(Clock::time_point start)
-    {
-        return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-    }
-    static double spend()
-    {
-        const Clock::time_point start = Clock::now();
-        while (since(start) < 5000) { }
-        return since(start);
-    }
-
-    mutable Clock::time_point m_asked;
-};
 
 } // namespace
 
@@ -129,19 +92,6 @@ private Q_SLOTS:
         QCOMPARE(counts(CLEANUP)[0], 2); // On during b: that call and c's.
         ExNotifiable::notify(CLEANUP);
         QCOMPARE(counts(CLEANUP)[0], 3); // Off during b: only a's.
-    }
-
-    void workBetweenTwoCallsIsNobodys()
-    {
-        const Recorder before(u"before"_s, m_log, {CLEANUP});
-        const Slow slow;
-        PerfMon::setActive(true);
-        ExNotifiable::notify(CLEANUP);
-        const double atMost = slow.sinceAsked();
-        const auto told = static_cast<double>(monitor().reading(1, CLEANUP).last);
-        // A microsecond for the rounding, a percent for the clocks' rates.
-        QVERIFY2(told >= slow.atLeast * 0.99 - 1 && told <= atMost * 1.01 + 1,
-            qPrintable(u"%1 <= %2 <= %3"_s.arg(slow.atLeast).arg(told).arg(atMost)));
     }
 
 private:

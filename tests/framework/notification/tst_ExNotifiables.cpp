@@ -1,10 +1,8 @@
 #include "framework/notification/ExNotifiables.h"
 #include "tests/support/Recorder.h"
-#include "tests/support/Rows.h"
 
 #include <QTest>
 
-#include <array>
 #include <memory>
 #include <utility>
 
@@ -109,29 +107,23 @@ private Q_SLOTS:
         QCOMPARE(taken(), u"1? 2? 1 2 3? 1 2 3"_s);
     }
 
-    void destroyedWhileOthersAreAsked_data()
-    {
-        const Rows<QList<int>, QString> row("victims", "calls");
-        row("earlier", QList<int>{0}, u"0? 1? 2? 3? 1 2 3"_s);
-        row("itself", QList<int>{1}, u"0? 1? 2? 3? 0 2 3"_s);
-        row("next", QList<int>{2}, u"0? 1? 3? 0 1 3"_s);
-        row("last", QList<int>{3}, u"0? 1? 2? 0 1 2"_s);
-        row("all", QList<int>{3, 0, 1, 2}, u"0? 1?"_s);
-    }
-
     void destroyedWhileOthersAreAsked()
     {
-        QFETCH(const QList<int>, victims);
-        std::vector<std::unique_ptr<Recorder>> subscribers;
-        for (int i = 0; i < 4; ++i) {
-            subscribers.push_back(asked(QString::number(i), [&, i] {
-                for (const int victim : i == 1 ? victims : QList<int>()) {
-                    subscribers[static_cast<std::size_t>(victim)].reset();
-                }
-            }));
+        const std::pair<QList<int>, QString> rows[]
+            = {{{0}, u"0? 1? 2? 3? 1 2 3"_s}, {{1}, u"0? 1? 2? 3? 0 2 3"_s},
+                {{2}, u"0? 1? 3? 0 1 3"_s}, {{3}, u"0? 1? 2? 0 1 2"_s}, {{3, 0, 1, 2}, u"0? 1?"_s}};
+        for (const auto &[victims, calls] : rows) {
+            std::vector<std::unique_ptr<Recorder>> subscribers;
+            for (int i = 0; i < 4; ++i) {
+                subscribers.push_back(asked(QString::number(i), [&, i, dying = victims] {
+                    for (const int victim : i == 1 ? dying : QList<int>()) {
+                        subscribers[static_cast<std::size_t>(victim)].reset();
+                    }
+                }));
+            }
+            ExNotifiable::notify(CLEANUP);
+            QCOMPARE(taken(), calls);
         }
-        ExNotifiable::notify(CLEANUP);
-        QTEST(taken(), "calls");
     }
 
     void destroyedBeforeBeingAsked()

@@ -8,7 +8,7 @@
 #include "tests/support/FakeApplication.h"
 #include "tests/support/FakeViewerManager.h"
 #include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
+#include "tests/support/Recorder.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -120,32 +120,6 @@ QString barIn(const ExBaseViewer &viewer)
         % u", %1 actions"_s.arg(bar->actions().size());
 }
 
-/// Notes which tools begin and end work, and whether that came with the active viewer and no data.
-class ToolWatch : public ExNotifiable
-{
-public:
-    void notified(const ExNotification &notification) override
-    {
-        const auto &tool = static_cast<const FakeModal &>(*notification.tool());
-        const bool isRight = notification.viewer() == ExViewerManager::getInstance().activeViewer()
-            && notification.data() == nullptr;
-        fakeLog.append(tool.name() % u' '
-            % QLatin1String(ExNotification::Type2String(notification.type()))
-            % (isRight ? u"" : u" wrong"));
-        if (act) {
-            act(notification.type());
-        }
-    }
-    void addNotifications() override
-    {
-        ExNotifiables::getInstance().addNotifications(this, ExNotification::TOOL_DEACTIVATED,
-            ExNotification::ACTIVE_TOOL_CHANGED, ExNotification::TOOL_ACTIVATED,
-            ExNotification::NONE);
-    }
-
-    std::function<void(ExNotification::Type)> act;
-};
-
 /// An action of the viewer's handler, which comes before all tools.
 class Consumer : public ExActionHandler
 {
@@ -218,97 +192,68 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        m_watch.act = {};
+        m_whenTold = {};
         m_manager.setActiveViewer(nullptr);
         m_manager.removeAllViewers();
         delete m_manager.contextToolBar();
         QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
     }
 
-    void mouseCodes_data()
-    {
-        using S = ExSignal;
-        const Rows<ExEvent, QString> gesture("event", "code");
-        const auto row
-            = [&](const char *name, S::Type type, int button, unsigned held, const char *code) {
-                  gesture(name, eventOf(type, button, held), code);
-              };
-        row("left pressed with Shift", S::PRESS, Qt::LeftButton, 1 | shift, "3 9");
-        row("the same, state without the button", S::PRESS, Qt::LeftButton, shift, "3 9");
-        row("middle, all modifiers", S::PRESS, Qt::MiddleButton, 4 | shift | control | alt, "5 58");
-        row("middle beside right", S::PRESS, Qt::MiddleButton, 4 | 2, "7 6");
-        row("left beside middle", S::PRESS, Qt::LeftButton, 4 | 1, "5 3");
-        row("right released", S::RELEASE, Qt::RightButton, 0, "6 0");
-        row("left released, right held", S::RELEASE, Qt::LeftButton, 2, "6 4");
-        row("middle clicked", S::CLICK, Qt::MiddleButton, control, "4 16");
-        row("left twice", S::DOUBLE_CLICK, Qt::LeftButton, 1, "3 65");
-        row("moved", S::MOVE, 0, alt, "0 32");
-        row("dragged", S::MOVE, 0, 1 | 2, "0 5");
-        row("another button twice", S::DOUBLE_CLICK, Qt::BackButton, 8, "0 0");
-    }
     void mouseCodes()
     {
-        QFETCH(ExEvent, event);
-        Kx::MouseEvent code{};
-        Kx::ButtonState state{};
-        QVERIFY(ExModal::mapToKxMouseEvent(event, code, state));
-        QTEST(numbers({code, static_cast<int>(state)}), "code");
-    }
-
-    void keyCodes()
-    {
-        QStringList codes;
-        for (const int key : {Qt::Key_A, Qt::Key_PageDown, Qt::Key_F24, Qt::Key_F25}) {
-            Kx::KeyEvent code{};
-            Kx::Key kxKey{};
+        using S = ExSignal;
+        const std::pair<ExEvent, const char *> rows[]
+            = {{eventOf(S::PRESS, Qt::LeftButton, 1 | shift), "3 9"},
+                {eventOf(S::PRESS, Qt::LeftButton, shift), "3 9"}, // The state lacks the button.
+                {eventOf(S::PRESS, Qt::MiddleButton, 4 | shift | control | alt), "5 58"},
+                {eventOf(S::PRESS, Qt::MiddleButton, 4 | 2), "7 6"}, // beside the right one
+                {eventOf(S::PRESS, Qt::LeftButton, 4 | 1), "5 3"}, // beside the middle one
+                {eventOf(S::RELEASE, Qt::RightButton, 0), "6 0"},
+                {eventOf(S::RELEASE, Qt::LeftButton, 2), "6 4"}, // The right one is held.
+                {eventOf(S::CLICK, Qt::MiddleButton, control), "4 16"},
+                {eventOf(S::DOUBLE_CLICK, Qt::LeftButton, 1), "3 65"},
+                {eventOf(S::DOUBLE_CLICK, Qt::BackButton, 8), "0 0"},
+                {eventOf(S::MOVE, 0, alt), "0 32"}, {eventOf(S::MOVE, 0, 1 | 2), "0 5"}};
+        for (const auto &[event, expected] : rows) {
+            Kx::MouseEvent code{};
             Kx::ButtonState state{};
-            const ExEvent event = eventOf(ExSignal::PRESS, key, 1 | shift);
-            const bool isKnown = ExModal::mapToKxKeyEvent(event, code, kxKey, state);
-            codes.append(numbers({isKnown, kxKey, code, static_cast<int>(state)}));
+            QVERIFY(ExModal::mapToKxMouseEvent(event, code, state));
+            QCOMPARE(numbers({code, static_cast<int>(state)}), QLatin1String(expected));
         }
-        QCOMPARE(codes.join(u','),
-            numbers({1, 'A', 1, 9}) % u',' % numbers({1, Kx::PageDownKey, 1, 9}) % u','
-                % numbers({1, Kx::F24Key, 1, 9}) % u",0 0 1 9");
-    }
-
-    void states_data()
-    {
-        const Rows<int, int, int, QString> row("own", "ignored", "state", "result");
-        row("left", 1, 0, 1, "press cursor start");
-        row("nothing held, left tool", 1, 0, 0, "cursor stop");
-        row("nothing held, right tool", 4, 0, 0, "stop");
-        row("double click", 1, 0, 65, "");
-        row("another button too", 1, 0, 5, "");
-        row("ignored Shift", 1, 8, 9, "cursor start");
-        row("only ignored Shift held", 1, 8, 8, "cursor stop");
-        row("ignored bits are the tool's", 9, 8, 9, "press cursor");
-        row("Control and middle", 18, 0, 18, "press cursor start");
-        row("Control let go", 18, 0, 2, "stop");
-        row("no state", 0, 0, 0, "press cursor start");
     }
 
     void states()
     {
-        QFETCH(int, own);
-        QFETCH(int, ignored);
-        QFETCH(int, state);
-        const McHandle<FakeModal> tool = new FakeModal("t", own);
-        tool->setStateIgnoreMask(ignored);
-        const auto held = static_cast<Kx::ButtonState>(state);
-        QStringList holds;
-        const auto note = [&](bool isTrue, const char *test) {
-            if (isTrue) {
-                holds.append(QLatin1String(test));
-            }
+        const std::tuple<int, int, int, const char *> rows[] = {
+            // The tool's state, what it ignores of it, what is held
+            {1, 0, 1, "press cursor start"},
+            {1, 0, 0, "cursor stop"},
+            {4, 0, 0, "stop"},
+            {1, 0, 65, ""}, // a double click
+            {1, 0, 5, ""}, // another button, too
+            {1, 8, 9, "cursor start"}, // Shift is ignored,
+            {1, 8, 8, "cursor stop"}, // alone as well,
+            {9, 8, 9, "press cursor"}, // but is the tool's.
+            {18, 0, 18, "press cursor start"},
+            {18, 0, 2, "stop"},
+            {0, 0, 0, "press cursor start"},
         };
-        note(tool->buttonPressed(Kx::MiddlePressed, held), "press");
-        note(tool->testCursorState(held), "cursor");
-        note(tool->testActivationState(held), "start");
-        note(tool->testDeactivationState(held), "stop");
-        QTEST(holds.join(u' '), "result");
-        QVERIFY(tool->buttonReleased(Kx::RightReleased, held));
-        QVERIFY(!tool->buttonReleased(Kx::RightPressed, held));
-        QVERIFY(!tool->buttonPressed(Kx::LeftReleased, held));
+        for (const auto &[own, ignored, state, expected] : rows) {
+            const McHandle<FakeModal> tool = new FakeModal("t", own);
+            tool->setStateIgnoreMask(ignored);
+            const auto held = static_cast<Kx::ButtonState>(state);
+            const std::pair<const char *, bool> tests[] = {
+                {"press", tool->buttonPressed(Kx::MiddlePressed, held)},
+                {"cursor", tool->testCursorState(held)}, {"start", tool->testActivationState(held)},
+                {"stop", tool->testDeactivationState(held)}};
+            QStringList holds;
+            for (const auto &[test, isTrue] : tests) {
+                holds += isTrue ? QStringList(QLatin1String(test)) : QStringList();
+            }
+            QCOMPARE(holds.join(u' '), QLatin1String(expected));
+            QVERIFY(tool->buttonReleased(Kx::RightReleased, held));
+            QVERIFY(!tool->buttonReleased(Kx::RightPressed, held));
+        }
     }
 
     void activation()
@@ -407,7 +352,7 @@ private Q_SLOTS:
         const McHandle<FakeViewer> viewer = addViewer();
         m_manager.setActiveViewer(viewer);
         const McHandle<FakeModal> zoom = new FakeModal("zoom");
-        m_watch.act = [&](ExNotification::Type type) {
+        m_whenTold = [&](ExNotification::Type type) {
             if (type == ExNotification::ACTIVE_TOOL_CHANGED) {
                 zoom->setActive(false);
             }
@@ -415,7 +360,7 @@ private Q_SLOTS:
         QVERIFY(zoom->setActive(true) && !zoom->isActive());
         QCOMPARE(toolsOf(*viewer) % takeLog(), u"zoom ACTIVE_TOOL_CHANGED,zoom TOOL_DEACTIVATED"_s);
 
-        m_watch.act = {};
+        m_whenTold = {};
         const McHandle<FakeViewer> aside = addViewer();
         McHandle<FakeModal> pan = new FakeModal("pan");
         pan->setActive(true);
@@ -440,11 +385,6 @@ private Q_SLOTS:
         line->setActive(true);
         QTRY_COMPARE(barIn(*a), u"Two points, 0 actions"_s);
         angle->setActive(true);
-        QTRY_COMPARE(barIn(*a), u"-, 1 actions"_s);
-        m_manager.removeAllViewers(); // Empties the bar.
-        m_manager.setActiveViewer(nullptr);
-        m_manager.add(a);
-        m_manager.setActiveViewer(a);
         QTRY_COMPARE(barIn(*a), u"-, 1 actions"_s);
         angle->setActive(false);
         QTRY_COMPARE(barIn(*a), u"Two points, 0 actions"_s);
@@ -620,7 +560,21 @@ private:
     PrivateSettings m_settings;
     FakeApplication m_app;
     FakeViewerManager m_manager;
-    ToolWatch m_watch;
+    std::function<void(ExNotification::Type)> m_whenTold;
+    QStringList m_ignored;
+    Recorder m_watch{QString(), m_ignored,
+        {ExNotification::TOOL_DEACTIVATED, ExNotification::ACTIVE_TOOL_CHANGED,
+            ExNotification::TOOL_ACTIVATED},
+        [this](const ExNotification &notification) {
+            const bool isRight = notification.viewer() == m_manager.activeViewer();
+            const auto *const tool = static_cast<const FakeModal *>(notification.tool());
+            fakeLog.append(tool->name() % u' '
+                % QLatin1String(ExNotification::Type2String(notification.type()))
+                % (isRight ? u"" : u" wrong viewer"));
+            if (m_whenTold) {
+                m_whenTold(notification.type());
+            }
+        }};
 };
 
 QTEST_MAIN(tst_ExModal)

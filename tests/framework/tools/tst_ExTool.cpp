@@ -1,10 +1,8 @@
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/Files.h"
 #include "tests/support/PrivateSettings.h"
 
-#include <QDir>
 #include <QTest>
 
 #include <memory>
@@ -23,20 +21,6 @@ public:
     [[nodiscard]] bool acceptsImageSet(const KxImageSeries & /*imageSet*/) const override
     {
         return !displaySet.empty();
-    }
-};
-
-class PickyTool : public ExTool
-{
-public:
-    PickyTool()
-        : ExTool("Picky")
-    { }
-
-protected:
-    [[nodiscard]] bool supports(Ex::ViewerType type) const override
-    {
-        return type == FakeViewer::usualType;
     }
 };
 
@@ -64,6 +48,13 @@ class tst_ExTool : public QObject
 
 private Q_SLOTS:
     void init() { takeLog(); }
+
+    void initCallbacksInOrder()
+    {
+        ExTool::doInitCallbacks();
+        ExTool::doInitCallbacks();
+        QCOMPARE(callbacks, 110);
+    }
 
     void keysAndMenuTools()
     {
@@ -93,7 +84,7 @@ private Q_SLOTS:
         m_settings.setPolicy("{}");
     }
 
-    void namesAndTheListFile()
+    void twoOfOneName()
     {
         auto first = std::make_unique<FakeTool>("Twin");
         auto second = std::make_unique<FakeTool>("Twin");
@@ -103,14 +94,7 @@ private Q_SLOTS:
         QCOMPARE(ExTool::getToolByDecorationKey("Twin", false), nullptr);
 
         const FakeTool nameless(nullptr);
-        const FakeTool b("B");
-        const FakeTool a("A");
         QCOMPARE(ExTool::getToolByDecorationKey("", false), &nameless);
-        QVERIFY(QDir::setCurrent(m_settings.path("")));
-        ExTool::dumpTools();
-        ExTool::dumpTools();
-        QCOMPARE(
-            readFile(u"MovaraTools.txt"_s), QByteArray("Auto-generated file by Extool.\n\nA\nB\n"));
     }
 
     void creationOnDemand()
@@ -135,19 +119,15 @@ private Q_SLOTS:
 
     void viewersSupported()
     {
-        const PickyTool tool;
+        const FakeTool tool("t");
         const McHandle<PickyViewer> viewer = new PickyViewer;
         QVERIFY(!tool.supportsViewer(nullptr) && !tool.supportsViewer(viewer));
-        viewer->displaySet = "accepted";
-        viewer->imageSets[0] = new KxImageSeries("empty");
-        QVERIFY(!tool.supportsViewer(viewer));
         viewer->imageSets[0] = viewerWithVolume()->imageSets[0];
-        QVERIFY(tool.supportsViewer(viewer) && tool.isEnabled(viewer));
-        viewer->displaySet.clear();
-        QVERIFY(!tool.supportsViewer(viewer) && !tool.isEnabled(viewer));
-        viewer->displaySet = "accepted";
-        viewer->type = static_cast<Ex::ViewerType>(FakeViewer::usualType + 1);
         QVERIFY(!tool.supportsViewer(viewer));
+        viewer->displaySet = "accepted";
+        QVERIFY(tool.supportsViewer(viewer) && tool.isEnabled(viewer));
+        viewer->imageSets[0] = new KxImageSeries("empty");
+        QVERIFY(!tool.supportsViewer(viewer) && !tool.isEnabled(viewer));
     }
 
     void activation()
@@ -177,16 +157,6 @@ private Q_SLOTS:
         b->activatable = false;
         QVERIFY(!b->setActive(false) && b->isActive());
         QCOMPARE(takeLog(), u"b on,b off"_s);
-    }
-
-    void propertyKeysAndCallbacks()
-    {
-        FakeTool tool("t");
-        tool.addPropertyKey(std::string("UI.Zoom?.*"));
-        QVERIFY(tool.getPropertyKeys().constFirst().match(u"UI.Zoom1.Speed"_s).hasMatch());
-        ExTool::doInitCallbacks();
-        ExTool::doInitCallbacks();
-        QCOMPARE(callbacks, 110);
     }
 
 private:

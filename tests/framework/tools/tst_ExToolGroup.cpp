@@ -1,7 +1,6 @@
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
 #include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
 
 #include <QTest>
 
@@ -48,35 +47,27 @@ private Q_SLOTS:
         QCOMPARE(takeLog(), u"d gone,c gone,a off,a on"_s);
     }
 
-    void copiesAreOneGroup_data()
-    {
-        const Rows<bool> row("originalGoesFirst");
-        row("original first", true);
-        row("copy first", false);
-    }
-
     void copiesAreOneGroup()
     {
-        QFETCH(bool, originalGoesFirst);
-        const McHandle<FakeTool> a = new FakeTool("a");
-        auto original = std::make_unique<ExToolGroup>();
-        original->appendTool(a, false);
-        auto copy = std::make_unique<ExToolGroup>(*original);
-        copy->setExclusive(true);
-        copy->appendTool(new FakeTool("b"), true);
-        a->setActive(true);
-        QCOMPARE(takeLog(), u"a on,b off"_s);
-
-        const std::unique_ptr<ExToolGroup> last = std::move(originalGoesFirst ? copy : original);
-        (originalGoesFirst ? original : copy).reset();
-        a->setActive(false);
-        a->setActive(true);
-        last->removeTool(a);
-        a->setActive(false);
-        a->setActive(true);
-        QCOMPARE(takeLog(), u"a off,a on,b off,a off,a on"_s);
-        *last = ExToolGroup();
-        QCOMPARE(takeLog(), u"b gone"_s);
+        for (const bool originalGoesFirst : {true, false}) {
+            takeLog();
+            const McHandle<FakeTool> a = new FakeTool("a");
+            auto original = std::make_unique<ExToolGroup>();
+            original->appendTool(a, false);
+            auto copy = std::make_unique<ExToolGroup>(*original);
+            copy->setExclusive(true);
+            copy->appendTool(new FakeTool("b"), true);
+            a->setActive(true);
+            const std::unique_ptr<ExToolGroup> last
+                = std::move(originalGoesFirst ? copy : original);
+            (originalGoesFirst ? original : copy).reset();
+            a->setActive(false);
+            a->setActive(true);
+            last->removeTool(a);
+            a->setActive(false);
+            *last = ExToolGroup();
+            QCOMPARE(takeLog(), u"a on,b off,a off,a on,b off,a off,b gone"_s);
+        }
     }
 
 private:

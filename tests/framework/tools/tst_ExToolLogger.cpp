@@ -22,11 +22,8 @@ public:
     void logEvent(int code, const std::string &key, int first, int second, int third,
         const QString &text) override
     {
-        log += u" (%1 %2 %3 %4 %5 '%6')"_s.arg(QString::number(code), QString::fromStdString(key))
-                   .arg(first)
-                   .arg(second)
-                   .arg(third)
-                   .arg(text);
+        log += QString::asprintf(
+            " (%d %s %d %d %d '%s')", code, key.c_str(), first, second, third, qPrintable(text));
     }
     void printSessionLog(const std::string &prefix, const std::string &text) override
     {

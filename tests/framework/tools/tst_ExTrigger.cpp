@@ -5,7 +5,6 @@
 #include "tests/support/FakeApplication.h"
 #include "tests/support/FakeViewerManager.h"
 #include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -54,43 +53,39 @@ class tst_ExTrigger : public QObject
 private Q_SLOTS:
     void init() { takeLog(); }
 
-    void commands_data()
-    {
-        const Rows<bool, bool, QString> row("activatable", "succeeds", "events");
-        row("command", false, true,
-            "1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: ");
-        row("command that fails", false, false, "0: run|0: run on viewer|1: ");
-        row("state", true, true,
-            "1: shows c,update,run,shows c,update viewer|1: update|"
-            "1: update,run off on viewer,update viewer");
-        row("state, command fails", true, false,
-            "0: shows c,update,run|1: update|0: update,run off on viewer");
-    }
-
     void commands()
     {
-        QFETCH(bool, activatable);
+        // Whether it is a state, and whether the command succeeds
+        const std::tuple<bool, bool, QString> rows[]
+            = {{false, true,
+                   u"1: run,shows c,update viewer|1: run on viewer,shows c,update viewer|1: "_s},
+                {false, false, u"0: run|0: run on viewer|1: "_s},
+                {true, true,
+                    u"1: shows c,update,run,shows c,update viewer|1: update|"
+                    "1: update,run off on viewer,update viewer"_s},
+                {true, false, u"0: shows c,update,run|1: update|0: update,run off on viewer"_s}};
         const McHandle<FakeViewer> viewer = new FakeViewer;
         m_manager.add(viewer);
-        m_manager.setActiveViewer(nullptr);
-        const McHandle<Command> command = new Command("c");
-        command->setActivatable(activatable);
-        command->nextActive = viewer; // The command may change it.
-        QFETCH(bool, succeeds);
-        command->succeeds = succeeds;
-        FakeUI button;
-        button.setTool(command);
-        ExToolGroup group;
-        group.setBringUp(true);
-        group.setGroupUI(&button);
-        group.appendTool(command, false);
-        QStringList results;
-        for (const bool on : {true, true, false}) {
-            takeLog();
-            const bool result = command->setActive(on);
-            results.append(QString::number(int(result)) % u": " % takeLog());
+        for (const auto &[activatable, succeeds, events] : rows) {
+            m_manager.setActiveViewer(nullptr);
+            const McHandle<Command> command = new Command("c");
+            command->setActivatable(activatable);
+            command->nextActive = viewer; // The command may change it.
+            command->succeeds = succeeds;
+            FakeUI button;
+            button.setTool(command);
+            ExToolGroup group;
+            group.setBringUp(true);
+            group.setGroupUI(&button);
+            group.appendTool(command, false);
+            QStringList results;
+            for (const bool on : {true, true, false}) {
+                takeLog();
+                const bool result = command->setActive(on);
+                results.append(QString::number(int(result)) % u": " % takeLog());
+            }
+            QCOMPARE(results.join(u'|'), events);
         }
-        QTEST(results.join(u'|'), "events");
         m_manager.removeAllViewers();
     }
 

@@ -54,49 +54,35 @@ private Q_SLOTS:
     void names()
     {
         const char *const names[] = {"ONE_VIEWER", "SAME_VIEWER_TYPE", "SAME_VOLUME",
-            "SAME_IMAGESET", "SAME_IMAGESETS", "ALL_VIEWERS", "ONE_VIEWER"};
-        for (int i = 0; i < 7; ++i) {
+            "SAME_IMAGESET", "SAME_IMAGESETS", "ALL_VIEWERS"};
+        for (int i = 0; i < 6; ++i) {
             const auto type = static_cast<Group::GroupType>(i);
             QCOMPARE(Group::GroupType2String(type), names[i]);
-            QCOMPARE(Group::String2GroupType(names[i]), i == 6 ? Group::ONE_VIEWER : type);
+            QCOMPARE(Group::String2GroupType(names[i]), type);
         }
         QCOMPARE(Group::String2GroupType("same_volume"), Group::ONE_VIEWER);
     }
 
-    void gathering_data()
-    {
-        QTest::addColumn<QChar>("reference");
-        QTest::addColumn<int>("filter");
-        QTest::addColumn<QStringList>("gathered");
-        const auto row = [](QChar reference, int filter, const QString &gathered) {
-            QTest::addRow("%c, filter %d", reference.toLatin1(), filter)
-                << reference << filter << gathered.split(u',');
-        };
-        // In the order of the relations' values.
-        row(u'-', 0, u",,abcd,,,abcd"_s);
-        row(u'-', 2, u",,cd,,,cd"_s);
-        row(u'a', 0, u"a,ab,ad,abc,a,abcd"_s);
-        row(u'b', 1, u"b,ab,ab,ba,b,ab"_s); // Shows no volume: all that pass the filter.
-        row(u'c', 0, u"c,cd,abcd,cab,bc,abcd"_s);
-        row(u'c', 1, u"c,cd,ab,ab,b,ab"_s);
-        row(u'd', 2, u"d,cd,d,d,d,cd"_s);
-        row(u'z', 0, u"z,ab,ad,abc,a,abcd"_s);
-    }
-
     void gathering()
     {
-        QFETCH(const QChar, reference);
-        QFETCH(const int, filter);
-        QFETCH(const QStringList, gathered);
-        const auto type = static_cast<Ex::ViewerType>(filter);
-        for (int i = 0; i < gathered.size(); ++i) {
-            const auto relation = static_cast<Group::GroupType>(i);
-            QCOMPARE(text(Group(viewer(reference), relation, type)), gathered[i]);
-            QString remaining = u"dcbza-a"_s;
-            Group filtered = group(remaining);
-            filtered.filter(viewer(reference), relation, type);
-            remaining.removeIf([&](QChar name) { return !gathered[i].contains(name); });
-            QCOMPARE(text(filtered), remaining);
+        // The reference, the type to filter by, and in the order of the relations' values what is
+        // gathered. b shows no volume: all that pass the filter stand in that relation to it.
+        const QStringList rows{u"- 0 ,,abcd,,,abcd"_s, u"- 2 ,,cd,,,cd"_s,
+            u"a 0 a,ab,ad,abc,a,abcd"_s, u"b 1 b,ab,ab,ba,b,ab"_s, u"c 0 c,cd,abcd,cab,bc,abcd"_s,
+            u"c 1 c,cd,ab,ab,b,ab"_s, u"d 2 d,cd,d,d,d,cd"_s, u"z 0 z,ab,ad,abc,a,abcd"_s};
+        for (const QString &row : rows) {
+            FakeViewer *const reference = viewer(row.front());
+            const auto type = static_cast<Ex::ViewerType>(row.section(u' ', 1, 1).toInt());
+            const QStringList gathered = row.section(u' ', 2).split(u',');
+            for (int i = 0; i < gathered.size(); ++i) {
+                const auto relation = static_cast<Group::GroupType>(i);
+                QCOMPARE(text(Group(reference, relation, type)), gathered[i]);
+                QString remaining = u"dcbza-a"_s;
+                Group filtered = group(remaining);
+                filtered.filter(reference, relation, type);
+                remaining.removeIf([&](QChar name) { return !gathered[i].contains(name); });
+                QCOMPARE(text(filtered), remaining);
+            }
         }
     }
 
@@ -144,15 +130,6 @@ private Q_SLOTS:
             QVERIFY2(group(orthogonal).viewersAreOrthogonal(), qPrintable(orthogonal));
         }
         QVERIFY(!group(u"bca"_s).viewersAreOrthogonal() && !group(u"abb"_s).viewersAreOrthogonal());
-    }
-
-    void byVolume()
-    {
-        std::map<KxVolume *, Group> groups{{nullptr, group(u"ab"_s)}};
-        group(u"zbda"_s).viewersByVolume(groups);
-        QCOMPARE(groups.size(), 2U);
-        QCOMPARE(text(groups[viewer(u'a')->shown]), u"za"_s);
-        QCOMPARE(text(groups[viewer(u'd')->shown]), u"d"_s); // By what is shown.
     }
 
 private:

@@ -42,13 +42,9 @@ private Q_SLOTS:
     void init()
     {
         DB::clear(nullptr);
-        for (McHandle<FakeViewer> &viewer : m_viewers) {
-            viewer = new FakeViewer;
+        for (McHandle<FakeViewer> *viewer : {&a, &b, &c, &d}) {
+            *viewer = new FakeViewer;
         }
-        a = m_viewers[0];
-        b = m_viewers[1];
-        c = m_viewers[2];
-        d = m_viewers[3];
     }
 
     void types()
@@ -163,8 +159,8 @@ private Q_SLOTS:
         QCOMPARE(following(), Pair());
         DB::setGroupId(zoom, a, "ACTIVE");
         DB::setViewerAttribute(zoom, b, DB::ATT_RESTRICT_TO, " set1  set2 ");
-        m_viewers[2]->displaySet = "set2";
-        m_viewers[3]->displaySet = "set";
+        c->displaySet = "set2";
+        d->displaySet = "set";
         DB::setLastActiveViewer(zoom, c);
         QCOMPARE(following(), (Pair{c, c}));
         DB::setLastActiveViewer(zoom, d);
@@ -180,11 +176,10 @@ private Q_SLOTS:
     }
 
 private:
-    std::array<McHandle<FakeViewer>, 4> m_viewers;
-    ExBaseViewer *a = nullptr;
-    ExBaseViewer *b = nullptr;
-    ExBaseViewer *c = nullptr;
-    ExBaseViewer *d = nullptr;
+    McHandle<FakeViewer> a;
+    McHandle<FakeViewer> b;
+    McHandle<FakeViewer> c;
+    McHandle<FakeViewer> d;
 };
 
 QTEST_MAIN(tst_ExViewerDB)

@@ -87,7 +87,7 @@ private Q_SLOTS:
             return bundle;
         });
         std::atomic<int> wrong = 0;
-        std::vector<std::thread> threads;
+        std::vector<std::jthread> threads;
         for (std::size_t t = 0; t < 4; ++t) {
             threads.emplace_back([&, t] {
                 for (std::size_t i = 0; i < 300; ++i) {
@@ -97,11 +97,8 @@ private Q_SLOTS:
                 }
             });
         }
-        for (std::thread &thread : threads) {
-            thread.join();
-        }
-        QCOMPARE(wrong.load(), 0);
-        QVERIFY(cache.size() <= 3);
+        threads.clear();
+        QVERIFY(wrong == 0 && cache.size() <= 3);
     }
 
 private:

@@ -1,10 +1,7 @@
 #include "platform/display/ExDisplayConfig.h"
-#include "tests/support/Rows.h"
+#include "tests/support/Files.h"
 
 #include <QGuiApplication>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
@@ -29,16 +26,6 @@ QString describe(const std::vector<ExDisplayInfo> &displays)
     return lines.join(u'\n');
 }
 
-QJsonObject screenOf(const QString &line)
-{
-    // "name x y width height [scale]"
-    const QStringList parts = line.split(u' ');
-    const auto number = [&](int i) { return parts.at(i).toInt(); };
-    return {{u"name"_s, parts.at(0)}, {u"x"_s, number(1)}, {u"y"_s, number(2)},
-        {u"width"_s, number(3)}, {u"height"_s, number(4)}, {u"logicalDpi"_s, 96},
-        {u"logicalBaseDpi"_s, 96}, {u"dpr"_s, parts.size() > 5 ? parts.at(5).toDouble() : 1.0}};
-}
-
 } // namespace
 
 class tst_ExDisplayConfig : public QObject
@@ -46,36 +33,32 @@ class tst_ExDisplayConfig : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void orderByPosition_data()
-    {
-        const Rows<QString> row("screens"); // Separated by semicolons, in the expected order.
-        row("one", "A 0 0 1920 1080");
-        row("side by side", "A 0 0 1920 1080;B 1920 0 1920 1080");
-        row("left of the origin", "B -1920 0 1920 1080;A 0 0 1920 1080");
-        row("three in a row, not aligned",
-            "C -1200 -300 1200 1920;A 0 0 1920 1080;B 1920 -500 1600 1200");
-        row("one above two", "C 900 -1080 1920 1080;A 0 0 1920 1080;B 1920 0 1920 1080");
-        row("one above the other", "B 0 -1200 1600 1200;A 0 0 1920 1080");
-        row("small one at the foot of a tall one", "T 0 0 1200 1920;S 1200 1200 1280 720");
-        row("stairs", "A 0 0 1000 1000;B 1000 400 1000 1000;C 2000 800 1000 1000");
-    }
-
     void orderByPosition()
     {
-        QFETCH(const QString, screens);
-        const QStringList lines = screens.split(u';');
-        for (qsizetype primary = 0; primary < lines.size(); ++primary) {
-            QStringList given;
-            QStringList expected;
-            for (qsizetype i = 0; i < lines.size(); ++i) {
-                // The first one by name is the primary one.
-                const QString line = (i == primary ? u"0"_s : QString()) + lines[i];
-                const QStringList parts = line.split(u' ');
-                given.prepend(line);
-                expected.append(u"%1%2 %3,%4 %5x%6 1"_s.arg(i == primary ? u"*"_s : QString(),
-                    parts[0], parts[1], parts[2], parts[3], parts[4]));
+        // Screens in the expected order: one; side by side; left of the origin; three that are not
+        // aligned; one above two; one above the other; a small one at the foot of a tall one;
+        // stairs
+        const QString rows[] = {u"A 0 0 1920 1080"_s, u"A 0 0 1920 1080;B 1920 0 1920 1080"_s,
+            u"B -1920 0 1920 1080;A 0 0 1920 1080"_s,
+            u"C -1200 -300 1200 1920;A 0 0 1920 1080;B 1920 -500 1600 1200"_s,
+            u"C 900 -1080 1920 1080;A 0 0 1920 1080;B 1920 0 1920 1080"_s,
+            u"B 0 -1200 1600 1200;A 0 0 1920 1080"_s, u"T 0 0 1200 1920;S 1200 1200 1280 720"_s,
+            u"A 0 0 1000 1000;B 1000 400 1000 1000;C 2000 800 1000 1000"_s};
+        for (const QString &row : rows) {
+            const QStringList screens = row.split(u';');
+            for (qsizetype primary = 0; primary < screens.size(); ++primary) {
+                QStringList given;
+                QStringList expected;
+                for (qsizetype i = 0; i < screens.size(); ++i) {
+                    // The first one by name is the primary one.
+                    const QString screen = (i == primary ? u"0"_s : QString()) + screens[i];
+                    const QStringList parts = screen.split(u' ');
+                    given.prepend(screen + u" 1");
+                    expected.append(u"%1%2 %3,%4 %5x%6 1"_s.arg(i == primary ? u"*"_s : QString(),
+                        parts[0], parts[1], parts[2], parts[3], parts[4]));
+                }
+                QCOMPARE(displaysSeenOn(given), expected.join(u'\n'));
             }
-            QCOMPARE(displaysSeenOn(given), expected.join(u'\n'));
         }
     }
 
@@ -84,28 +67,25 @@ private Q_SLOTS:
         QCOMPARE(displaysSeenOn({u"A 0 0 1920 1080 2"_s, u"B 1920 0 1920 1080 1.5"_s}),
             u"*A 0,0 1920x1080 2\nB 1920,0 1920x1080 1.5"_s);
         // The device's own pixels do not count.
-        QCOMPARE(displaysSeenOn({u"A 0 0 3840 2160"_s}, u"2"_s), u"*A 0,0 1920x1080 2"_s);
+        QCOMPARE(displaysSeenOn({u"A 0 0 3840 2160 1"_s}, u"2"_s), u"*A 0,0 1920x1080 2"_s);
     }
 
 private:
     /// What a process on these screens says about them.
     QString displaysSeenOn(const QStringList &screens, const QString &scaleFactor = {})
     {
-        QJsonArray list;
-        for (const QString &screen : screens) {
-            list.append(screenOf(screen));
+        QStringList list;
+        for (const QString &screen : screens) { // "name x y width height scale"
+            const QStringList parts = screen.split(u' ');
+            list += QStringLiteral(R"({"name":"%1","x":%2,"y":%3,"width":%4,"height":%5,"dpr":%6,)"
+                                   R"("logicalDpi":96,"logicalBaseDpi":96})")
+                        .arg(parts[0], parts[1], parts[2], parts[3], parts[4], parts[5]);
         }
-        QFile file(m_folder.filePath(u"screens.json"_s));
-        if (!file.open(QIODevice::WriteOnly)) {
-            return file.errorString();
-        }
-        file.write(QJsonDocument(QJsonObject{{u"screens"_s, list}}).toJson());
-        file.close();
+        const QString file = m_folder.filePath(u"screens.json"_s);
+        writeFile(file, R"({"screens":[)" + list.join(u',').toUtf8() + "]}");
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen:configfile="_s + file.fileName());
-        if (!scaleFactor.isEmpty()) {
-            environment.insert(u"QT_SCALE_FACTOR"_s, scaleFactor);
-        }
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen:configfile="_s + file);
+        environment.insert(u"QT_SCALE_FACTOR"_s, scaleFactor.isEmpty() ? u"1"_s : scaleFactor);
         QProcess process;
         process.setProcessEnvironment(environment);
         process.start(QCoreApplication::applicationFilePath(), {u"--displays"_s});

@@ -3,7 +3,6 @@
 #include "platform/properties/KxSiteSettings.h"
 #include "tests/platform/properties/ProgramLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 
 #include <QDir>
 #include <QProcess>
@@ -43,35 +42,27 @@ private Q_SLOTS:
         m_log.take();
     }
 
-    void survivesRestart_data()
-    {
-        const Rows<QString, QString> row("key", "text");
-        row("plain", u"UI.ColorScheme"_s, u"Movara Dark"_s);
-        row("general", u"General.LoadIncompleteStudies"_s, u"LoadNever"_s);
-        row("empty", u"UI.SplitMonitorConfig"_s, QString());
-        row("separators", u"a"_s, u" a, b;c = \"d\" \\ %1|@x\n\t[s] "_s);
-        row("at sign", u"a"_s, u"@Invalid()"_s);
-        row("other scripts", QString::fromUtf8("UI.\u00e9\u4e2d"),
-            QString::fromUtf8("\u5c71\u7530^\U0001F600"));
-        row("slashes in the key", u"UI.//a\\b/%2F c=d"_s, u"1"_s);
-    }
-
     void survivesRestart()
     {
-        QFETCH(const QString, key);
-        QFETCH(const QString, text);
+        const std::pair<QString, QString> rows[] = {{u"UI.ColorScheme"_s, u"Movara Dark"_s},
+            {u"General.LoadIncompleteStudies"_s, u"LoadNever"_s}, // The group of keys without one
+            {u"UI.SplitMonitorConfig"_s, QString()}, {u"a"_s, u"@Invalid()"_s},
+            {u"b"_s, u" a, b;c = \"d\" \\ %1|@x\n\t[s] "_s},
+            {QString::fromUtf8("UI.\u00e9\u4e2d"), QString::fromUtf8("\u5c71\u7530^\U0001F600")},
+            {u"UI.//a\\b/%2F c=d"_s, u"1"_s}};
         {
             KxFileSerializer store(m_file);
-            QVERIFY(store.write(key, text));
-            QVERIFY(store.write(u"Other"_s, u"x"_s));
+            for (const auto &[key, text] : rows) {
+                QVERIFY(store.write(key, text));
+            }
+            QVERIFY(!store.write(QString(), u"1"_s));
         }
-        KxFileSerializer restarted(m_file);
-        QCOMPARE(restarted.read(key), text);
-        QVERIFY(restarted.remove(key));
-        QVERIFY(!restarted.write(QString(), text));
-        const KxFileSerializer again(m_file);
-        QCOMPARE(again.read(key), std::nullopt);
-        QCOMPARE(again.read(u"Other"_s), u"x"_s);
+        for (const auto &[key, text] : rows) {
+            KxFileSerializer restarted(m_file);
+            QCOMPARE(restarted.read(key), text);
+            QVERIFY(restarted.remove(key));
+            QCOMPARE(KxFileSerializer(m_file).read(key), std::nullopt);
+        }
         QCOMPARE(files(), QStringList{u"settings.ini"_s});
         QCOMPARE(m_log.take(), QStringList());
     }
@@ -121,26 +112,13 @@ private Q_SLOTS:
             QCOMPARE(process->exitCode(), 0);
         }
         const KxFileSerializer store(m_file);
-        QStringList lost;
         for (const QString &name : names) {
             for (int i = 0; i < writesPerProcess; ++i) {
-                if (store.read(name + QString::number(i)) != name) {
-                    lost.append(name + QString::number(i));
-                }
+                QCOMPARE(store.read(name + QString::number(i)), name);
             }
             QCOMPARE(store.read(name), QString::number(1000 + writesPerProcess - 1));
         }
-        QCOMPARE(lost, QStringList());
         QCOMPARE(files(), QStringList{u"settings.ini"_s});
-    }
-
-    void twoStoresSeeEachOther()
-    {
-        KxFileSerializer a(m_file);
-        KxFileSerializer b(m_file);
-        QVERIFY(a.write(u"a"_s, u"1"_s));
-        QVERIFY(b.write(u"long key of b"_s, u"2"_s));
-        QCOMPARE(a.read(u"long key of b"_s), u"2"_s);
     }
 
     void changesThatLookLikeNone()
@@ -163,41 +141,32 @@ private Q_SLOTS:
         QVERIFY(readFile(m_file).contains("a=2222\nb=3333"));
     }
 
-    void damagedFileIsSetAside_data()
-    {
-        const Rows<QByteArray, bool> row("content", "writesFirst");
-        const QByteArray noise("\x7f\x45\x4c\x46\x02\x01\x01\0\0\n\x12\xff\xfe", 13);
-        row("zeros after a crash", QByteArray(4096, '\0'), false);
-        row("a program's bytes", noise, false);
-        row("cut in the middle of a line", QByteArray("UI.A=1\nUI.Colo"), false);
-        row("open section", QByteArray("[General\nUI.A=1\n"), false);
-        row("comment within a line", QByteArray("[General]\nUI.A;MoT.Log=1\n"), false);
-        row("found by a write", noise, true);
-    }
-
     void damagedFileIsSetAside()
     {
-        QFETCH(const QByteArray, content);
-        QFETCH(const bool, writesFirst);
-        writeFile(m_file, content);
-        KxFileSerializer store(m_file);
-        if (!writesFirst) {
-            KxProperty<int> property("UI.A", 8, store);
-            QCOMPARE(property.value(), 8);
-            QVERIFY(!property.reload());
+        const QByteArray noise("\x7f\x45\x4c\x46\x02\x01\x01\0\0\n\x12\xff\xfe", 13);
+        for (const QByteArray &content :
+            {QByteArray(4096, '\0'), noise, QByteArray("UI.A=1\nUI.Colo"),
+                QByteArray("[General\nUI.A=1\n"), QByteArray("[General]\nUI.A;MoT.Log=1\n")}) {
+            for (const bool writesFirst : {false, true}) {
+                init();
+                writeFile(m_file, content);
+                KxFileSerializer store(m_file);
+                if (!writesFirst) {
+                    KxProperty<int> property("UI.A", 8, store);
+                    QVERIFY(property.value() == 8 && !property.reload());
+                }
+                QVERIFY(store.write(u"UI.B"_s, u"2"_s));
+                const QStringList now = files();
+                QCOMPARE(now.size(), 2);
+                QVERIFY2(now[1].startsWith("settings.ini.damaged-"_L1), qUtf8Printable(now[1]));
+                QCOMPARE(readFile(m_folder->filePath(now[1])), content);
+                QCOMPARE(KxFileSerializer(m_file).read(u"UI.B"_s), u"2"_s);
+                QCOMPARE(m_log.take(),
+                    QStringList{u"W WARNING - the settings file %1 is damaged and was set aside "
+                                "as %2; default settings are used"_s.arg(
+                                    m_file, m_folder->filePath(now[1]))});
+            }
         }
-        QVERIFY(store.write(u"UI.B"_s, u"2"_s));
-
-        const QStringList now = files();
-        QCOMPARE(now.size(), 2);
-        QVERIFY2(now[1].startsWith("settings.ini.damaged-"_L1), qUtf8Printable(now[1]));
-        QCOMPARE(readFile(m_folder->filePath(now[1])), content);
-        const KxFileSerializer restarted(m_file);
-        QCOMPARE(restarted.read(u"UI.B"_s), u"2"_s);
-        QCOMPARE(m_log.take(),
-            QStringList{
-                u"W WARNING - the settings file %1 is damaged and was set aside "
-                "as %2; default settings are used"_s.arg(m_file, m_folder->filePath(now[1]))});
     }
 
     void fileThatCannotBeUsed()

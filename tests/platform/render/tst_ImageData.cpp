@@ -1,7 +1,6 @@
-#include "platform/render/KxImageSeries.h"
 #include "platform/render/KxMsg.h"
 #include "platform/render/KxSlice.h"
-#include "tests/support/Rows.h"
+#include "platform/render/KxVolume.h"
 
 #include <QTest>
 
@@ -26,33 +25,27 @@ class tst_ImageData : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void voxels_data()
-    {
-        const Rows<int, int, QByteArray, double> row("type", "components", "lastTwo", "last");
-        row("bytes", 0, 1, QByteArray::fromHex("01ff"), 255.0);
-        row("colours", 0, 3, QByteArray::fromHex("0180"), 128.0);
-        row("shorts", 1, 1, QByteArray::fromHex("010018fc"), -1000.0);
-        row("floats", 2, 2, QByteArray::fromHex("00000000000040c0"), -3.0);
-    }
-
     void voxels()
     {
-        QFETCH(const int, type);
-        QFETCH(const int, components);
-        QFETCH(const QByteArray, lastTwo);
-        const McHandle<KxVolume> volume(
-            new KxVolume({4, 3, 2}, static_cast<KxVolume::ScalarType>(type), components));
-        const auto count = static_cast<std::size_t>(lastTwo.size());
-        const int last = components - 1;
-        QCOMPARE(volume->bytesPerSlice(), static_cast<std::size_t>(4 * 3 * components) * count / 2);
-        QCOMPARE(volume->value(3, 2, 1, last), 0.0);
-        std::memcpy(volume->slice(1) + volume->bytesPerSlice() - count, lastTwo.data(), count);
-        QTEST(volume->value(3, 2, 1, last), "last");
-        QCOMPARE(volume->value(3, 2, 0, last), 0.0);
-        const int outside[][4] = {{-1, 0, 0, 0}, {4, 0, 0, 0}, {0, -1, 0, 0}, {0, 3, 0, 0},
-            {0, 0, -1, 0}, {0, 0, 2, 0}, {0, 0, 0, -1}, {0, 0, 0, components}};
-        for (const auto &at : outside) {
-            QVERIFY(std::isnan(volume->value(at[0], at[1], at[2], at[3])));
+        using Type = KxVolume::ScalarType;
+        const std::tuple<Type, int, const char *, double> rows[] = {{Type::UInt8, 1, "01ff", 255.0},
+            {Type::UInt8, 3, "0180", 128.0}, {Type::Int16, 1, "010018fc", -1000.0},
+            {Type::Float32, 2, "00000000000040c0", -3.0}};
+        for (const auto &[type, components, lastTwo, value] : rows) {
+            const McHandle<KxVolume> volume(new KxVolume({4, 3, 2}, type, components));
+            const QByteArray bytes = QByteArray::fromHex(lastTwo);
+            const auto count = static_cast<std::size_t>(bytes.size());
+            const int last = components - 1;
+            QCOMPARE(
+                volume->bytesPerSlice(), static_cast<std::size_t>(4 * 3 * components) * count / 2);
+            std::memcpy(volume->slice(1) + volume->bytesPerSlice() - count, bytes.data(), count);
+            QCOMPARE(volume->value(3, 2, 1, last), value);
+            QCOMPARE(volume->value(3, 2, 0, last), 0.0);
+            const int outside[][4] = {{-1, 0, 0, 0}, {4, 0, 0, 0}, {0, -1, 0, 0}, {0, 3, 0, 0},
+                {0, 0, -1, 0}, {0, 0, 2, 0}, {0, 0, 0, -1}, {0, 0, 0, components}};
+            for (const auto &at : outside) {
+                QVERIFY(std::isnan(volume->value(at[0], at[1], at[2], at[3])));
+            }
         }
     }
 
@@ -65,16 +58,6 @@ private Q_SLOTS:
         QVERIFY(volume->center() == McVec3d(11, 23.5, 32));
         const KxSlice coronal({0, 10, 0}, {1, 0, 0}, {0, 0, -1});
         QCOMPARE(coronal.distance({5, 12, 7}), 2.0);
-    }
-
-    void phases()
-    {
-        KxVolume *const volume = new KxVolume({1, 1, 1}, KxVolume::ScalarType::UInt8);
-        const McHandle<KxImageSeries> series(new KxImageSeries("1.2.3"));
-        series->appendVolume(volume, "t 1");
-        QVERIFY(series->volume(0) == volume && volume->references() == 1);
-        QVERIFY(!series->volume(-1) && !series->volume(1) && series->phaseLabel(1).empty());
-        QCOMPARE(series->phaseLabel(0), std::string("t 1"));
     }
 
     void messages()

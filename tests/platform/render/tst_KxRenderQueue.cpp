@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -137,13 +136,6 @@ private Q_SLOTS:
                 this, [this] { m_log.append(u"input"_s); }, Qt::QueuedConnection);
         }
         QCOMPARE(drawn(), u"input input input a |"_s);
-    }
-
-    void mainThread()
-    {
-        bool inThread = true;
-        std::thread([&inThread] { inThread = kxIsMainThread(); }).join();
-        QVERIFY(kxIsMainThread() && !inThread);
     }
 
 private:

@@ -37,7 +37,7 @@ private Q_SLOTS:
     {
         constexpr int count = 1000;
         PerfMon monitor;
-        std::vector<std::thread> threads;
+        std::vector<std::jthread> threads;
         for (unsigned i = 0; i < 4; ++i) {
             threads.emplace_back([&monitor, i] {
                 for (int n = 0; n < count; ++n) {
@@ -50,9 +50,7 @@ private Q_SLOTS:
         while (monitor.reading(0, 0).count + monitor.reading(0, 1).count < 4 * count) {
             QVERIFY(monitor.sensorNames(0).size() <= 1);
         }
-        for (std::thread &thread : threads) {
-            thread.join();
-        }
+        threads.clear();
         QCOMPARE(monitor.reading(0, 1).maximum, count - 1);
     }
 };

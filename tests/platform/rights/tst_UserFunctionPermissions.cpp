@@ -1,7 +1,6 @@
 #include "platform/rights/UserFunctionPermissions.h"
 #include "tests/platform/properties/ProgramLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -86,74 +85,59 @@ private Q_SLOTS:
             "I The user has no right to use the function 7"_s);
     }
 
-    void notAPolicy_data()
-    {
-        const Rows<QString, QString> row("content", "problem");
-        row("empty", "", "illegal value");
-        row("cut off", R"({"grantedFunctions": [140], "deniedTools": ["A",)", "unterminated array");
-        row("a list", R"(["A"])", "it is not an object");
-        row("misspelt", R"({"deniedTool": ["A"]})", R"("deniedTool" is not known)");
-        row("tools as text", R"({"deniedTools": "A"})", R"("deniedTools" is not a list)");
-        const char *const pattern = R"("deniedTools" holds something that is not a pattern)";
-        row("tool as number", R"({"deniedTools": ["A", 1]})", pattern);
-        row("no pattern", R"({"deniedTools": ["[z-a]"]})", pattern);
-        const char *const code
-            = R"("grantedFunctions" holds something that is not a function code)";
-        row("fraction", R"({"grantedFunctions": [140, 1.5]})", code);
-        row("function as text", R"({"grantedFunctions": [140, "141"]})", code);
-        row("renaming list", R"({"renamedTools": ["A"]})", R"("renamedTools" is not an object)");
-        row("renamed to nothing", R"({"renamedTools": {"Old.Zoom": ""}})",
-            R"("renamedTools" holds a new identifier that is not a text)");
-        row("circle", R"({"renamedTools": {"Old.Zoom": "A", "A": "B", "B": "A"}})",
-            R"("renamedTools" renames in a circle)");
-    }
-
     void notAPolicy()
     {
-        QFETCH(const QString, content);
-        QFETCH(const QString, problem);
-        const QString name = write("policy.json", content.toUtf8());
-        const UserFunctionPermissions rights(name);
-        QCOMPARE(answers(rights), denied);
-        QCOMPARE(m_log.take(),
-            QStringList{
-                u"W WARNING - the policy %1 cannot be used, every tool and editor is denied: %2"_s
-                    .arg(name, problem)});
-    }
-
-    void whereThePolicyIs_data()
-    {
-        const Rows<QString, QString, QString> row("policyVariable", "site", "expected");
-        const QString fromVariable = u"tool 1 editor 1 native 1 Old.Zoom"_s;
-        const QString fromSite = u"tool 1 editor 1 native 0 fromSite"_s;
-        row("nowhere", "", "UI.A=1\n", allowed);
-        row("variable", "variable.json", "UI.A=1\n", fromVariable);
-        row("site", "", "Rights.PolicyFile=site.json\n", fromSite);
-        row("both", "variable.json", "Rights.PolicyFile=site.json\n", fromVariable);
-        row("variable, absent", "absent.json", "", denied);
-        row("variable, a folder", ".", "", denied);
-        row("site, absent", "", "Rights.PolicyFile=absent.json\n", denied);
-        row("damaged site file", "", "{}\n", denied);
+        const char *const pattern = R"("deniedTools" holds something that is not a pattern)";
+        const char *const code
+            = R"("grantedFunctions" holds something that is not a function code)";
+        const std::pair<const char *, const char *> rows[] = {{"", "illegal value"},
+            {R"({"grantedFunctions": [140], "deniedTools": ["A",)", "unterminated array"},
+            {R"(["A"])", "it is not an object"},
+            {R"({"deniedTool": ["A"]})", R"("deniedTool" is not known)"},
+            {R"({"deniedTools": "A"})", R"("deniedTools" is not a list)"},
+            {R"({"deniedTools": ["A", 1]})", pattern}, {R"({"deniedTools": ["[z-a]"]})", pattern},
+            {R"({"grantedFunctions": [140, 1.5]})", code},
+            {R"({"grantedFunctions": [140, "141"]})", code},
+            {R"({"renamedTools": ["A"]})", R"("renamedTools" is not an object)"},
+            {R"({"renamedTools": {"Old.Zoom": ""}})",
+                R"("renamedTools" holds a new identifier that is not a text)"},
+            {R"({"renamedTools": {"Old.Zoom": "A", "A": "B", "B": "A"}})",
+                R"("renamedTools" renames in a circle)"}};
+        for (const auto &[content, problem] : rows) {
+            const QString name = write("policy.json", content);
+            QCOMPARE(answers(UserFunctionPermissions(name)), denied);
+            QCOMPARE(m_log.take(),
+                QStringList{u"W WARNING - the policy %1 cannot be used, every tool and editor is "
+                            "denied: %2"_s.arg(name, QLatin1String(problem))});
+        }
     }
 
     void whereThePolicyIs()
     {
-        QFETCH(const QString, policyVariable);
-        QFETCH(const QString, site);
-        QFETCH(const QString, expected);
+        const QString fromVariable = u"tool 1 editor 1 native 1 Old.Zoom"_s;
+        const QString fromSite = u"tool 1 editor 1 native 0 fromSite"_s;
+        // The variable's file, the site's settings, what the rights say then
+        const std::tuple<QString, QByteArray, QString> rows[]
+            = {{QString(), "UI.A=1\n", allowed}, {u"variable.json"_s, "UI.A=1\n", fromVariable},
+                {QString(), "Rights.PolicyFile=site.json\n", fromSite},
+                {u"variable.json"_s, "Rights.PolicyFile=site.json\n", fromVariable},
+                {u"absent.json"_s, "", denied}, {u"."_s, "", denied}, // a folder
+                {QString(), "Rights.PolicyFile=absent.json\n", denied},
+                {QString(), "{}\n", denied}}; // a damaged file of the site
         write("variable.json", R"({"grantedFunctions": [140]})");
         write("site.json", R"({"renamedTools": {"Old.Zoom": "fromSite"}})");
-
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"MOVARA_SITE_SETTINGS"_s, write("site.ini", site.toUtf8()));
-        if (!policyVariable.isEmpty()) {
-            environment.insert(u"MOVARA_POLICY_FILE"_s, m_folder.filePath(policyVariable));
+        for (const auto &[variable, site, expected] : rows) {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(u"MOVARA_SITE_SETTINGS"_s, write("site.ini", site));
+            if (!variable.isEmpty()) {
+                environment.insert(u"MOVARA_POLICY_FILE"_s, m_folder.filePath(variable));
+            }
+            QProcess client;
+            client.setProcessEnvironment(environment);
+            client.start(QCoreApplication::applicationFilePath(), {u"--answers"_s});
+            QVERIFY(client.waitForFinished());
+            QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expected);
         }
-        QProcess client;
-        client.setProcessEnvironment(environment);
-        client.start(QCoreApplication::applicationFilePath(), {u"--answers"_s});
-        QVERIFY(client.waitForFinished());
-        QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expected);
     }
 
 private:

@@ -81,7 +81,7 @@ private Q_SLOTS:
     void releasedInManyThreads()
     {
         McHandle<Diamond> first(new Diamond);
-        std::vector<std::thread> threads;
+        std::vector<std::jthread> threads;
         for (int i = 0; i < 4; ++i) {
             threads.emplace_back([handle = first] {
                 for (int n = 0; n < 10000; ++n) {
@@ -90,9 +90,6 @@ private Q_SLOTS:
             });
         }
         first.reset();
-        for (std::thread &thread : threads) {
-            thread.join();
-        }
         threads.clear();
         QCOMPARE(alive.load(), 0);
     }
