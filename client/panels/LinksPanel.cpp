@@ -45,11 +45,23 @@ int numberOf(const std::string &type, const ExViewerDBGroup &group)
     return -1;
 }
 
+/// The delegate frames what is selected, so that groups keep their colours. Not by the table's
+/// palette, which is the style sheet's.
+class LinkTable final : public QTableWidget
+{
+protected:
+    void initViewItemOption(QStyleOptionViewItem *option) const override
+    {
+        QTableWidget::initViewItemOption(option);
+        option->palette.setColor(QPalette::Highlight, Qt::transparent);
+    }
+};
+
 } // namespace
 
 LinksPanel::LinksPanel(QWidget *parent)
     : QWidget(parent)
-    , m_table(new QTableWidget)
+    , m_table(new LinkTable)
     , m_message(new ViewMessage(*m_table))
     , m_attach(new PanelButton(QStringLiteral("Attach"), QStringLiteral("link"),
           tr("Attach or detach the selected viewers (Space)")))
@@ -84,9 +96,6 @@ void LinksPanel::build()
     m_table->setColumnWidth(0, typeWidth);
     m_table->setShowGrid(false);
     m_table->setItemDelegate(new LinkDelegate(m_table));
-    QPalette colors; // The delegate frames what is selected, so that groups keep their colours.
-    colors.setColor(QPalette::Highlight, Qt::transparent);
-    m_table->setPalette(colors);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setContextMenuPolicy(Qt::CustomContextMenu);
     m_table->setAccessibleName(tr("Links"));
