@@ -2,7 +2,10 @@
 
 #include "client/app/NotificationWatch.h"
 #include "client/app/Workstation.h"
+#include "client/editors/PanelEditors.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/editors/ExEditor.h"
+#include "framework/editors/ExEditorContainer.h"
 #include "framework/monitors/ExMonitorManager.h"
 
 #include <QAbstractButton>
@@ -21,6 +24,39 @@ namespace {
 bool canTakeFocus(const QWidget *widget)
 {
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+/// A panel may be in a region that is collapsed.
+bool isSeen(const QWidget &widget)
+{
+    return widget.isVisible() && !widget.visibleRegion().isEmpty();
+}
+
+/// What had the focus last in a panel, else what Tab would come to first; null when nothing can.
+QWidget *targetIn(QWidget &panel)
+{
+    if (canTakeFocus(panel.focusWidget())) {
+        return panel.focusWidget();
+    }
+    QWidget *each = panel.nextInFocusChain();
+    while (each != &panel
+        && !(panel.isAncestorOf(each) && (each->focusPolicy() & Qt::TabFocus) != 0
+            && canTakeFocus(each))) {
+        each = each->nextInFocusChain();
+    }
+    return each != &panel || panel.focusPolicy() != Qt::NoFocus ? each : nullptr;
+}
+
+/// Whether both are viewers, or both buttons of tool bars.
+bool isAlike(const QWidget &one, const QWidget &other)
+{
+    const auto isViewer = [](const QWidget &widget) {
+        return qobject_cast<const ViewerRenderWidget *>(&widget) != nullptr;
+    };
+    const auto isInBar = [](const QWidget &widget) {
+        return qobject_cast<const QToolBar *>(widget.parentWidget()) != nullptr;
+    };
+    return (isViewer(one) && isViewer(other)) || (isInBar(one) && isInBar(other));
 }
 
 QList<QToolBar *> toolBars()
@@ -122,13 +158,14 @@ void FocusOrder::arrangeIn(const QWidget &window)
 
 void FocusOrder::moveToArea(int step)
 {
-    const std::vector<QWidget *> all = areas();
+    const std::vector<Area> all = areas();
     const int count = static_cast<int>(all.size());
-    const int current = currentArea();
+    const int current = currentArea(all);
     int next = current < 0 && step < 0 ? 0 : current;
     for (int tried = 0; tried < count; ++tried) {
         next = (next + step + count) % count;
-        if (QWidget *const widget = all[static_cast<std::size_t>(next)]; canTakeFocus(widget)) {
+        QWidget *const widget = all[static_cast<std::size_t>(next)].target;
+        if (canTakeFocus(widget) && isSeen(*widget)) {
             widget->activateWindow();
             widget->setFocus(Qt::ShortcutFocusReason);
             return;
@@ -136,26 +173,43 @@ void FocusOrder::moveToArea(int step)
     }
 }
 
-int FocusOrder::currentArea() const
+int FocusOrder::currentArea(const std::vector<Area> &areas)
 {
     const QWidget *const focused = QApplication::focusWidget();
     if (focused == nullptr) {
         return -1;
     }
-    const bool isInBar = qobject_cast<const QToolBar *>(focused->parentWidget()) != nullptr;
-    return focused == m_list                                           ? 0
-        : qobject_cast<const ViewerRenderWidget *>(focused) != nullptr ? 1
-        : isInBar                                                      ? 2
-                                                                       : -1;
+    const auto holds = [focused](const Area &area) {
+        return area.target != nullptr
+            && (area.whole != nullptr ? area.whole->isAncestorOf(focused)
+                                      : isAlike(*area.target, *focused));
+    };
+    const auto found = std::find_if(areas.begin(), areas.end(), holds);
+    return found == areas.end() ? -1 : static_cast<int>(found - areas.begin());
 }
 
-std::vector<QWidget *> FocusOrder::areas() const
+std::vector<FocusOrder::Area> FocusOrder::areas() const
 {
     const WorkstationViewer *const viewer = m_workstation.activeViewer();
     const std::vector<QWidget *> all = buttons();
     const auto button = std::find_if(all.begin(), all.end(), &canTakeFocus);
-    return {m_list, viewer == nullptr ? nullptr : viewer->widget(),
-        button == all.end() ? nullptr : *button};
+    std::vector<Area> areas{{}, {viewer == nullptr ? nullptr : viewer->widget(), nullptr}};
+    for (const ExEditor *editor : PanelEditors::living()) {
+        QWidget *const panel = editor->widgetForMonitor(0);
+        if (panel == nullptr || !isSeen(*panel)) {
+            continue;
+        }
+        // With the tabs or the strip of its window, which belong to it.
+        const QWidget *const whole
+            = editor->isFloating() ? editor->floater() : editor->editorContainer();
+        if (panel->isAncestorOf(m_list)) {
+            areas.front() = {m_list, whole};
+        } else {
+            areas.push_back({targetIn(*panel), whole});
+        }
+    }
+    areas.push_back({button == all.end() ? nullptr : *button, nullptr});
+    return areas;
 }
 
 std::vector<QWidget *> FocusOrder::buttons() const

@@ -14,11 +14,11 @@ class QWidget;
 class Workstation;
 
 /// Leads the keyboard focus through the windows. In each of them Tab goes from the list of studies
-/// through the viewers, in the order of the layout, to the buttons of the tool bars; F6 and
-/// Shift+F6 go from one of these areas to the next, in whatever window that is. A click on a button
-/// leaves the focus where it is. When windows have been shown or arranged anew the active viewer
-/// has it, in a window without it the list, unless something to type into or choose from does. GUI
-/// thread only.
+/// through the viewers, in the order of the layout, to the buttons of the tool bars. F6 and
+/// Shift+F6 go from one of these areas to the next, in whatever window that is; after the viewers
+/// they visit each other panel that is seen. A click on a button leaves the focus where it is. When
+/// windows have been shown or arranged anew the active viewer has it, in a window without it the
+/// list, unless something to type into or choose from does. GUI thread only.
 class FocusOrder final : public QObject
 {
 public:
@@ -35,16 +35,23 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    /// What F6 goes to.
+    struct Area
+    {
+        QWidget *target = nullptr; ///< takes the focus; null where nothing can
+        const QWidget *whole = nullptr; ///< holds what belongs to the area; null for viewers, bars
+    };
+
     void arrangeIn(const QWidget &window);
     void addKey(QWidget &window, const QKeySequence &key, int step);
     void moveToArea(int step);
     /// Once all that is under way with the windows is done.
     void giveToViewerLater();
     void giveToViewer();
-    /// Which of the areas has the focus, or -1.
-    [[nodiscard]] int currentArea() const;
-    /// What takes the focus in each area; null where nothing can.
-    [[nodiscard]] std::vector<QWidget *> areas() const;
+    /// The list, the viewers, other panels, the tool bars.
+    [[nodiscard]] std::vector<Area> areas() const;
+    /// Which of them has the focus, or -1.
+    [[nodiscard]] static int currentArea(const std::vector<Area> &areas);
     /// Of the tool bars of all windows.
     [[nodiscard]] std::vector<QWidget *> buttons() const;
 

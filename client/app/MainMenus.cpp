@@ -15,6 +15,7 @@ namespace MainMenus {
 namespace {
 
 constexpr char separator[] = "separator";
+constexpr char firstAfterPanels[] = "Panel.Reset";
 
 struct MenuRow
 {
@@ -40,8 +41,8 @@ const std::vector<MenuRow> &menus()
                 "Link.Phase", "Link.Rotation"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Window"),
             {"Window.FullScreen", "View.ShowToolBars", separator, "Panel.Studies",
-                "Panel.Measurements", "Panel.Links", "Panel.Properties", "Panel.Log", "Panel.Reset",
-                separator, "Window.Monitors"}},
+                "Panel.Measurements", "Panel.Links", "Panel.Properties", "Panel.Log",
+                firstAfterPanels, separator, "Window.Monitors"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Help"),
             {"Help.Manual", "Help.ShortCuts", separator, "Help.About"}},
     };
@@ -60,12 +61,36 @@ QStringList toStrings(const std::vector<const char *> &keys)
     return strings;
 }
 
+bool isPanel(const std::string &key)
+{
+    return key.rfind("Panel.", 0) == 0;
+}
+
+bool isInTable(const std::string &key)
+{
+    return std::any_of(menus().begin(), menus().end(), [&key](const MenuRow &row) {
+        return std::find(row.keys.begin(), row.keys.end(), key) != row.keys.end();
+    });
+}
+
 bool isPlaced(const std::string &key)
 {
     return key.rfind("Layout.", 0) == 0 // In a menu of their own.
-        || std::any_of(menus().begin(), menus().end(), [&key](const MenuRow &row) {
-               return std::find(row.keys.begin(), row.keys.end(), key) != row.keys.end();
-           });
+        || isPanel(key) || isInTable(key);
+}
+
+/// Those of plug-ins stand with the workstation's own.
+QStringList withOtherPanels(QStringList keys)
+{
+    std::vector<std::string> all;
+    ExTool::getDecorationKeyList(all, false);
+    qsizetype position = keys.indexOf(QLatin1String(firstAfterPanels));
+    for (const std::string &key : all) {
+        if (position >= 0 && isPanel(key) && !isInTable(key) && ExTool::isMenuTool(key.c_str())) {
+            keys.insert(position++, QString::fromStdString(key));
+        }
+    }
+    return keys;
 }
 
 /// By category, with lines between the categories.
@@ -109,7 +134,7 @@ void build(QMenuBar &bar)
         if (i == placeOfTools) {
             addMenu(bar, QT_TRANSLATE_NOOP("MainMenus", "&Tools"), otherKeys());
         }
-        addMenu(bar, menus()[i].title, toStrings(menus()[i].keys));
+        addMenu(bar, menus()[i].title, withOtherPanels(toStrings(menus()[i].keys)));
     }
 }
 

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -122,6 +123,7 @@ ViewerPage::Extent ViewerPage::usualExtent(Place place)
 void ViewerPage::setExtent(Place place, const Extent &extent)
 {
     m_extents[place] = extent;
+    m_isToOpen[place] = extent.isCollapsed;
     share();
 }
 
@@ -173,6 +175,18 @@ void ViewerPage::share()
 void ViewerPage::shareAlong(ExSplitter &splitter, const QList<QWidget *> &panes)
 {
     splitter.refresh(); // Otherwise it does not know yet what has been shown or hidden.
+    setSizes(splitter, panes);
+    const auto wasOpened = [this](QWidget *pane) {
+        const auto place = placeOf(qobject_cast<ExEditorRegion *>(pane));
+        return place && pane->isVisible() && std::exchange(m_isToOpen[*place], false);
+    };
+    if (std::count_if(panes.begin(), panes.end(), wasOpened) > 0) {
+        setSizes(splitter, panes); // For the arrow they were open; now they are collapsed.
+    }
+}
+
+void ViewerPage::setSizes(ExSplitter &splitter, const QList<QWidget *> &panes)
+{
     const bool isAcross = splitter.orientation() == Qt::Horizontal;
     const auto shown = std::count_if(
         panes.begin(), panes.end(), [](const QWidget *pane) { return !pane->isHidden(); });
@@ -198,7 +212,7 @@ int ViewerPage::wantedExtent(Place place, int space) const
     if (isEmpty(region)) {
         return toDropOn;
     }
-    if (extent.isCollapsed) {
+    if (extent.isCollapsed && !(m_isToOpen[place] && region.isVisible())) {
         return 0;
     }
     // Images are what people look at: in a narrow window they keep the larger part.

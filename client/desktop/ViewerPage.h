@@ -60,6 +60,7 @@ private:
     /// Gives the regions their extents and the viewers the rest.
     void share();
     void shareAlong(ExSplitter &splitter, const QList<QWidget *> &panes);
+    void setSizes(ExSplitter &splitter, const QList<QWidget *> &panes);
     [[nodiscard]] int wantedExtent(Place place, int space) const;
 
     ViewerArea *m_area;
@@ -67,5 +68,7 @@ private:
     ExSplitter *m_down; ///< area, region below
     std::array<ExEditorRegion *, numPlaces> m_regions{};
     std::array<Extent, numPlaces> m_extents{};
+    /// Regions that are collapsed and whose splitter does not know yet how large they come back.
+    std::array<bool, numPlaces> m_isToOpen{};
     bool m_isSharing = false;
 };

@@ -9,7 +9,10 @@
 #include "client/panels/StudyPanel.h"
 #include "framework/editors/ExEditor.h"
 #include "framework/editors/ExEditorContainer.h"
+#include "framework/editors/ExEditorFloater.h"
 #include "framework/editors/ExEditorRegion.h"
+
+#include <QApplication>
 
 #include <algorithm>
 #include <array>
@@ -141,6 +144,12 @@ QList<ExEditor *> PanelEditors::living()
         }
         const QList<ExEditor *> closed = region->closedEditors();
         std::for_each(closed.begin(), closed.end(), [&](ExEditor *each) { addNew(all, each); });
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget *window : windows) {
+        if (const auto *const floater = qobject_cast<const ExEditorFloater *>(window)) {
+            addNew(all, floater->editor());
+        }
     }
     if (s_instance != nullptr) {
         for (const QPointer<ExEditor> &editor : s_instance->m_made) {

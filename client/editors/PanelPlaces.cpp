@@ -9,6 +9,7 @@
 #include "framework/monitors/ExMonitorManager.h"
 #include "platform/util/McLogFile.h"
 
+#include <QEvent>
 #include <QScopedValueRollback>
 #include <QWindow>
 
@@ -32,6 +33,7 @@ PanelPlaces::PanelPlaces(Desktop &desktop)
 {
     m_write.setSingleShot(true);
     m_write.setInterval(writeMilliseconds);
+    connect(&m_write, &QTimer::timeout, this, &PanelPlaces::followWindows);
     connect(&m_write, &QTimer::timeout, this, &PanelPlaces::write);
     connect(&desktop, &Desktop::areasChanged, this, &PanelPlaces::pagesChanged);
     connect(&desktop, &Desktop::arranged, this, &PanelPlaces::arranged);
@@ -52,6 +54,24 @@ void PanelPlaces::follow(ExEditorRegion &region)
     connect(&region, &ExEditorRegion::editorAdded, this, &PanelPlaces::noteChange);
     connect(&region, &ExEditorRegion::editorRemoved, this, &PanelPlaces::noteChange);
     connect(&region, &ExEditorRegion::editorActivated, this, &PanelPlaces::noteChange);
+}
+
+/// A panel that begins to float leaves its tabs first, so there has just been a change.
+void PanelPlaces::followWindows()
+{
+    for (const ExEditor *editor : PanelEditors::living()) {
+        if (QWidget *const window = editor->floater()) {
+            window->installEventFilter(this); // The second time in place of the first.
+        }
+    }
+}
+
+bool PanelPlaces::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) {
+        m_write.start();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void PanelPlaces::noteChange()

@@ -47,10 +47,15 @@ Q_SIGNALS:
     /// A panel is somewhere else, or another one in front.
     void changed();
 
+protected:
+    /// Floating windows that are moved or resized.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void pagesChanged();
     void arranged();
     void follow(ExEditorRegion &region);
+    void followWindows();
     void noteChange();
     void write();
     /// Puts the panels of a page that goes on the one that stays.

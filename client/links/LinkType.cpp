@@ -1,5 +1,6 @@
 #include "client/links/LinkType.h"
 
+#include "client/viewers/WorkstationViewer.h"
 #include "framework/viewers/ExViewerDB.h"
 
 #include <QCoreApplication>
@@ -7,6 +8,13 @@
 QString LinkType::name() const
 {
     return QCoreApplication::translate("LinkType", label);
+}
+
+bool LinkType::appliesTo(const WorkstationViewer &viewer) const
+{
+    const bool isSlice
+        = viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
+    return isSlice ? ofSlices : ofVolumes;
 }
 
 const std::vector<LinkType> &LinkType::all()

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+class WorkstationViewer;
+
 /// One way in which viewers can be linked: the type of group in the viewer database, and its name
 /// for the user.
 struct LinkType
@@ -15,6 +17,8 @@ struct LinkType
     bool ofVolumes;
 
     [[nodiscard]] QString name() const;
+    /// Whether viewers of this kind can be linked so.
+    [[nodiscard]] bool appliesTo(const WorkstationViewer &viewer) const;
     /// All of them, in the order in which they are offered.
     static const std::vector<LinkType> &all();
 };

@@ -1,13 +1,15 @@
 #include "client/panels/LinksPanel.h"
 
 #include "client/app/NotificationWatch.h"
-#include "client/geometry/PlaneGeometry.h"
 #include "client/links/ViewerLinks.h"
 #include "client/panels/LinkDelegate.h"
+#include "client/panels/LinkMenu.h"
+#include "client/panels/LinkTexts.h"
 #include "client/panels/PanelButton.h"
 #include "client/panels/ViewKeys.h"
 #include "client/panels/ViewMessage.h"
-#include "client/viewers/SliceViewer.h"
+#include "client/viewers/WorkstationViewer.h"
+#include "client/viewers/WorkstationViewerManager.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
 #include "framework/viewers/ExViewerManager.h"
@@ -19,9 +21,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <iterator>
 
 namespace {
 
@@ -35,70 +34,6 @@ const std::vector<ExNotification::Type> changes{ExNotification::VIEWER_CREATED,
     ExNotification::VIEWER_SUBTYPE_CHANGED, ExNotification::VIEWER_VOLUME_CHANGED,
     ExNotification::ACTIVE_VIEWER_CHANGED, ExNotification::FULLSCREEN_CHANGED};
 
-bool isSliceViewer(const WorkstationViewer &viewer)
-{
-    return viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
-}
-
-bool appliesTo(const LinkType &type, const WorkstationViewer &viewer)
-{
-    return isSliceViewer(viewer) ? type.ofSlices : type.ofVolumes;
-}
-
-QString planeName(const WorkstationViewer &viewer)
-{
-    return isSliceViewer(viewer)
-        ? PlaneGeometry::name(static_cast<const SliceViewer &>(viewer).plane())
-        : LinksPanel::tr("3D");
-}
-
-/// 0 to 2 for what lies at the beginning, in the middle or at the end of a length.
-std::size_t third(double middle, double extent, double length)
-{
-    constexpr double most = 0.6;
-    constexpr double off = 0.1;
-    const double fraction = middle / length;
-    if (extent / length > most || std::abs(fraction - 0.5) < off) {
-        return 1;
-    }
-    return fraction < 0.5 ? 0 : 2;
-}
-
-/// Where the viewer is on its screen; empty when it has none.
-QString placeName(const WorkstationViewer &viewer)
-{
-    static constexpr std::array names{QT_TRANSLATE_NOOP("LinksPanel", "top left"),
-        QT_TRANSLATE_NOOP("LinksPanel", "top"), QT_TRANSLATE_NOOP("LinksPanel", "top right"),
-        QT_TRANSLATE_NOOP("LinksPanel", "left"), QT_TRANSLATE_NOOP("LinksPanel", "middle"),
-        QT_TRANSLATE_NOOP("LinksPanel", "right"), QT_TRANSLATE_NOOP("LinksPanel", "bottom left"),
-        QT_TRANSLATE_NOOP("LinksPanel", "bottom"), QT_TRANSLATE_NOOP("LinksPanel", "bottom right")};
-    const QWidget *const widget = viewer.renderWidget();
-    const QWidget *const area = widget != nullptr ? widget->parentWidget() : nullptr;
-    if (area == nullptr || area->size().isEmpty()) {
-        return {};
-    }
-    const QRectF place = widget->geometry();
-    const std::size_t row = third(place.center().y(), place.height(), area->height());
-    const std::size_t column = third(place.center().x(), place.width(), area->width());
-    return LinksPanel::tr(names.at(3 * row + column));
-}
-
-QString nameOf(const WorkstationViewer &viewer)
-{
-    const QString place = placeName(viewer);
-    return place.isEmpty() ? planeName(viewer)
-                           : QStringLiteral("%1 (%2)").arg(planeName(viewer), place);
-}
-
-QString namesOf(const ExViewerDBGroup &group)
-{
-    QStringList names;
-    for (const ExBaseViewer *each : group.viewers()) {
-        names += nameOf(*static_cast<const WorkstationViewer *>(each));
-    }
-    return names.join(QStringLiteral(", "));
-}
-
 /// The group's place among those of its type, by which it is coloured; -1 for a group of one.
 int numberOf(const std::string &type, const ExViewerDBGroup &group)
 {
@@ -110,38 +45,23 @@ int numberOf(const std::string &type, const ExViewerDBGroup &group)
     return -1;
 }
 
-QString groupName(const std::string &type, const WorkstationViewer &viewer)
+/// The delegate frames what is selected, so that groups keep their colours. Not by the table's
+/// palette, which is the style sheet's.
+class LinkTable final : public QTableWidget
 {
-    return ViewerLinks::followsActive(type, viewer)
-        ? LinksPanel::tr("Active viewer")
-        : LinksPanel::tr("Group %1")
-              .arg(QString::fromStdString(ExViewerDB::groupId(type, &viewer)));
-}
-
-QString cellToolTip(const LinkType &type, const WorkstationViewer &viewer)
-{
-    const ExViewerDBGroup *const group = ExViewerDB::group(type.group, &viewer);
-    if (group == nullptr) {
-        return LinksPanel::tr("%1 of %2 is not linked.").arg(type.name(), nameOf(viewer));
+protected:
+    void initViewItemOption(QStyleOptionViewItem *option) const override
+    {
+        QTableWidget::initViewItemOption(option);
+        option->palette.setColor(QPalette::Highlight, Qt::transparent);
     }
-    QStringList lines{QStringLiteral("%1: %2").arg(groupName(type.group, viewer), namesOf(*group)),
-        ViewerLinks::isAttached(type.group, viewer)
-            ? LinksPanel::tr("Attached: follows the linked viewers.")
-            : LinksPanel::tr("Detached: stays as it is.")};
-    const auto allowed = ViewerLinks::restriction(type.group, viewer);
-    if (ViewerLinks::followsActive(type.group, viewer) && !allowed.empty()) {
-        lines += LinksPanel::tr("Follows some viewers only.");
-    }
-    lines += LinksPanel::tr(
-        "Double-click or Space attaches and detaches; the context menu has more.");
-    return lines.join(u'\n');
-}
+};
 
 } // namespace
 
 LinksPanel::LinksPanel(QWidget *parent)
     : QWidget(parent)
-    , m_table(new QTableWidget)
+    , m_table(new LinkTable)
     , m_message(new ViewMessage(*m_table))
     , m_attach(new PanelButton(QStringLiteral("Attach"), QStringLiteral("link"),
           tr("Attach or detach the selected viewers (Space)")))
@@ -176,9 +96,6 @@ void LinksPanel::build()
     m_table->setColumnWidth(0, typeWidth);
     m_table->setShowGrid(false);
     m_table->setItemDelegate(new LinkDelegate(m_table));
-    QPalette colors; // The delegate frames what is selected, so that groups keep their colours.
-    colors.setColor(QPalette::Highlight, Qt::transparent);
-    m_table->setPalette(colors);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setContextMenuPolicy(Qt::CustomContextMenu);
     m_table->setAccessibleName(tr("Links"));
@@ -261,11 +178,7 @@ void LinksPanel::updateTable()
     if (m_isAsleep) {
         return;
     }
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    m_viewers.clear();
-    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
-        m_viewers.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
-    }
+    m_viewers = WorkstationViewerManager::all();
     const auto &types = LinkType::all();
     m_table->setColumnCount(firstViewer + static_cast<int>(m_viewers.size()));
     for (std::size_t row = 0; row < types.size(); ++row) {
@@ -286,7 +199,8 @@ void LinksPanel::updateTable()
 
 void LinksPanel::updateHeader(int column, const WorkstationViewer &viewer)
 {
-    auto *const item = new QTableWidgetItem(planeName(viewer) % u'\n' % placeName(viewer));
+    auto *const item
+        = new QTableWidgetItem(LinkTexts::planeName(viewer) % u'\n' % LinkTexts::placeName(viewer));
     QFont font = m_table->font();
     font.setBold(ExViewerManager::isActiveViewer(viewer));
     item->setFont(font);
@@ -306,7 +220,7 @@ void LinksPanel::updateCell(
         item->setTextAlignment(Qt::AlignCenter);
         m_table->setItem(row, column, item);
     }
-    if (!appliesTo(type, viewer)) {
+    if (!type.appliesTo(viewer)) {
         item->setFlags(Qt::NoItemFlags);
         item->setText(QStringLiteral("–"));
         item->setToolTip(tr("There is no such link of this kind of viewer."));
@@ -315,10 +229,11 @@ void LinksPanel::updateCell(
     const ExViewerDBGroup *const group = ExViewerDB::group(type.group, &viewer);
     const bool isAttached = ViewerLinks::isAttached(type.group, viewer);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    item->setText(group != nullptr ? groupName(type.group, viewer) : tr("not linked"));
-    item->setToolTip(cellToolTip(type, viewer));
+    item->setText(group != nullptr ? LinkTexts::groupName(type.group, viewer) : tr("not linked"));
+    item->setToolTip(LinkTexts::toolTip(type, viewer));
     item->setData(Qt::AccessibleTextRole,
-        QString(nameOf(viewer) % QStringLiteral(", ") % type.name() % u'\n' % item->toolTip()));
+        QString(LinkTexts::nameOf(viewer) % QStringLiteral(", ") % type.name() % u'\n'
+            % item->toolTip()));
     item->setData(LinkDelegate::NumberRole,
         group != nullptr ? QVariant(numberOf(type.group, *group)) : QVariant());
     item->setData(LinkDelegate::IsAttachedRole, isAttached);
@@ -333,17 +248,6 @@ void LinksPanel::updateButtons()
     }
 }
 
-LinksPanel::Viewers LinksPanel::living(const Viewers &viewers)
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    Viewers found;
-    std::copy_if(viewers.begin(), viewers.end(), std::back_inserter(found),
-        [manager](const WorkstationViewer *each) {
-            return manager != nullptr && manager->viewerIndex(each) >= 0;
-        });
-    return found;
-}
-
 LinksPanel::Viewers LinksPanel::chosenIn(int row) const
 {
     Viewers chosen;
@@ -353,7 +257,7 @@ LinksPanel::Viewers LinksPanel::chosenIn(int row) const
             chosen.push_back(m_viewers[i]);
         }
     }
-    return living(chosen);
+    return WorkstationViewerManager::living(chosen);
 }
 
 void LinksPanel::toggleAttached()
@@ -392,80 +296,8 @@ void LinksPanel::fillMenu(QMenu &menu)
 {
     const int row = m_table->currentRow();
     const Viewers chosen = row >= 0 ? chosenIn(row) : Viewers();
-    if (chosen.empty()) {
-        return;
-    }
-    const std::string &type = LinkType::all()[static_cast<std::size_t>(row)].group;
-    QAction *const attached = menu.addAction(tr("&Attached"));
-    attached->setCheckable(true);
-    attached->setChecked(ViewerLinks::isAttached(type, *chosen.front()));
-    connect(attached, &QAction::triggered, this, [&type, chosen](bool on) {
-        for (WorkstationViewer *viewer : living(chosen)) {
-            ViewerLinks::setAttached(type, *viewer, on);
-        }
-    });
-    menu.addSeparator();
-    addGroups(menu, type, chosen);
-    menu.addAction(chosen.size() > 1 ? tr("&New group of these") : tr("&New group"), this,
-        [&type, chosen] { ViewerLinks::group(type, living(chosen)); });
-    menu.addAction(tr("Not &linked"), this, [&type, chosen] {
-        for (WorkstationViewer *viewer : living(chosen)) {
-            ViewerLinks::leave(type, *viewer);
-        }
-    });
-    menu.addSeparator();
-    addRestrictions(menu, type, chosen);
-}
-
-void LinksPanel::addGroups(QMenu &menu, const std::string &type, const Viewers &chosen)
-{
-    for (int i = 0; i < ExViewerDB::numGroups(type); ++i) {
-        const ExViewerDBGroup &group = *ExViewerDB::group(type, i);
-        auto *const member = static_cast<WorkstationViewer *>(group.viewers()[0]);
-        if (ViewerLinks::followsActive(type, *member)) {
-            continue;
-        }
-        QAction *const join
-            = menu.addAction(QStringLiteral("%1: %2").arg(groupName(type, *member), namesOf(group)),
-                this, [&type, chosen, member] {
-                    for (WorkstationViewer *viewer : living(chosen)) {
-                        if (!living({member}).empty()) {
-                            ViewerLinks::join(type, *viewer, *member);
-                        }
-                    }
-                });
-        join->setCheckable(true);
-        join->setChecked(ExViewerDB::isSameGroup(type, chosen.front(), member));
-    }
-    QAction *const follow = menu.addAction(tr("&Follow the active viewer"), this, [&type, chosen] {
-        for (WorkstationViewer *viewer : living(chosen)) {
-            ViewerLinks::followActive(type, *viewer);
-        }
-    });
-    follow->setCheckable(true);
-    follow->setChecked(ViewerLinks::followsActive(type, *chosen.front()));
-}
-
-void LinksPanel::addRestrictions(QMenu &menu, const std::string &type, const Viewers &chosen)
-{
-    QMenu *const restrictions = menu.addMenu(tr("&Restrict to"));
-    restrictions->setEnabled(ViewerLinks::followsActive(type, *chosen.front()));
-    const std::set<std::string> allowed = ViewerLinks::restriction(type, *chosen.front());
-    for (const WorkstationViewer *each : m_viewers) {
-        const std::string place = each->displaySetID();
-        if (place.empty() || ViewerLinks::followsActive(type, *each)) {
-            continue;
-        }
-        QAction *const allow = restrictions->addAction(nameOf(*each));
-        allow->setCheckable(true);
-        allow->setChecked(allowed.count(place) > 0);
-        connect(allow, &QAction::triggered, this, [&type, chosen, place](bool on) {
-            for (WorkstationViewer *viewer : living(chosen)) {
-                std::set<std::string> places = ViewerLinks::restriction(type, *viewer);
-                on ? void(places.insert(place)) : void(places.erase(place));
-                ViewerLinks::setRestriction(type, *viewer, places);
-            }
-        });
+    if (!chosen.empty()) {
+        LinkMenu::fill(menu, LinkType::all()[static_cast<std::size_t>(row)].group, chosen);
     }
 }
 
@@ -483,7 +315,7 @@ void LinksPanel::activateViewer(int column)
 {
     const auto index = static_cast<std::size_t>(column - firstViewer);
     if (column >= firstViewer && index < m_viewers.size()) {
-        for (WorkstationViewer *viewer : living({m_viewers[index]})) {
+        for (WorkstationViewer *viewer : WorkstationViewerManager::living({m_viewers[index]})) {
             ExViewerManager::getInstance().setActiveViewer(viewer);
         }
     }

@@ -53,13 +53,9 @@ private:
     void updateCell(int row, int column, const LinkType &type, const WorkstationViewer &viewer);
     void updateButtons();
     void showMenu(const QPoint &position);
-    void addGroups(QMenu &menu, const std::string &type, const Viewers &chosen);
-    void addRestrictions(QMenu &menu, const std::string &type, const Viewers &chosen);
     void activateViewer(int column);
     /// Of the selected cells of a row, those that are linked so or could be.
     [[nodiscard]] Viewers chosenIn(int row) const;
-    /// Those of them that are still there.
-    [[nodiscard]] static Viewers living(const Viewers &viewers);
 
     QTableWidget *m_table;
     ViewMessage *m_message;

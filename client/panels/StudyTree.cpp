@@ -21,13 +21,6 @@ constexpr int leastThumbnail = 16;
 /// So many rows are not seen at once, nor on the way to and fro.
 constexpr std::size_t mostPictures = 512;
 
-QColor mixed(const QColor &a, const QColor &b, float partOfB)
-{
-    const auto mix = [partOfB](float x, float y) { return x + (y - x) * partOfB; };
-    return QColor::fromRgbF(
-        mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
-}
-
 QString uidOf(const QTreeWidgetItem &item)
 {
     return item.data(0, StudyDelegate::UidRole).toString();
@@ -158,21 +151,6 @@ StudyTree::StudyTree(QWidget *parent)
 }
 
 StudyTree::~StudyTree() = default;
-
-void StudyTree::drawRow(
-    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    // Rows are high: selected ones in the bright accent would outshine the images. Not in the
-    // view's palette, which the style sheet brings back as it was whenever the view is moved.
-    using Role = QxStyleFactory::ColorRole;
-    constexpr float partOfAccent = 0.3F;
-    const QxStyleFactory &style = QxStyleFactory::instance();
-    QStyleOptionViewItem calm = option;
-    calm.palette.setColor(QPalette::Highlight,
-        mixed(style.color(Role::Panel), style.color(Role::Accent), partOfAccent));
-    calm.palette.setColor(QPalette::HighlightedText, style.color(Role::Text));
-    QTreeWidget::drawRow(painter, calm, index);
-}
 
 void StudyTree::setPatients(const McDArray<McHandle<Entry>> &patients)
 {

@@ -56,8 +56,6 @@ Q_SIGNALS:
     void openRequested(const QString &uid);
 
 protected:
-    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
-        const QModelIndex &index) const override;
     QMimeData *mimeData(const QList<QTreeWidgetItem *> &items) const override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -2,8 +2,12 @@
 #include "client/application/WorkstationApplication.h"
 #include "client/editors/PanelPlaces.h"
 #include "client/tools/WorkstationTools.h"
+#include "framework/editors/ExEditor.h"
 #include "framework/tools/ToolModule.h"
 #include "platform/rights/UserFunctionPermissions.h"
+
+#include <deque>
+#include <string>
 
 namespace {
 
@@ -14,19 +18,20 @@ class PanelSwitch final : public ApplicationSwitch
 public:
     PanelSwitch(const char *key, const char *panel)
         : ApplicationSwitch(key)
-        , m_panel(panel)
+        , m_panel(QString::fromUtf8(panel))
     { }
 
     [[nodiscard]] bool supportsViewer(const ExBaseViewer * /*viewer*/) const override
     {
-        return Zel::UserFunctionPermissions::instance().haveEditorPermission(m_panel, false);
+        return Zel::UserFunctionPermissions::instance().haveEditorPermission(
+            m_panel.toLocal8Bit().constData(), false);
     }
 
 protected:
     [[nodiscard]] bool isOn() const override
     {
         WorkSession *const session = WorkstationApplication::instance().workSession();
-        return session != nullptr && session->panels().isSeen(QString::fromLatin1(m_panel));
+        return session != nullptr && session->panels().isSeen(m_panel);
     }
 
     void set(bool on) override
@@ -35,12 +40,11 @@ protected:
         if (session == nullptr || isOn() == on) {
             return;
         }
-        const QString name = QString::fromLatin1(m_panel);
-        on ? session->panels().show(name) : session->panels().close(name);
+        on ? session->panels().show(m_panel) : session->panels().close(m_panel);
     }
 
 private:
-    const char *m_panel;
+    QString m_panel;
 };
 
 class ResetPanels final : public ApplicationCommand
@@ -121,5 +125,55 @@ const ToolModule reset(
         .icon = "panel-reset",
     },
     [](int) -> ExTool * { return new ResetPanels("Panel.Reset"); });
+
+/// A panel that is not the workstation's own.
+struct OtherPanel
+{
+    std::string name;
+    std::string key;
+};
+
+/// Kept until the process ends, as the texts of decorations must be.
+std::deque<OtherPanel> &otherPanels()
+{
+    static auto *const panels = new std::deque<OtherPanel>;
+    return *panels;
+}
+
+void addSwitch(const QString &name)
+{
+    const std::string key = "Panel." + name.toStdString();
+    if (ToolModule::decoration(key.c_str()) != nullptr) {
+        return; // It has one already.
+    }
+    const int index = static_cast<int>(otherPanels().size());
+    const OtherPanel &panel = otherPanels().emplace_back(OtherPanel{name.toStdString(), key});
+    ToolModule(
+        {
+            .key = panel.key.c_str(),
+            .category = QT_TRANSLATE_NOOP("Tools", "Panels"),
+            .text = panel.name.c_str(),
+            .toolTip = QT_TRANSLATE_NOOP("Tools", "Show the panel, or close it"),
+            .icon = "panel",
+        },
+        [](int number) -> ExTool * {
+            const OtherPanel &shown = otherPanels()[static_cast<std::size_t>(number)];
+            return new PanelSwitch(shown.key.c_str(), shown.name.c_str());
+        },
+        index);
+}
+
+void addSwitches()
+{
+    QStringList names;
+    ExEditor::getEditorList(names);
+    for (const QString &name : names) {
+        addSwitch(name);
+    }
+}
+
+/// Plug-ins were loaded after this; what they do at the start comes before the switches so.
+const bool areOthersAdded
+    = ExEditor::addInitCallback([] { ExEditor::addInitCallback(&addSwitches); });
 
 } // namespace

@@ -2297,6 +2297,10 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Close all panels but the list of studies</source>
         <translation>Alle Bedienfelder außer der Liste der Studien schließen</translation>
     </message>
+    <message>
+        <source>Show the panel, or close it</source>
+        <translation>Das Bedienfeld zeigen oder schließen</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>

@@ -4,6 +4,8 @@
 #include "framework/notification/ExNotifiable.h"
 #include "framework/viewers/ExBaseViewer.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 WorkstationViewerManager::WorkstationViewerManager(ScreenOf screenOf)
@@ -25,6 +27,18 @@ std::vector<WorkstationViewer *> WorkstationViewerManager::all()
     for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
         found.push_back(static_cast<WorkstationViewer *>(manager->viewer(i)));
     }
+    return found;
+}
+
+std::vector<WorkstationViewer *> WorkstationViewerManager::living(
+    const std::vector<WorkstationViewer *> &viewers)
+{
+    const std::vector<WorkstationViewer *> present = all();
+    std::vector<WorkstationViewer *> found;
+    std::copy_if(viewers.begin(), viewers.end(), std::back_inserter(found),
+        [&present](const WorkstationViewer *each) {
+            return std::find(present.begin(), present.end(), each) != present.end();
+        });
     return found;
 }
 

@@ -20,6 +20,9 @@ public:
 
     /// The viewers of the one manager, in its order; none when there is no manager.
     [[nodiscard]] static std::vector<WorkstationViewer *> all();
+    /// Those of them that are still there.
+    [[nodiscard]] static std::vector<WorkstationViewer *> living(
+        const std::vector<WorkstationViewer *> &viewers);
 
     ExScreen *screenForViewer(ExBaseViewer *viewer) override;
     /// Tells ABOUT_TO_DELETE_VIEWERS of the viewer and removes it; another one becomes active if it

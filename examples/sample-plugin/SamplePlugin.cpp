@@ -1,17 +1,22 @@
-// A plug-in of its own: a tool with a setting. Everything is registered from static objects; the
-// workstation runs what is to be done later once its application object is there.
+// A plug-in of its own: a tool and a panel that share a setting. Everything is registered from
+// static objects; the workstation runs what is to be done later once its application object is
+// there.
 
 #include "framework/application/ExApplication.h"
 #include "framework/application/PluginInterface.h"
 #include "framework/dialogs/ExMessageBox.h"
+#include "framework/editors/ExEditor.h"
+#include "framework/notification/ExNotifiables.h"
 #include "framework/tools/ExTrigger.h"
 #include "framework/tools/ToolModule.h"
 #include "framework/viewers/ExBaseViewer.h"
+#include "framework/viewers/ExViewerManager.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "platform/properties/KxTranslationProperty.h"
 #include "platform/render/KxVolume.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QObject>
 
 #include <algorithm>
@@ -28,6 +33,11 @@ const bool isRegistered = KxPropertyPool::addRegisterProperties([](KxPropertyPoo
         decimalsKey, QT_TRANSLATE_NOOP("Property", "Decimals of Values"));
     pool.property<int>(decimalsKey, 1, pool.registrySerializer());
 });
+
+int decimals()
+{
+    return KxPropertyPool::instance().find<int>(decimalsKey)->value();
+}
 
 struct Range
 {
@@ -69,10 +79,9 @@ public:
     bool process(ExBaseViewer *viewer, bool /*on*/) override
     {
         const Range range = rangeOf(*viewer->volume(0));
-        const int decimals = KxPropertyPool::instance().find<int>(decimalsKey)->value();
         ExMessageBox::info(QCoreApplication::translate("Tools", "Values from %1 to %2 %3")
-                               .arg(range.least, 0, 'f', decimals)
-                               .arg(range.most, 0, 'f', decimals)
+                               .arg(range.least, 0, 'f', decimals())
+                               .arg(range.most, 0, 'f', decimals())
                                .arg(QString::fromStdString(viewer->volume(0)->unit())));
         return true;
     }
@@ -88,6 +97,78 @@ const ToolModule values(
         .icon = ":/sample/values.svg",
     },
     [](int) -> ExTool * { return new ValuesTool; });
+
+QString sizeText(const KxVolume *volume)
+{
+    if (volume == nullptr) {
+        return QCoreApplication::translate("Sample", "The active viewer shows no volume.");
+    }
+    const auto [columns, rows, slices] = volume->dimensions();
+    const auto [x, y, z] = volume->spacing();
+    return QCoreApplication::translate("Sample", "%1 × %2 × %3 voxels of\n%4 × %5 × %6 mm")
+        .arg(columns)
+        .arg(rows)
+        .arg(slices)
+        .arg(x, 0, 'f', decimals())
+        .arg(y, 0, 'f', decimals())
+        .arg(z, 0, 'f', decimals());
+}
+
+/// Has a label tell the size of the volume in the active viewer.
+class SizeWatch final : public ExNotifiable
+{
+public:
+    explicit SizeWatch(QLabel &label)
+        : m_label(label)
+    {
+        update();
+    }
+
+    void addNotifications() override
+    {
+        ExNotifiables &notifiables = ExNotifiables::getInstance();
+        notifiables.addNotification(this, ExNotification::ACTIVE_VIEWER_CHANGED);
+        notifiables.addNotification(this, ExNotification::VIEWER_VOLUME_CHANGED);
+    }
+
+    void notified(const ExNotification & /*notification*/) override { update(); }
+
+private:
+    void update()
+    {
+        const ExViewerManager *const manager = ExViewerManager::instancePointer();
+        const ExBaseViewer *const viewer = manager == nullptr ? nullptr : manager->activeViewer();
+        m_label.setText(sizeText(viewer == nullptr ? nullptr : viewer->volume(0)));
+    }
+
+    QLabel &m_label;
+};
+
+class SizePanel final : public QLabel
+{
+public:
+    SizePanel()
+        : m_watch(new SizeWatch(*this))
+    {
+        setWindowTitle(QCoreApplication::translate("Tools", "Size of Volume"));
+        setAlignment(Qt::AlignCenter);
+    }
+
+private:
+    McHandle<ExNotifiable> m_watch;
+};
+
+/// Called when the panel is first shown. Editor and panel live until the process ends.
+ExEditor *makeSizeEditor()
+{
+    auto *const editor = new ExEditor(new SizePanel);
+    editor->setSupportedFlag(true);
+    return editor;
+}
+
+const bool hasPanel = ExEditor::addInitCallback([] {
+    ExEditor::registerEditor(QT_TRANSLATE_NOOP("Tools", "Size of Volume"), &makeSizeEditor);
+});
 
 } // namespace
 

@@ -378,13 +378,13 @@ void ExEditor::windowGone(const QWidget *window)
 
 void ExEditor::slotCustomContextMenuRequested(const QPoint &position)
 {
-    const QWidget *const widget = widgetForMonitor(0);
-    if (widget == nullptr || !ExApplication::hasInstance()) {
+    if (!ExApplication::hasInstance()) {
         return;
     }
     const std::unique_ptr<QAction> help(
         ExApplication::instance().createShowHelpAction(QStringLiteral("Toolcard.") + name()));
-    if (help == nullptr) {
+    const QWidget *const widget = widgetForMonitor(0);
+    if (help == nullptr || widget == nullptr) {
         return;
     }
     QMenu menu;

@@ -126,6 +126,8 @@ public:
     /// Ends floating. @param close closes the window, and the panel is not seen then. Otherwise the
     /// panel goes back to its region; without one the editor only forgets the window.
     void dockFloater(bool close);
+    /// Takes its place away: it belongs to no region. One that floats keeps its window.
+    void resetEditorRegion() { setEditorRegion(nullptr, -1); }
     /// Takes it back to where it began: no region, not floating, no absolute geometry.
     void reset();
 
@@ -136,7 +138,6 @@ public Q_SLOTS:
 protected:
     /// Only notes the place; the region's operations change it.
     void setEditorRegion(ExEditorRegion *region, int subRegion);
-    void resetEditorRegion() { setEditorRegion(nullptr, -1); }
 
 private:
     friend class ExEditorFloater;

@@ -10,6 +10,16 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+namespace {
+
+/// Not the program's, which every window without one of its own has.
+QIcon ownIcon(const QWidget &page)
+{
+    return page.testAttribute(Qt::WA_SetWindowIcon) ? page.windowIcon() : QIcon();
+}
+
+} // namespace
+
 ExEditorContainer::ExEditorContainer(ExEditorRegion &region)
     : m_region(region)
 {
@@ -107,14 +117,14 @@ void ExEditorContainer::insert(ExEditor &editor, int position)
     const QScopedValueRollback<bool> changing(m_isChanging, true);
     QWidget *const page = editor.widgetForMonitor(0);
     m_incoming = &editor;
-    insertTab(position, page, page->windowIcon(), EditorOptions::titleOf(editor));
+    insertTab(position, page, ownIcon(*page), EditorOptions::titleOf(editor));
     m_incoming = nullptr;
     const auto refresh = [this, shown = QPointer<ExEditor>(&editor), page] {
         const int index = indexOf(page);
         if (index >= 0 && shown != nullptr) {
             setTabText(index, EditorOptions::titleOf(*shown));
             setTabToolTip(index, EditorOptions::titleOf(*shown));
-            setTabIcon(index, page->windowIcon());
+            setTabIcon(index, ownIcon(*page));
         }
     };
     refresh();

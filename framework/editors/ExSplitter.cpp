@@ -85,8 +85,6 @@ void ExSplitter::toggleBy(const SplitterHandle &handle)
 
 void ExSplitter::move(Dock dock)
 {
-    // A pane that was never moved is to come back as large as it is now.
-    rememberSizes();
     const bool isOpen = !isCollapsed(dock);
     if (dock == DockFirst) {
         moveSplitter(isOpen ? 0 : d->firstSize, 1);

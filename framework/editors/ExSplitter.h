@@ -36,11 +36,13 @@ public:
     void setOrientation(Qt::Orientation orientation);
 
 public Q_SLOTS:
-    /// Collapses that pane, or brings it back to its last size, at least its minimum. Does nothing
-    /// with fewer than two panes or when the pane is not collapsible.
+    /// Collapses that pane, or brings it back to the size that updateHandles() has last remembered,
+    /// at least its minimum. Does nothing with fewer than two panes or when the pane is not
+    /// collapsible.
     void toggle(ExSplitter::Dock dock);
     /// Remembers the sizes of the first and the last pane, unless they are collapsed, and brings
-    /// the buttons up to date.
+    /// the buttons up to date. Happens after each move of a handle and each setSizes(); sizes that
+    /// panes get otherwise, as when the window is resized, are not the user's.
     void updateHandles();
     /// Gives the buttons the colours of the current style.
     void paletteChanged();

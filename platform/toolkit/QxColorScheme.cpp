@@ -82,6 +82,7 @@ QMenu::item:selected { background: @accent; color: @accentText; }
 QMenu::item:disabled { background: transparent; color: @disabled; }
 QMenu::separator { background: @hairline; height: 1px; margin: 4px; }
 QAbstractItemView { background: @panel; border: 1px solid @hairline; alternate-background-color: @raised; }
+QTreeView, QTableView { selection-background-color: @selectedRow; selection-color: @text; }
 QHeaderView { border: none; }
 QHeaderView::section { background: @panel; color: @secondaryText; border: none; border-bottom: 1px solid @hairline; padding: 4px; }
 QTabWidget::pane { border: 1px solid @hairline; }
@@ -129,6 +130,11 @@ QPalette paletteOf(const QxColorScheme &scheme)
 QString styleSheetOf(const QxColorScheme &scheme)
 {
     QString sheet = QString::fromLatin1(styleSheetTemplate);
+    // Rows are long and may be high: in the bright accent they would outshine the images.
+    constexpr float shareOfAccent = 0.3F;
+    const QColor row
+        = mixed(colorOf(scheme, Role::Panel), colorOf(scheme, Role::Accent), shareOfAccent);
+    sheet.replace(QLatin1String("@selectedRow"), row.name());
     for (const QxNamedColorRole &entry : sheetNames) {
         sheet.replace(QLatin1String(entry.name), colorOf(scheme, entry.role).name());
     }

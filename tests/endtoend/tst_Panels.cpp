@@ -1,13 +1,18 @@
+#include "client/desktop/PlacementRecords.h"
 #include "client/editors/PanelEditors.h"
 #include "client/editors/PanelPlaces.h"
 #include "framework/editors/ExEditor.h"
 #include "framework/editors/ExEditorContainer.h"
 #include "framework/editors/ExEditorRegion.h"
+#include "framework/editors/ExSplitter.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "framework/tools/ExTool.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "tests/endtoend/WindowFixture.h"
 
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +28,30 @@ void setMonitors(const char *monitors)
 ExTool &command(const char *panel)
 {
     return *ExTool::getToolByDecorationKey((std::string("Panel.") + panel).c_str(), true);
+}
+
+/// As a plug-in registers a panel.
+const bool hasNotes = ExEditor::addInitCallback([] {
+    ExEditor::registerEditor("Notes", []() -> ExEditor * {
+        auto *const editor = new ExEditor(new QPlainTextEdit);
+        QObject::connect(
+            editor->widgetForMonitor(0), &QObject::destroyed, editor, &QObject::deleteLater);
+        return editor;
+    });
+});
+
+/// What the keyboard goes to: the name of a panel, or of what else there is.
+QString focused()
+{
+    const QWidget *const focus = QApplication::focusWidget();
+    for (const ExEditor *editor : PanelEditors::living()) {
+        if (editor->widgetForMonitor(0)->isAncestorOf(focus)) {
+            return editor->name();
+        }
+    }
+    return qobject_cast<const ViewerRenderWidget *>(focus) != nullptr ? u"viewer"_s
+        : focus == nullptr                                            ? u"nothing"_s
+                           : QString::fromLatin1(focus->parentWidget()->metaObject()->className());
 }
 
 QString textOf(const ExEditorRegion &region)
@@ -143,12 +172,78 @@ private Q_SLOTS:
             QVERIFY(settings != nullptr && settings->isFloating());
             QCOMPARE(settings->floater()->size(), window.size());
             QVERIFY(!command("Log").isActive());
-            command("Log").setActive(true);
-            QVERIFY(page.region(ViewerPage::Below).height() >= 150);
+            page.findChild<ExSplitter *>(u"PanelsDown"_s)->toggle(ExSplitter::DockLast);
+            QVERIFY(command("Log").isActive());
+            QCOMPARE(page.region(ViewerPage::Below).height(), 200);
         }
         setMonitors("1600x1200"); // Another desk has places of its own.
         WindowFixture fixture;
         QCOMPARE(places(fixture), u"0.Left: 0Studies*"_s);
+    }
+
+    void panelsOfPlugInsAreLikeTheOthers()
+    {
+        WindowFixture fixture;
+        PanelPlaces &panels = fixture.session().panels();
+        QStringList entries;
+        QAction *entry = nullptr;
+        for (const QAction *menu : fixture.window().menuBar()->actions()) {
+            for (QAction *each : menu->menu()->actions()) {
+                entries += each->text();
+                entry = each->text() == "Notes"_L1 ? each : entry;
+            }
+        }
+        QVERIFY(entries.join(u'|').contains(u"|L&og|Notes|&Reset panels|"_s));
+        QCOMPARE(entries.count(u"Notes"_s), 1);
+        entry->trigger();
+        QCOMPARE(places(fixture), u"0.Left: 0Studies*; 0.Right: 0Notes*"_s);
+        ExEditor *const notes = PanelEditors::livingEditor(u"Notes"_s);
+        notes->show(true);
+        QTRY_VERIFY(entry->isChecked() && command("Notes").isActive());
+        const auto isKept = [](const char *geometry) {
+            return PlacementRecords::readPanels(2).contains(QLatin1String(geometry));
+        };
+        notes->floater()->setGeometry(310, 220, 400, 300);
+        QTRY_VERIFY(isKept("310|220|400|300"));
+        notes->floater()->resize(410, 310); // Nothing else happens.
+        QTRY_VERIFY(isKept("310|220|410|310"));
+        const QByteArray layout = panels.layout();
+        panels.reset();
+        QVERIFY(!notes->isFloating());
+        QVERIFY(panels.setLayout(layout) && notes->isFloating());
+        entry->trigger();
+        QVERIFY(!panels.isSeen(u"Notes"_s));
+        delete notes->widgetForMonitor(0);
+    }
+
+    void keyboardVisitsEachPanelThatIsSeen()
+    {
+        WindowFixture fixture;
+        fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
+        for (const char *name : {"Links", "Measurements", "Log", "Properties"}) {
+            command(name).setActive(true);
+        }
+        PanelEditors::editor(u"Properties"_s)->show(true);
+        command("Measurements").setActive(true); // In front of the links.
+        fixture.workstation().activeViewer()->widget()->setFocus();
+        QStringList log;
+        for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+            for (int i = 0; i < 6; ++i) {
+                QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_F6, modifier);
+                log += focused();
+            }
+        }
+        const QStringList forth{u"Measurements"_s, u"Log"_s, u"Properties"_s, u"ExToolBar"_s,
+            u"Studies"_s, u"viewer"_s};
+        const QStringList back{u"Studies"_s, u"ExToolBar"_s, u"Properties"_s, u"Log"_s,
+            u"Measurements"_s, u"viewer"_s};
+        QCOMPARE(log, forth + back);
+        fixture.session().desktop().pages().first()->setExtent(ViewerPage::Below, {200, true});
+        PanelEditors::editor(u"Properties"_s)->floater()->close();
+        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
+        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
+        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(focused(), u"Properties"_s); // Not the log: it is folded away.
     }
 
     void damagedRecordsGiveTheUsualPlaces_data()

@@ -1,9 +1,11 @@
 #include "framework/application/PluginLoader.h"
+#include "framework/editors/ExEditor.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ToolModule.h"
 #include "platform/properties/KxPropertyPool.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,6 +26,11 @@ private Q_SLOTS:
         QVERIFY(ExTool::getToolByDecorationKey("Sample.Values", true) != nullptr);
         QCOMPARE(ToolModule::decoration("Sample.Values")->icon, ":/sample/values.svg");
         QCOMPARE(KxPropertyPool::instance().find<int>("Sample.Decimals")->value(), 1);
+        ExEditor::doInitCallbacks();
+        const std::unique_ptr<ExEditor> editor(ExEditor::getEditor("Size of Volume"));
+        const std::unique_ptr<QWidget> panel(editor->widgetForMonitor(0));
+        QCOMPARE(
+            qobject_cast<QLabel *>(panel.get())->text(), u"The active viewer shows no volume."_s);
     }
 
     void otherSeriesIsRefused()

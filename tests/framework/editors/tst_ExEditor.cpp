@@ -230,7 +230,14 @@ private Q_SLOTS:
 
     void menus()
     {
+        QPixmap icon(16, 16);
+        icon.fill(Qt::red);
+        QGuiApplication::setWindowIcon(icon);
         Panels panels;
+        panels.b.panel->setWindowIcon(icon);
+        const ExEditorContainer &tabs = *panels.region->editorContainer(0);
+        QVERIFY(tabs.tabIcon(0).isNull() && !tabs.tabIcon(1).isNull());
+        QGuiApplication::setWindowIcon({});
         panels.a.panel->setWindowTitle(u"Alpha"_s);
         panels.window.show();
         panels.region->closeEditor(&panels.c);

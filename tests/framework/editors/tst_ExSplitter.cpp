@@ -67,8 +67,12 @@ private Q_SLOTS:
         click(2);
         splitter->setSizes({100, 380, 0}); // Tells of no new size of the last pane.
         click(2);
+        splitter->QSplitter::setSizes({60, 230, 190}); // As the window does, not the user.
+        click(1);
+        click(1);
         const QStringList expected{u"<H<H 100 190 190"_s, u">H<H 0 290 190"_s,
-            u"<H<H 100 190 190"_s, u"<H<H 100 380 0"_s, u"<H<H 100 190 190"_s};
+            u"<H<H 100 190 190"_s, u"<H<H 100 380 0"_s, u"<H<H 100 190 190"_s, u">H<H 0 290 190"_s,
+            u"<H<H 100 190 190"_s};
         QCOMPARE(log, expected);
         QCOMPARE(splitter->objectName(), u"name"_s);
         QCOMPARE(splitter->handle(1)->width(), 10);

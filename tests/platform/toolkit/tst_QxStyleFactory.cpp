@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QToolBar>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 using Role = QxStyleFactory::ColorRole;
@@ -87,6 +88,13 @@ private Q_SLOTS:
                 }
             }
         }
+        QTreeWidget list;
+        list.ensurePolished();
+        const QPalette rows = list.palette();
+        const QColor selected = rows.color(QPalette::Highlight);
+        QVERIFY(QxStyleFactory::contrast(rows.color(QPalette::HighlightedText), selected) >= 4.5);
+        // Long rows must not outshine the images.
+        QVERIFY(selected != palette.color(QPalette::Highlight));
     }
 
     void stylesChangeTheApplication()
