@@ -249,6 +249,9 @@ QString WorkSession::emptyText(const DicomScanner::Result &result)
     if (result.wasCancelled) {
         return tr("Opening was cancelled.");
     }
+    if (!result.failure.empty()) {
+        return tr("Looking for images has failed: %1").arg(QString::fromStdString(result.failure));
+    }
     if (result.numFiles == 0) {
         return tr("There are no files here. Open another folder with File > Open folder.");
     }
