@@ -2506,6 +2506,10 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <source>Looking for images has failed: %1</source>
         <translation>Die Suche nach Bildern ist gescheitert: %1</translation>
     </message>
+    <message>
+        <source>Nothing can be read from %1: %2 Open another folder with File &gt; Open folder.</source>
+        <translation>Aus %1 kann nichts gelesen werden: %2 Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationApplication</name>

@@ -235,6 +235,29 @@ void appendSorted(std::vector<EntryHandle> &children, KeyOf keyOf, DicomDirector
     }
 }
 
+/// The series of a study that presentation states are about, by the UIDs of the states' series. A
+/// state's series is listed behind that which it is about, and says so.
+std::map<std::string, const DicomDirectoryEntry *> describedSeries(
+    const Headers &files, const std::vector<EntryHandle> &children)
+{
+    std::map<std::string, std::string> references;
+    for (const DicomFileHeader *const file : files) {
+        references.emplace(file->text(Attribute::SeriesUid), file->referencedSeriesUid);
+    }
+    std::map<std::string, const DicomDirectoryEntry *> described;
+    for (const EntryHandle &state : children) {
+        const std::string &about = references[state->seriesUid()];
+        const auto found = std::find_if(children.begin(), children.end(),
+            [&about](const EntryHandle &each) { return each->seriesUid() == about; });
+        if (state->isPresentationState() && !about.empty() && found != children.end()) {
+            described[state->seriesUid()] = found->get();
+            const std::string &number = (*found)->text(Attribute::SeriesNumber);
+            state->addRemark("It is about series " + (number.empty() ? about : number) + ".");
+        }
+    }
+    return described;
+}
+
 EntryHandle makeStudy(const std::string &uid, const Headers &files, const SharedUids &shared)
 {
     EntryHandle study(new DicomDirectoryEntry(DicomDirectoryEntry::Study, uid));
@@ -245,10 +268,16 @@ EntryHandle makeStudy(const std::string &uid, const Headers &files, const Shared
     for (const auto &[seriesUid, group] : grouped(files, keyOf)) {
         children.push_back(makeSeries(seriesUid, group, files));
     }
-    const auto key = [](const DicomDirectoryEntry &series) {
-        const std::string &number = series.text(Attribute::SeriesNumber);
+    const std::map<std::string, const DicomDirectoryEntry *> described
+        = describedSeries(files, children);
+    const auto key = [&described](const DicomDirectoryEntry &series) {
+        const auto found
+            = series.isPresentationState() ? described.find(series.seriesUid()) : described.end();
+        const DicomDirectoryEntry &place = found == described.end() ? series : *found->second;
+        const std::string &number = place.text(Attribute::SeriesNumber);
         return std::make_tuple(number.empty(), std::strtol(number.c_str(), nullptr, 10),
-            series.text(Attribute::SeriesDate) + series.text(Attribute::SeriesTime), series.uid());
+            place.text(Attribute::SeriesDate) + place.text(Attribute::SeriesTime), place.uid(),
+            &place != &series, series.uid());
     };
     noteMissing(
         DicomCompleteness::missingFromStudy(files, static_cast<int>(children.size())), *study);

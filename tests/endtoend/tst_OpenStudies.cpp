@@ -294,7 +294,8 @@ private Q_SLOTS:
     void nothingToShow_data()
     {
         const Rows<QString, QString> row("what", "text");
-        row("no such folder", "missing", "There are no files here");
+        row("no such folder", "missing", "Nothing can be read from ");
+        row("no files", "empty", "There are no files here");
         row("no images", "report", "There are no images here (files looked at: 1)");
     }
 
