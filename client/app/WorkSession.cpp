@@ -249,6 +249,14 @@ QString WorkSession::emptyText(const DicomScanner::Result &result)
     if (result.wasCancelled) {
         return tr("Opening was cancelled.");
     }
+    if (!result.failure.empty()) {
+        return tr("Looking for images has failed: %1").arg(QString::fromStdString(result.failure));
+    }
+    if (!result.problems.isEmpty() && result.problems.size() >= result.numFiles) {
+        const DicomScanner::Problem &first = result.problems.first();
+        return tr("Nothing can be read from %1: %2 Open another folder with File > Open folder.")
+            .arg(QString::fromStdString(first.file.string()), QString::fromStdString(first.reason));
+    }
     if (result.numFiles == 0) {
         return tr("There are no files here. Open another folder with File > Open folder.");
     }

@@ -5,6 +5,7 @@
 #include "client/app/ScrollBenchmark.h"
 #include "client/app/StartBenchmark.h"
 #include "client/app/WorkSession.h"
+#include "client/application/SettingsKeeper.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
 #include "client/session/WorkstationSessions.h"
@@ -71,10 +72,12 @@ void openFirst(
 
 int runWindow(const CommandLine &command)
 {
+    const SettingsKeeper settings;
     const QStringList refused = Plugins::load();
     WorkstationApplication application(command.language);
     ExMonitorManager::installAutomaticFontAndDialogAdjustment();
     WorkSession session;
+    QObject::connect(&settings, &SettingsKeeper::told, &session, &WorkSession::showMessage);
     application.setDefaultStyle();
     Desktop &desktop = session.desktop();
     if (command.size.isValid()) {

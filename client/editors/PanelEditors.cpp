@@ -45,6 +45,7 @@ std::unique_ptr<QWidget> makeStudies(WorkSession &session)
     QObject::connect(
         panel.get(), &StudyPanel::openRequested, &session, &WorkSession::openSelection);
     QObject::connect(panel.get(), &StudyPanel::closeRequested, &session, &WorkSession::closeSeries);
+    QObject::connect(panel.get(), &StudyPanel::pathsDropped, &session, &WorkSession::open);
     return panel;
 }
 

@@ -21,9 +21,20 @@ void ViewerArea::resizeEvent(QResizeEvent *event)
     Q_EMIT resized();
 }
 
+QStringList ViewerArea::paths(const QMimeData &dragged)
+{
+    QStringList paths;
+    for (const QUrl &url : dragged.urls()) {
+        if (url.isLocalFile()) {
+            paths += url.toLocalFile();
+        }
+    }
+    return paths;
+}
+
 void ViewerArea::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (event->mimeData()->hasFormat(seriesMimeType) || event->mimeData()->hasUrls()) {
+    if (event->mimeData()->hasFormat(seriesMimeType) || !paths(*event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
     }
 }
@@ -39,13 +50,7 @@ void ViewerArea::dropEvent(QDropEvent *event)
             this, [this, uid, target] { Q_EMIT seriesDropped(uid, target); }, Qt::QueuedConnection);
         return;
     }
-    QStringList paths;
-    for (const QUrl &url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) {
-            paths += url.toLocalFile();
-        }
-    }
-    if (!paths.isEmpty()) {
-        Q_EMIT pathsDropped(paths);
+    if (const QStringList dropped = paths(*event->mimeData()); !dropped.isEmpty()) {
+        Q_EMIT pathsDropped(dropped);
     }
 }

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class QMimeData;
+
 /// The area of a window in which the viewers are: parent of their render widgets. Series can be
 /// dropped on it. GUI thread only.
 class ViewerArea final : public QWidget
@@ -13,6 +15,9 @@ class ViewerArea final : public QWidget
 public:
     /// The type of what can be dropped: the series instance UID in UTF-8.
     static const QString seriesMimeType;
+
+    /// The folders and files of this computer in what is dragged; empty when there are none.
+    [[nodiscard]] static QStringList paths(const QMimeData &dragged);
 
     explicit ViewerArea(QWidget *parent = nullptr);
 

@@ -4,6 +4,7 @@
 #include "framework/application/ExApplication.h"
 #include "framework/loading/ExLoadHelper.h"
 #include "platform/dicom/DicomDirectory.h"
+#include "platform/dicom/ExDicomUtilities.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace {
 
 using Entry = LoadGate::Entry;
 using Entries = LoadGate::Entries;
+using Patients = std::vector<Entry>;
 
 ExLoadHelper &helper()
 {
@@ -24,9 +26,9 @@ Entry patientOf(const Entry &entry)
 }
 
 template <typename Container>
-std::vector<Entry> patientsOf(const Container &entries)
+Patients patientsOf(const Container &entries)
 {
-    std::vector<Entry> patients;
+    Patients patients;
     for (const Entry &entry : entries) {
         if (std::find(patients.begin(), patients.end(), patientOf(entry)) == patients.end()) {
             patients.push_back(patientOf(entry));
@@ -35,7 +37,7 @@ std::vector<Entry> patientsOf(const Container &entries)
     return patients;
 }
 
-std::vector<Entry> openPatients()
+Patients openPatients()
 {
     const Zel::LoadedList list = helper().loadedList();
     std::vector<Entry> entries;
@@ -97,9 +99,28 @@ void takeBackParts(const McDArray<ExLoadInfo> &items, const Entries &wanted)
     }
 }
 
-bool checkSelection(const Entries &entries)
+/// A patient under the name and date that people read, instead of those of the files.
+Entry forPeople(const Entry &patient)
 {
-    const Zel::DicomDirectory::TemporarySelection selection(entries);
+    using Zel::DicomDirectoryEntry;
+    const std::string name = ExDicomUtilities::displayName(patient->patientName());
+    const std::string date = ExDicomUtilities::displayDate(patient->patientBirthDate());
+    const Entry shown(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, patient->uid()));
+    // A part of full stops alone, which mark a name that was cut, leaves its comma behind.
+    shown->setText(DicomDirectoryEntry::Attribute::PatientName,
+        name.substr(0, name.find_last_not_of("., ") + 1));
+    shown->setText(DicomDirectoryEntry::Attribute::PatientBirthDate, date);
+    shown->setText(DicomDirectoryEntry::Attribute::PatientId, patient->patientId());
+    return shown;
+}
+
+bool checkSelection(const Patients &patients)
+{
+    Entries shown;
+    for (const Entry &patient : patients) {
+        shown.append(forPeople(patient));
+    }
+    const Zel::DicomDirectory::TemporarySelection selection(shown);
     bool several = false;
     return helper().checkDifferentPatients(several, false);
 }
@@ -150,11 +171,7 @@ bool LoadGate::checkPatients(const Entries &added)
         return std::all_of(patients.begin(), patients.end(),
             [](const Entry &patient) { return checkSelection({patient}); });
     }
-    Entries selection;
-    for (const Entry &patient : together) {
-        selection.append(patient);
-    }
-    const bool isAllowed = checkSelection(selection);
+    const bool isAllowed = checkSelection(together);
     for (std::size_t i = 0; isAllowed && i < together.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
             m_acceptedPairs.insert(std::minmax(together[i], together[j]));

@@ -1,6 +1,7 @@
 #include "client/loading/SampleMaker.h"
 
 #include "client/sample/SampleStudy.h"
+#include "platform/util/McGuard.h"
 #include "platform/util/McProgressInterface.h"
 
 #include <QDir>
@@ -81,9 +82,15 @@ void SampleMaker::make()
             Q_EMIT progressChanged(static_cast<int>(value * percent)); // Queued to the GUI thread.
         },
         m_isCancelled);
-    QString problem = QDir().mkpath(folder())
-        ? QString::fromStdString(SampleStudy::write(McFilename(folder().toStdString()), &progress))
-        : tr("The folder %1 cannot be made.").arg(folder());
+    QString problem;
+    if (!QDir().mkpath(folder())) {
+        problem = tr("The folder %1 cannot be made.").arg(folder());
+    } else {
+        std::string error;
+        const std::string thrown = McGuard::run(
+            [&] { error = SampleStudy::write(McFilename(folder().toStdString()), &progress); });
+        problem = QString::fromStdString(error + thrown);
+    }
     if (problem.isEmpty()) {
         problem = m_isCancelled ? tr("Making the sample study was cancelled.") : writeMark();
     }

@@ -82,6 +82,7 @@ void StudySession::open(const QStringList &paths)
 void StudySession::scanEnded()
 {
     const DicomScanner::Result &result = m_scanner.result();
+    tellBusy(); // Before anybody asks the user something.
     if (std::exchange(m_isScanWanted, false)) {
         if (imagesIn(result).empty() && !imageSeries().empty()) {
             tellProgress();

@@ -2,6 +2,8 @@
 
 #include "client/viewers/WindowTable.h"
 #include "platform/dicomio/DicomVolumeReader.h"
+#include "platform/util/McGuard.h"
+#include "platform/util/McLogFile.h"
 
 #include <cstring>
 #include <optional>
@@ -114,7 +116,13 @@ void ThumbnailMaker::work(
         if (stopToken.stop_requested()) {
             return;
         }
-        const QImage image = thumbnail(*entry, pixels, stopToken);
+        QImage image;
+        const std::string problem
+            = McGuard::run([&] { image = thumbnail(*entry, pixels, stopToken); });
+        if (!problem.empty()) {
+            theLogInstance().warnf(
+                "No picture of series %s: %s\n", entry->uid().c_str(), problem.c_str());
+        }
         if (!image.isNull()) {
             tell([this, uid = QString::fromStdString(entry->uid()), image] {
                 Q_EMIT made(uid, image);

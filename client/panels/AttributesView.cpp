@@ -5,6 +5,7 @@
 #include "client/panels/ViewKeys.h"
 #include "client/panels/ViewMessage.h"
 #include "platform/dicomio/DicomAttributes.h"
+#include "platform/util/McGuard.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -166,7 +167,10 @@ void AttributesView::showFile(const McFilename &file)
     m_watcher.setFuture(promise->future());
     showRows();
     QThreadPool::globalInstance()->start([promise, file] {
-        promise->addResult(std::make_shared<const Header>(DicomAttributes::read(file)));
+        DicomAttributes read;
+        const std::string problem = McGuard::run([&] { read = DicomAttributes::read(file); });
+        read.error += problem;
+        promise->addResult(std::make_shared<const Header>(read));
         promise->finish();
     });
 }

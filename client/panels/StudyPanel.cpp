@@ -1,6 +1,7 @@
 #include "client/panels/StudyPanel.h"
 
 #include "client/app/NotificationWatch.h"
+#include "client/layout/ViewerArea.h"
 #include "client/loading/StudySession.h"
 #include "client/panels/AttributesView.h"
 #include "client/panels/SearchField.h"
@@ -11,7 +12,10 @@
 #include "platform/dicom/DicomDirectory.h"
 
 #include <QAction>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSplitter>
 #include <QToolButton>
@@ -109,6 +113,25 @@ void StudyPanel::build()
     layout->addWidget(splitter, 1);
     layout->addLayout(buttons);
     setTabOrder(m_search, m_tree);
+    setAcceptDrops(true);
+    for (SearchField *field : findChildren<SearchField *>()) {
+        field->setAcceptDrops(false); // A folder dropped there is to be opened, not searched for.
+    }
+}
+
+void StudyPanel::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!ViewerArea::paths(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void StudyPanel::dropEvent(QDropEvent *event)
+{
+    if (const QStringList paths = ViewerArea::paths(*event->mimeData()); !paths.isEmpty()) {
+        event->acceptProposedAction();
+        Q_EMIT pathsDropped(paths);
+    }
 }
 
 void StudyPanel::connectList()

@@ -42,8 +42,14 @@ Q_SIGNALS:
     void openRequested(const QStringList &uids);
     /// The user wants these series to be closed, those without images too; never empty.
     void closeRequested(const QStringList &uids);
+    /// Folders or files were dropped on the panel; never empty.
+    void pathsDropped(const QStringList &paths);
     /// Something else is selected, or nothing.
     void selectionChanged();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     using Entry = Zel::DicomDirectoryEntry;

@@ -4,6 +4,7 @@
 #include "client/session/SessionFile.h"
 #include "client/session/SessionState.h"
 #include "platform/properties/KxPropertyPool.h"
+#include "platform/util/McGuard.h"
 #include "platform/util/McLogFile.h"
 
 #include <QFile>
@@ -95,11 +96,14 @@ void Autosave::write(const QByteArray &bytes)
 {
     m_writer.start([this, bytes, file = m_slot->file()] {
         QString problem;
-        if (bytes.isEmpty()) {
-            QFile::remove(file);
-        } else {
-            problem = SessionFile::write(file, bytes);
-        }
+        const std::string thrown = McGuard::run([&] {
+            if (bytes.isEmpty()) {
+                QFile::remove(file);
+            } else {
+                problem = SessionFile::write(file, bytes);
+            }
+        });
+        problem += QString::fromStdString(thrown);
         QMetaObject::invokeMethod(
             this, [this, problem] { written(problem); }, Qt::QueuedConnection);
     });

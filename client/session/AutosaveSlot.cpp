@@ -69,6 +69,14 @@ std::unique_ptr<AutosaveSlot> AutosaveSlot::takeLeft(const QString &folder)
     return latest;
 }
 
+QString AutosaveSlot::setAside() const
+{
+    const QString time
+        = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss-zzz"));
+    const QString name = m_file % QLatin1String(".unusable-") % time;
+    return QFile::rename(m_file, name) ? name : QString();
+}
+
 void AutosaveSlot::clear() const
 {
     QFile::remove(m_file);

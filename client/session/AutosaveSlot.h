@@ -26,6 +26,9 @@ public:
     [[nodiscard]] const QString &file() const { return m_file; }
     /// Removes the file, if it is there.
     void clear() const;
+    /// Gives the file another name beside it, under which it is not restored. @return that; empty
+    /// when it cannot be renamed.
+    [[nodiscard]] QString setAside() const;
 
 private:
     explicit AutosaveSlot(const QString &file);

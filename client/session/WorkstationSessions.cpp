@@ -141,11 +141,20 @@ void WorkstationSessions::startAutosave(
     const QString &folder, const std::function<void()> &otherwise)
 {
     m_left = AutosaveSlot::takeLeft(folder);
-    m_autosave = std::make_unique<Autosave>(
-        AutosaveSlot::takeFree(folder), [this]() -> std::optional<ExSessionData> {
-            // Until a session is there again its own file is better than what is shown.
-            return isRestoring() ? std::nullopt : std::optional(take());
-        });
+    std::unique_ptr<AutosaveSlot> own = AutosaveSlot::takeFree(folder);
+    if (!own) {
+        const QString problem
+            = tr("Nothing is saved automatically: make room on the disk for %1, or allow writing "
+                 "there, then start the workstation again.")
+                  .arg(folder);
+        theLogInstance().warnf("Autosave: %s\n", problem.toUtf8().constData());
+        Q_EMIT autosaveFailed(problem);
+    }
+    m_autosave
+        = std::make_unique<Autosave>(std::move(own), [this]() -> std::optional<ExSessionData> {
+              // Until a session is there again its own file is better than what is shown.
+              return isRestoring() ? std::nullopt : std::optional(take());
+          });
     connect(m_autosave.get(), &Autosave::failed, this, &WorkstationSessions::autosaveFailed);
     m_left ? ask(otherwise) : otherwise();
 }
@@ -187,9 +196,12 @@ void WorkstationSessions::ask(const std::function<void()> &otherwise)
 
 void WorkstationSessions::restoreLeft(const std::function<void()> &otherwise)
 {
-    const QString problem = open(m_left->file());
+    QString problem = open(m_left->file());
     if (!problem.isEmpty()) {
-        m_left->clear(); // It would fail at every start.
+        // It would fail at every start. Somebody else may still make something of it.
+        if (const QString kept = m_left->setAside(); !kept.isEmpty()) {
+            problem += QStringLiteral("\n\n") % tr("It is kept as %1.").arg(kept);
+        }
         m_left.reset();
         otherwise();
         Q_EMIT finished(false, problem);

@@ -1412,6 +1412,17 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     </message>
 </context>
 <context>
+    <name>SettingsKeeper</name>
+    <message>
+        <source>The settings are saved now.</source>
+        <translation>Die Einstellungen sind jetzt gesichert.</translation>
+    </message>
+    <message>
+        <source>The settings cannot be saved to %1: make room on the disk, or allow writing there. They hold until you quit.</source>
+        <translation>Die Einstellungen können nicht in %1 gesichert werden: schaffen Sie Platz auf dem Datenträger, oder erlauben Sie das Schreiben dort. Sie gelten bis zum Beenden.</translation>
+    </message>
+</context>
+<context>
     <name>SiteFile</name>
     <message>
         <source>No file is named for the settings of this site.</source>
@@ -2420,6 +2431,10 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <source>The 3D view follows when all slices have been read.</source>
         <translation>Die 3D-Ansicht folgt, wenn alle Schichten gelesen sind.</translation>
     </message>
+    <message>
+        <source>The 3D view cannot be drawn: %1</source>
+        <translation>Die 3D-Ansicht kann nicht gezeichnet werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>WorkSession</name>
@@ -2491,6 +2506,14 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <source>There are viewers for %1 of the %2 chosen series.</source>
         <translation>Für %1 der %2 gewählten Serien gibt es Ansichten.</translation>
     </message>
+    <message>
+        <source>Looking for images has failed: %1</source>
+        <translation>Die Suche nach Bildern ist gescheitert: %1</translation>
+    </message>
+    <message>
+        <source>Nothing can be read from %1: %2 Open another folder with File &gt; Open folder.</source>
+        <translation>Aus %1 kann nichts gelesen werden: %2 Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
 </context>
 <context>
     <name>WorkstationApplication</name>
@@ -2560,6 +2583,14 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>Keep it, and ask again at the next start</source>
         <translation>Aufheben und beim nächsten Start noch einmal fragen</translation>
+    </message>
+    <message>
+        <source>It is kept as %1.</source>
+        <translation>Sie ist als %1 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>Nothing is saved automatically: make room on the disk for %1, or allow writing there, then start the workstation again.</source>
+        <translation>Es wird nichts automatisch gesichert: schaffen Sie Platz auf dem Datenträger für %1, oder erlauben Sie das Schreiben dort, und starten Sie die Workstation neu.</translation>
     </message>
 </context>
 </TS>

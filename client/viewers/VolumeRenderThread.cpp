@@ -1,6 +1,7 @@
 #include "client/viewers/VolumeRenderThread.h"
 
 #include "client/viewers/VolumePicture.h"
+#include "platform/util/McGuard.h"
 
 #include <QCoreApplication>
 
@@ -71,10 +72,19 @@ std::optional<VolumeScene> VolumeRenderThread::take()
 
 void VolumeRenderThread::run()
 {
-    VolumePicture picture([this] { return m_interrupted.load(); });
+    std::unique_ptr<VolumePicture> picture;
     while (const std::optional<VolumeScene> scene = take()) {
-        const QImage image = picture.draw(*scene);
-        if (!image.isNull()) {
+        QImage image;
+        const std::string problem = McGuard::run([&] {
+            if (!picture) {
+                picture = std::make_unique<VolumePicture>([this] { return m_interrupted.load(); });
+            }
+            image = picture->draw(*scene);
+        });
+        if (!problem.empty()) {
+            picture.reset(); // In what state it is nobody knows.
+            Q_EMIT failed(QString::fromStdString(problem), scene->number);
+        } else if (!image.isNull()) {
             Q_EMIT drawn(image, scene->number);
         }
     }

@@ -34,6 +34,8 @@ public:
 Q_SIGNALS:
     /// @param number that of the scene.
     void drawn(const QImage &picture, int number);
+    /// Instead of drawn(), when the picture cannot be made. @param reason a sentence for people.
+    void failed(const QString &reason, int number);
 
 protected:
     void run() override;

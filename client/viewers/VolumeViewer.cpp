@@ -4,6 +4,7 @@
 #include "client/overlay/VolumeOverlay.h"
 #include "client/viewers/DisplayProbe.h"
 #include "client/viewers/ViewerRenderWidget.h"
+#include "platform/util/McLogFile.h"
 
 #include <QCoreApplication>
 
@@ -68,7 +69,7 @@ QString VolumeViewer::obstacle() const
     if (!series()->isComplete()) {
         return Texts::tr("The 3D view follows when all slices have been read.");
     }
-    return {};
+    return m_problem;
 }
 
 void VolumeViewer::rotate(double right, double down)
@@ -146,7 +147,7 @@ void VolumeViewer::setView(const VolumeView &view)
 
 void VolumeViewer::changed(ExNotification::Type type)
 {
-    m_needsPicture = true;
+    needPicture();
     interact();
     requestRender();
     notify(type);
@@ -167,7 +168,7 @@ double VolumeViewer::fittingZoom() const
 
 void VolumeViewer::volumeChanged(bool isOtherPhase)
 {
-    m_needsPicture = true;
+    needPicture();
     if (isOtherPhase && volume(0) != nullptr) {
         // The last phase is seen until there is a picture of this one; in cine only quick ones.
         interact();
@@ -193,7 +194,7 @@ void VolumeViewer::voxelsChanged()
     if (volume(0)->unit() != "HU") {
         m_window = firstWindow(*volume(0)); // May be known only once values have been read.
     }
-    m_needsPicture = true;
+    needPicture();
 }
 
 void VolumeViewer::resized()
@@ -201,7 +202,7 @@ void VolumeViewer::resized()
     if (m_isFitting && volume(0) != nullptr) {
         m_zoom = fittingZoom();
     }
-    m_needsPicture = true;
+    needPicture();
     requestRender();
     updateOverlay();
 }
@@ -212,6 +213,8 @@ void VolumeViewer::askForPicture()
         m_thread = std::make_unique<VolumeRenderThread>();
         QObject::connect(m_thread.get(), &VolumeRenderThread::drawn, &m_context,
             [this](const QImage &picture, int number) { takePicture(picture, number); });
+        QObject::connect(m_thread.get(), &VolumeRenderThread::failed, &m_context,
+            [this](const QString &reason, int number) { takeProblem(reason, number); });
     }
     VolumeScene scene;
     scene.volume = volume(0);
@@ -238,6 +241,24 @@ void VolumeViewer::takePicture(const QImage &picture, int number)
     m_pictureIsQuick = m_askedForQuick;
     m_hasNewPicture = true;
     requestRender();
+}
+
+void VolumeViewer::takeProblem(const QString &reason, int number)
+{
+    if (!m_isWaiting || number != m_askedNumber) {
+        return;
+    }
+    m_isWaiting = false;
+    m_problem = Texts::tr("The 3D view cannot be drawn: %1").arg(reason);
+    theLogInstance().warnf("3D view: %s\n", reason.toUtf8().constData());
+    updateOverlay();
+    requestRender();
+}
+
+void VolumeViewer::needPicture()
+{
+    m_needsPicture = true;
+    m_problem.clear(); // What could not be drawn may be drawn in another way.
 }
 
 void VolumeViewer::renderFrame()
@@ -269,14 +290,14 @@ void VolumeViewer::terminateRendering()
         m_thread->clear();
     }
     m_isWaiting = false;
-    m_needsPicture = true;
+    needPicture();
 }
 
 void VolumeViewer::cleanUpNodes()
 {
     VolumeRenderThread::retire(std::move(m_thread));
     m_isWaiting = false;
-    m_needsPicture = true;
+    needPicture();
 }
 
 bool VolumeViewer::isSettled() const

@@ -58,6 +58,8 @@ private:
     void changed(ExNotification::Type type);
     void takePicture(const QImage &picture, int number);
     void askForPicture();
+    void takeProblem(const QString &reason, int number);
+    void needPicture();
     [[nodiscard]] double fittingZoom() const;
 
     McVec3d m_viewDirection{0, 1, 0};
@@ -77,4 +79,6 @@ private:
     bool m_isWaiting = false;
     bool m_askedForQuick = false;
     int m_askedNumber = 0;
+    /// Why the last picture could not be made; empty when it could.
+    QString m_problem;
 };

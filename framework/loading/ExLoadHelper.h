@@ -26,8 +26,9 @@ public:
 
     /// Checks that what is selected in the DICOM directory comes from one patient, and from the
     /// locked one. Patients are told apart by name and date of birth, with @p prohibit, or when the
-    /// name is missing, by their ID too. An empty selection is fine. One that the lock allows
-    /// becomes the patient to lock on.
+    /// name is missing, by their ID too; the lines that name them show these as the directory has
+    /// them, but for full stops at the end of a name. An empty selection is fine. One that the lock
+    /// allows becomes the patient to lock on.
     /// @param several becomes whether there is more than one patient.
     /// @param prohibit refuses several patients; otherwise the user may have them loaded.
     /// @return false: do not load; the user knows why.

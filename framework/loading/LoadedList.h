@@ -27,7 +27,8 @@ public:
     [[nodiscard]] const std::map<std::string, Entry> &items() const { return m_items; }
     /// Number of UIDs of a patient; 0 for one without.
     [[nodiscard]] int patientCount(const DicomDirectoryEntry *patient) const;
-    [[nodiscard]] int numPatients() const { return static_cast<int>(m_patientCounts.size()); }
+    /// The number of UIDs by patient, each at least 1.
+    [[nodiscard]] const std::map<Entry, int> &patientCounts() const { return m_patientCounts; }
 
 private:
     std::map<std::string, Entry> m_items;

@@ -2,18 +2,17 @@
 
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/loading/ImportTab.h"
-#include "platform/dicom/ExDicomUtilities.h"
 
 namespace {
 
 constexpr qsizetype mostLines = 20;
 
-/// Some systems mark cut or missing parts of a name with full stops; a part of nothing else leaves
-/// its separator behind.
+/// Some systems mark a name that was cut with full stops, as many as there is room for: they tell
+/// nobody apart.
 QString patientName(const std::string &name)
 {
-    QString text = QString::fromStdString(ExDicomUtilities::displayName(name)).trimmed();
-    while (text.endsWith(u'.') || text.endsWith(u' ') || text.endsWith(u',')) {
+    QString text = QString::fromStdString(name).trimmed();
+    while (text.endsWith(u'.')) {
         text.chop(1);
     }
     return text;
@@ -30,7 +29,7 @@ QString patientId(const std::string &id)
 void PatientList::add(const std::string &name, const std::string &birthDate, const std::string &id)
 {
     const QString shownName = patientName(name);
-    const QString date = QString::fromStdString(ExDicomUtilities::displayDate(birthDate));
+    const QString date = QString::fromStdString(birthDate);
     // Nothing else tells people without a name apart.
     const bool showsId = m_ids == Ids::Shown || shownName.isEmpty();
     // One arg() call: a name that holds "%2" stays as it is.

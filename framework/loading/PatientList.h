@@ -16,7 +16,8 @@ public:
         : m_ids(ids)
     { }
 
-    /// Adds a patient unless the same line is there already. Values as in the file, UTF-8.
+    /// Adds a patient unless the same line is there already. The values, UTF-8, are shown as they
+    /// are, but for full stops at the end of the name.
     void add(const std::string &name, const std::string &birthDate, const std::string &id);
     [[nodiscard]] bool hasSeveral() const { return m_lines.size() > 1; }
 

@@ -8,6 +8,8 @@
 #include "framework/monitors/QxMenuBar.h"
 #include "framework/notification/ExNotifiable.h"
 #include "platform/backend/KxBackendPeer.h"
+#include "platform/util/McGuard.h"
+#include "platform/util/McLogFile.h"
 
 #include <QAction>
 #include <QApplication>
@@ -326,7 +328,12 @@ void ExMonitorWidget::closeEvent(QCloseEvent *event)
         return;
     }
     const QScopedValueRollback quitting(isQuitting, true);
-    KxBackendPeer::instance()->setReasonToQuit("userlogout");
+    // A back end that fails must not keep the window open.
+    const std::string problem
+        = McGuard::run([] { KxBackendPeer::instance()->setReasonToQuit("userlogout"); });
+    if (!problem.empty()) {
+        McLogFile::warnf("WARNING - the back end cannot be told why: %s", problem.c_str());
+    }
     if (ExApplication::hasInstance()) {
         ExApplication::instance().quitApplication();
     }

@@ -4,8 +4,10 @@
 #include "platform/backend/KxBackendPeer.h"
 #include "platform/backend/KxServerPeer.h"
 #include "platform/properties/KxPropertyPool.h"
+#include "platform/util/McGuard.h"
 #include "platform/util/McLogFile.h"
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -58,12 +60,32 @@ int logSetting()
         .value();
 }
 
+/// A client's peer may fail: that is told, and the tool goes on all the same.
+bool hasToldPeer(const char *peer, const std::function<void()> &tell)
+{
+    const std::string problem = McGuard::run(tell);
+    if (!problem.empty()) {
+        McLogFile::warnf("WARNING - the %s cannot be told of a tool: %s", peer, problem.c_str());
+    }
+    return problem.empty();
+}
+
 void writeLine(const std::string &line)
 {
-    if (KxServerPeer *const server = KxServerPeer::instance()) {
-        server->printSessionLog("[ToolLog] ", line);
-    } else {
+    KxServerPeer *const server = KxServerPeer::instance();
+    const bool isWritten = server != nullptr
+        && hasToldPeer("server", [&] { server->printSessionLog("[ToolLog] ", line); });
+    if (!isWritten) {
         theLogInstance().print("ToolLog", line);
+    }
+}
+
+void logEvent(const std::string &key)
+{
+    const bool isTold = hasToldPeer("back end",
+        [&key] { KxBackendPeer::instance()->logEvent(toolUsedEvent, key, 0, -1, 1, QString()); });
+    if (!isTold) {
+        theLogInstance().print("Audit", std::to_string(toolUsedEvent) + ' ' + key);
     }
 }
 
@@ -81,7 +103,7 @@ void logUse(const ExTool *tool, const char *use)
         reportedTools()[key] = true;
     }
     writeLine(key + use);
-    KxBackendPeer::instance()->logEvent(toolUsedEvent, key, 0, -1, 1, QString());
+    logEvent(key);
 }
 
 } // namespace

@@ -51,7 +51,9 @@ public:
     };
 
     /// @param uid study or series instance UID; for a stored volume that of its first image; for a
-    /// patient a text of the directory's own, the same in every scan.
+    /// patient a text of the directory's own, the same in every scan. Of series that share an
+    /// instance UID, although they are of several patients or studies, each has one with an ending
+    /// of its own; see seriesUid() for what the files say.
     DicomDirectoryEntry(Level level, std::string uid);
 
     [[nodiscard]] Level level() const { return m_level; }

@@ -82,12 +82,16 @@ struct Count
     int found = 0;
 };
 
-/// The images of each acquisition that announce how many there are.
-std::map<std::string, Count> countAcquisitions(const Headers &files)
+enum class Origin { Acquired, Derived };
+using Counts = std::map<std::string, Count>;
+
+/// The images of each acquisition that were acquired, or that were derived from such, with the
+/// number that they announce.
+Counts countAcquisitions(const Headers &files, Origin origin)
 {
-    std::map<std::string, Count> counts;
+    Counts counts;
     for (const DicomFileHeader *const file : files) {
-        if (file->isImage && !file->isDerived) {
+        if (file->isImage && file->isDerived == (origin == Origin::Derived)) {
             Count &count = counts[acquisitionOf(*file)];
             count.announced = std::max(count.announced, file->announcedInAcquisition);
             count.found += static_cast<int>(file->frames.size());
@@ -106,21 +110,27 @@ void noteMissing(
 }
 
 void noteShortAcquisitions(
-    const Headers &series, const Headers &study, std::vector<std::string> &missing)
+    const Headers &series, const Headers &study, Origin origin, std::vector<std::string> &missing)
 {
-    const std::map<std::string, Count> counts = countAcquisitions(series);
+    const Counts counts = countAcquisitions(series, origin);
     const int found = std::accumulate(counts.begin(), counts.end(), 0,
         [](int sum, const auto &each) { return sum + each.second.found; });
-    std::map<std::string, Count> ofStudy;
+    Counts acquired;
+    Counts alike;
     for (const auto &[acquisition, count] : counts) {
         if (count.found >= count.announced || found == count.announced) {
             continue;
         }
-        if (ofStudy.empty()) {
-            ofStudy = countAcquisitions(study);
+        if (alike.empty()) {
+            acquired = countAcquisitions(study, Origin::Acquired);
+            alike = countAcquisitions(study, origin);
         }
+        // Derived images repeat what their sources announce. Where no source is there they are all
+        // that the announcement can mean.
+        const bool tellsOfSources
+            = origin == Origin::Derived && acquired[acquisition].announced == count.announced;
         // Magnitude and phase, or the echoes, of one acquisition may be series of their own.
-        if (ofStudy[acquisition].found != count.announced) {
+        if (!tellsOfSources && alike[acquisition].found != count.announced) {
             noteMissing(count.found, count.announced, "images", missing);
         }
     }
@@ -147,7 +157,8 @@ std::vector<std::string> DicomCompleteness::missingFromSeries(
     }
     noteMissing(static_cast<int>(series.size()),
         highest(series, &DicomFileHeader::announcedInSeries), "images", missing);
-    noteShortAcquisitions(series, study, missing);
+    noteShortAcquisitions(series, study, Origin::Acquired, missing);
+    noteShortAcquisitions(series, study, Origin::Derived, missing);
     return missing;
 }
 

@@ -16,8 +16,8 @@
 ///  - fewer files are there than the Number of Series Related Instances (0020,1209);
 ///  - an acquisition has fewer images than the Images in Acquisition (0020,1002), and neither do
 ///    all its acquisitions together have exactly as many, nor the series of the study that share
-///    the acquisition. Images that were derived say nothing here: they repeat what their sources
-///    announce.
+///    the acquisition. Images that were derived are counted by themselves; where their sources are
+///    in the study, and announce as many, they only repeat that and say nothing.
 /// A study misses something when there are fewer series or files than the Number of Study Related
 /// Series or Instances (0020,1206 and 0020,1208). Of several announcements the highest counts.
 /// Holes in the geometry and pixels that end too early are found where volumes are planned.

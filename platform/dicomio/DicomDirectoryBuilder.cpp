@@ -4,10 +4,14 @@
 #include "platform/dicomio/DicomTexts.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 
+#include <QByteArray>
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <map>
+#include <set>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -63,11 +67,44 @@ std::string patientKey(const DicomFileHeader &header)
         + header.text(Attribute::PatientBirthDate);
 }
 
-/// A file that names no series is one of its own.
-std::string seriesKey(const DicomFileHeader &header)
+/// The patient and study of a file as one text.
+std::string studyPlace(const DicomFileHeader &header)
+{
+    return patientKey(header) + '\n' + header.text(Attribute::StudyUid);
+}
+
+/// UIDs of series that stand in several studies: copies that were given to another patient.
+using SharedUids = std::set<std::string>;
+
+SharedUids sharedSeries(const Headers &headers)
+{
+    std::map<std::string, std::string> places;
+    SharedUids shared;
+    for (const DicomFileHeader *const header : headers) {
+        const std::string &uid = header->text(Attribute::SeriesUid);
+        const std::string place = studyPlace(*header);
+        if (places.emplace(uid, place).first->second != place) {
+            shared.insert(uid);
+        }
+    }
+    return shared;
+}
+
+/// What tells a series from all others. A file that names no series is one of its own; where a UID
+/// is there several times, one patient's images must never be taken for another's.
+std::string seriesKey(const DicomFileHeader &header, const SharedUids &shared)
 {
     const std::string &uid = header.text(Attribute::SeriesUid);
-    return uid.empty() ? "file:" + header.file.string() : uid;
+    if (uid.empty()) {
+        return "file:" + header.file.string();
+    }
+    if (shared.count(uid) == 0) {
+        return uid;
+    }
+    const QByteArray place = QCryptographicHash::hash(
+        QByteArray::fromStdString(studyPlace(header)), QCryptographicHash::Sha1);
+    constexpr qsizetype digits = 8;
+    return uid + '+' + place.toHex().left(digits).toStdString();
 }
 
 struct OtherObject
@@ -169,8 +206,14 @@ EntryHandle makeSeries(const std::string &uid, const Headers &files, const Heade
             others.append(file->file);
         }
     }
-    noteMissing(DicomCompleteness::missingFromSeries(files, study), *series);
+    const std::vector<std::string> missing = DicomCompleteness::missingFromSeries(files, study);
+    noteMissing(missing, *series);
     addVolumes(images, *series);
+    if (!missing.empty()) {
+        for (const EntryHandle &volume : series->children()) {
+            volume->setIncomplete(); // What is missing may be from any of them.
+        }
+    }
     if (images.empty()) {
         series->addRemark(otherObjectRemark(series->modality()));
     }
@@ -192,18 +235,49 @@ void appendSorted(std::vector<EntryHandle> &children, KeyOf keyOf, DicomDirector
     }
 }
 
-EntryHandle makeStudy(const std::string &uid, const Headers &files)
+/// The series of a study that presentation states are about, by the UIDs of the states' series. A
+/// state's series is listed behind that which it is about, and says so.
+std::map<std::string, const DicomDirectoryEntry *> describedSeries(
+    const Headers &files, const std::vector<EntryHandle> &children)
+{
+    std::map<std::string, std::string> references;
+    for (const DicomFileHeader *const file : files) {
+        references.emplace(file->text(Attribute::SeriesUid), file->referencedSeriesUid);
+    }
+    std::map<std::string, const DicomDirectoryEntry *> described;
+    for (const EntryHandle &state : children) {
+        const std::string &about = references[state->seriesUid()];
+        const auto found = std::find_if(children.begin(), children.end(),
+            [&about](const EntryHandle &each) { return each->seriesUid() == about; });
+        if (state->isPresentationState() && !about.empty() && found != children.end()) {
+            described[state->seriesUid()] = found->get();
+            const std::string &number = (*found)->text(Attribute::SeriesNumber);
+            state->addRemark("It is about series " + (number.empty() ? about : number) + ".");
+        }
+    }
+    return described;
+}
+
+EntryHandle makeStudy(const std::string &uid, const Headers &files, const SharedUids &shared)
 {
     EntryHandle study(new DicomDirectoryEntry(DicomDirectoryEntry::Study, uid));
     copyTexts(files, studyAttributes, *study);
     std::vector<EntryHandle> children;
-    for (const auto &[seriesUid, group] : grouped(files, seriesKey)) {
+    const auto keyOf
+        = [&shared](const DicomFileHeader &header) { return seriesKey(header, shared); };
+    for (const auto &[seriesUid, group] : grouped(files, keyOf)) {
         children.push_back(makeSeries(seriesUid, group, files));
     }
-    const auto key = [](const DicomDirectoryEntry &series) {
-        const std::string &number = series.text(Attribute::SeriesNumber);
+    const std::map<std::string, const DicomDirectoryEntry *> described
+        = describedSeries(files, children);
+    const auto key = [&described](const DicomDirectoryEntry &series) {
+        const auto found
+            = series.isPresentationState() ? described.find(series.seriesUid()) : described.end();
+        const DicomDirectoryEntry &place = found == described.end() ? series : *found->second;
+        const std::string &number = place.text(Attribute::SeriesNumber);
         return std::make_tuple(number.empty(), std::strtol(number.c_str(), nullptr, 10),
-            series.text(Attribute::SeriesDate) + series.text(Attribute::SeriesTime), series.uid());
+            place.text(Attribute::SeriesDate) + place.text(Attribute::SeriesTime), place.uid(),
+            &place != &series, series.uid());
     };
     noteMissing(
         DicomCompleteness::missingFromStudy(files, static_cast<int>(children.size())), *study);
@@ -211,7 +285,7 @@ EntryHandle makeStudy(const std::string &uid, const Headers &files)
     return study;
 }
 
-EntryHandle makePatient(const std::string &uid, const Headers &files)
+EntryHandle makePatient(const std::string &uid, const Headers &files, const SharedUids &shared)
 {
     EntryHandle patient(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, uid));
     copyTexts(files, patientAttributes, *patient);
@@ -219,7 +293,7 @@ EntryHandle makePatient(const std::string &uid, const Headers &files)
     const auto studyKey
         = [](const DicomFileHeader &header) { return header.text(Attribute::StudyUid); };
     for (const auto &[studyUid, group] : grouped(files, studyKey)) {
-        children.push_back(makeStudy(studyUid, group));
+        children.push_back(makeStudy(studyUid, group, shared));
     }
     const auto key = [](const DicomDirectoryEntry &study) {
         return std::make_tuple(
@@ -278,9 +352,10 @@ void remarkOnDuplicates(const Selection &selection, DicomDirectoryEntry &series)
 McDArray<EntryHandle> buildDirectory(const std::vector<DicomFileHeader> &headers)
 {
     const Selection selection = withoutDuplicates(headers);
+    const SharedUids shared = sharedSeries(selection.used);
     std::vector<EntryHandle> patients;
     for (const auto &[uid, group] : grouped(selection.used, patientKey)) {
-        patients.push_back(makePatient(uid, group));
+        patients.push_back(makePatient(uid, group, shared));
     }
     std::sort(patients.begin(), patients.end(), [](const auto &a, const auto &b) {
         return std::make_tuple(a->patientName(), a->patientId(), a->uid())

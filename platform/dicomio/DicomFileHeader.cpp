@@ -69,13 +69,13 @@ const std::vector<vtkDICOMTag> &otherTags()
 {
     static const std::vector<vtkDICOMTag> tags{DC::SpecificCharacterSet, DC::SOPInstanceUID,
         DC::InstanceNumber, DC::NumberOfSeriesRelatedInstances, DC::NumberOfStudyRelatedSeries,
-        DC::NumberOfStudyRelatedInstances, DC::ImagesInAcquisition, DC::Columns, DC::Rows,
-        DC::SamplesPerPixel, DC::BitsAllocated, DC::BitsStored, DC::PixelRepresentation,
-        DC::PhotometricInterpretation, DC::RescaleType, DC::Units, DC::SliceThickness,
-        DC::SpacingBetweenSlices, DC::NumberOfFrames, DC::PixelSpacing, DC::ImagerPixelSpacing,
-        DC::NominalScannedPixelSpacing, DC::ImagePositionPatient, DC::ImageOrientationPatient,
-        DC::RescaleSlope, DC::RescaleIntercept, DC::WindowCenter, DC::WindowWidth,
-        DC::DiffusionBValue, DC::SequenceName, DC::TemporalPositionIndex,
+        DC::NumberOfStudyRelatedInstances, DC::ImagesInAcquisition, DC::ReferencedSeriesSequence,
+        DC::Columns, DC::Rows, DC::SamplesPerPixel, DC::BitsAllocated, DC::BitsStored,
+        DC::PixelRepresentation, DC::PhotometricInterpretation, DC::RescaleType, DC::Units,
+        DC::SliceThickness, DC::SpacingBetweenSlices, DC::NumberOfFrames, DC::PixelSpacing,
+        DC::ImagerPixelSpacing, DC::NominalScannedPixelSpacing, DC::ImagePositionPatient,
+        DC::ImageOrientationPatient, DC::RescaleSlope, DC::RescaleIntercept, DC::WindowCenter,
+        DC::WindowWidth, DC::DiffusionBValue, DC::SequenceName, DC::TemporalPositionIndex,
         DC::TemporalPositionIdentifier, DC::EffectiveEchoTime, DC::EchoTime,
         DC::NominalCardiacTriggerDelayTime, DC::TriggerTime, DC::NominalPercentageOfCardiacPhase,
         DC::InversionTime, DC::ComplexImageComponent, DC::ImageType, DC::AcquisitionNumber,
@@ -416,6 +416,11 @@ void readIdentity(vtkDICOMMetaData *data, DicomFileHeader &header)
     const vtkDICOMValue &number = data->Get(0, DC::InstanceNumber);
     if (!number.AsString().empty()) {
         header.instanceNumber = number.AsInt();
+    }
+    const vtkDICOMValue &referenced = data->Get(0, DC::ReferencedSeriesSequence);
+    if (const vtkDICOMItem *const series = referenced.GetSequenceData();
+        series != nullptr && referenced.GetNumberOfValues() > 0) {
+        header.referencedSeriesUid = series->Get(DC::SeriesInstanceUID).AsString();
     }
     header.announcedInSeries = data->Get(0, DC::NumberOfSeriesRelatedInstances).AsInt();
     header.announcedInStudy = data->Get(0, DC::NumberOfStudyRelatedInstances).AsInt();

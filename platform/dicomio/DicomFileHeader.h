@@ -57,6 +57,8 @@ struct DicomFileHeader
     std::string error;
     std::array<std::string, static_cast<std::size_t>(Attribute::Count)> texts;
     std::string sopInstanceUid;
+    /// Of a presentation state: the series whose images it is about, or the first of them.
+    std::string referencedSeriesUid;
     bool isMediaDirectory = false;
     bool isImage = false;
     /// The file ends before the pixels do.

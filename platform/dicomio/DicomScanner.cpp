@@ -4,6 +4,7 @@
 #include "platform/dicomio/DicomFileHeader.h"
 #include "platform/dicomio/DicomMailbox.h"
 #include "platform/dicomio/DicomParsing.h"
+#include "platform/util/McGuard.h"
 
 #include <vtkDICOMDictionary.h>
 #include <vtkDICOMItem.h>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -207,14 +209,29 @@ public:
         {
             std::vector<std::jthread> workers;
             for (std::size_t i = 1; i < threads; ++i) {
-                workers.emplace_back([this] { work(); });
+                workers.emplace_back([this] { workGuarded(); });
             }
-            work();
+            workGuarded();
+        }
+        if (m_thrown) {
+            std::rethrow_exception(m_thrown);
         }
         return std::move(m_headers);
     }
 
 private:
+    /// What is thrown in a thread ends the scan in all of them.
+    void workGuarded()
+    {
+        try {
+            work();
+        } catch (...) {
+            const std::lock_guard lock(m_progressMutex);
+            m_thrown = std::current_exception();
+            m_next = m_files.size();
+        }
+    }
+
     void work()
     {
         while (!m_stop.stop_requested()) {
@@ -222,7 +239,13 @@ private:
             if (index >= m_files.size()) {
                 return;
             }
-            m_headers[index] = readDicomFileHeader(m_files[index]);
+            DicomFileHeader &header = m_headers[index];
+            const std::string problem
+                = McGuard::run([&] { header = readDicomFileHeader(m_files[index]); });
+            if (!problem.empty()) {
+                header.file = m_files[index];
+                header.error = problem;
+            }
             tellProgress();
         }
     }
@@ -248,6 +271,7 @@ private:
     std::atomic<std::size_t> m_next = 0;
     std::mutex m_progressMutex;
     std::size_t m_done = 0;
+    std::exception_ptr m_thrown;
 };
 
 /// Takes out headers that cannot be used, and notes why.
@@ -317,7 +341,8 @@ void DicomScanner::start(const McDArray<McFilename> &paths)
         const auto progress = [this, report](int done, int total) {
             report([this, done, total] { Q_EMIT progressChanged(done, total); });
         };
-        const Result result = scanNow(paths, progress, stop);
+        Result result;
+        result.failure = McGuard::run([&] { result = scanNow(paths, progress, stop); });
         report([this, result] {
             d->result = result;
             d->isRunning = false;

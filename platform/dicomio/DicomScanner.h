@@ -33,6 +33,9 @@ public:
         int numFiles = 0; ///< files looked at; not those listed after a cancellation
         /// Before all files were looked at: patients and problems are what was found until then.
         bool wasCancelled = false;
+        /// Why nothing was found although nothing is wrong with the files, in a plain English
+        /// sentence; empty when the scan went as it should.
+        std::string failure;
     };
     /// Told from several threads, one at a time: files done and files in all, or -1 as long as
     /// these are still being counted.
@@ -46,6 +49,7 @@ public:
     /// Scans in the calling thread's time; any thread.
     /// @param paths folders (searched with all their subfolders, hidden files left out), files, or
     /// DICOMDIR files (the files that they list).
+    /// What @p progress throws comes out of here, once all threads have ended.
     [[nodiscard]] static Result scanNow(const McDArray<McFilename> &paths,
         const Progress &progress = {}, const std::stop_token &stop = {});
 

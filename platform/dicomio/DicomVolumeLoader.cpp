@@ -2,6 +2,7 @@
 
 #include "platform/dicomio/DicomMailbox.h"
 #include "platform/dicomio/DicomVolumeReader.h"
+#include "platform/util/McGuard.h"
 
 #include <algorithm>
 #include <condition_variable>
@@ -70,6 +71,7 @@ public:
     void drain(const std::shared_ptr<Load> &running);
     void deliver(const Slice &slice);
     void end(const std::shared_ptr<Load> &running, bool complete);
+    void fail(const std::shared_ptr<Load> &running, const QString &reason);
 
     DicomVolumeLoader &q;
     std::shared_ptr<Load> load; ///< the running one, else null
@@ -98,9 +100,8 @@ void DicomVolumeLoader::Private::work(const std::shared_ptr<Load> &running,
     if (!reader.prepare(*entry, stop)) {
         const QString reason = QString::fromStdString(reader.errorText());
         const bool cancelled = stop.stop_requested();
-        post(running, [this, reason, cancelled] {
-            load.reset();
-            cancelled ? Q_EMIT q.finished(false) : Q_EMIT q.failed(reason);
+        post(running, [this, running, reason, cancelled] {
+            cancelled ? end(running, false) : fail(running, reason);
         });
         return;
     }
@@ -160,6 +161,15 @@ void DicomVolumeLoader::Private::end(const std::shared_ptr<Load> &running, bool 
     }
 }
 
+void DicomVolumeLoader::Private::fail(const std::shared_ptr<Load> &running, const QString &reason)
+{
+    drain(running);
+    if (running == load) {
+        load.reset();
+        Q_EMIT q.failed(reason);
+    }
+}
+
 DicomVolumeLoader::DicomVolumeLoader(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>(*this))
@@ -175,8 +185,13 @@ void DicomVolumeLoader::start(const McHandle<Zel::DicomDirectoryEntry> &entry)
     d->done = 0;
     d->total = 0;
     // Assigning cancels and awaits the load before.
-    d->thread = std::jthread(
-        [this, load = d->load, entry](const std::stop_token &stop) { d->work(load, entry, stop); });
+    d->thread = std::jthread([this, load = d->load, entry](const std::stop_token &stop) {
+        const std::string problem = McGuard::run([&] { d->work(load, entry, stop); });
+        if (!problem.empty()) {
+            d->post(
+                load, [this, load, problem] { d->fail(load, QString::fromStdString(problem)); });
+        }
+    });
 }
 
 void DicomVolumeLoader::cancel()

@@ -46,7 +46,7 @@ Q_SIGNALS:
     /// A slice could not be read; its voxels have the lowest value of the volume.
     void sliceFailed(int phase, int z, const QString &reason);
     void progressChanged(int done, int total);
-    /// Nothing can be loaded; the last signal of this load.
+    /// Nothing can be loaded, or nothing more; the last signal of this load.
     void failed(const QString &reason);
     /// The last signal of this load. @param complete false when it was cancelled.
     void finished(bool complete);

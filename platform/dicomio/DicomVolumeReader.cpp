@@ -4,6 +4,7 @@
 #include "platform/dicomio/DicomFrameDecoder.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/dicomio/DicomVolumePlan.h"
+#include "platform/util/McGuard.h"
 
 #include <algorithm>
 #include <cmath>
@@ -258,8 +259,11 @@ std::string DicomVolumeReader::Private::decode(const DicomStackImage &image, Byt
         bytes = known->bytes;
         return {};
     }
-    const std::string error
-        = decoder.decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
+    std::string error;
+    const std::string problem = McGuard::run([&] {
+        error = decoder.decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
+    });
+    error += problem; // One image that cannot be decoded does not take the others along.
     if (error.empty()) {
         constexpr std::size_t neighbours = 6;
         recent.push_front({image, bytes});

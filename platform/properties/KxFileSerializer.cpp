@@ -16,6 +16,7 @@
 #include <QThread>
 
 #include <filesystem>
+#include <utility>
 
 namespace {
 
@@ -69,18 +70,6 @@ QString workingCopy(const QString &fileName)
     return copy.fileName();
 }
 
-bool writeValue(const QString &fileName, const QString &key, const std::optional<QString> &text)
-{
-    QSettings settings(fileName, QSettings::IniFormat);
-    if (text) {
-        settings.setValue(KxIniFile::fileKey(key), *text);
-    } else {
-        settings.remove(KxIniFile::fileKey(key));
-    }
-    settings.sync();
-    return settings.status() == QSettings::NoError;
-}
-
 } // namespace
 
 KxFileSerializer::KxFileSerializer(const QString &fileName, const KxSiteSettings *site)
@@ -105,8 +94,12 @@ QString KxFileSerializer::lockName() const
 
 std::optional<QString> KxFileSerializer::read(const QString &key) const
 {
+    if (const auto waiting = m_unwritten.constFind(key);
+        waiting != m_unwritten.constEnd() && waiting->has_value()) {
+        return *waiting;
+    }
     refresh();
-    const auto found = m_values.constFind(key);
+    const auto found = m_unwritten.contains(key) ? m_values.constEnd() : m_values.constFind(key);
     if (found != m_values.constEnd()) {
         return *found;
     }
@@ -120,7 +113,13 @@ bool KxFileSerializer::write(const QString &key, const QString &text)
 
 bool KxFileSerializer::remove(const QString &key)
 {
-    return change(key, std::nullopt);
+    // QSettings takes an empty key for all keys.
+    return key.isEmpty() || change(key, std::nullopt);
+}
+
+bool KxFileSerializer::flush()
+{
+    return m_unwritten.isEmpty() || store();
 }
 
 void KxFileSerializer::refresh() const
@@ -134,6 +133,8 @@ void KxFileSerializer::refresh() const
         setAsideWithLock();
     } else if (file.state == KxIniFile::State::Unreadable) {
         complain("cannot be read");
+        remember(m_values, stamp);
+        return;
     }
     // The stamp from before reading: what is written while it is read is read again next time.
     remember(
@@ -148,23 +149,44 @@ void KxFileSerializer::remember(const QHash<QString, QString> &values, const Fil
 
 bool KxFileSerializer::change(const QString &key, const std::optional<QString> &text)
 {
+    m_unwritten.insert(key, text);
+    return store();
+}
+
+bool KxFileSerializer::store()
+{
+    const bool isStored = changeFile();
+    const bool hadFailed = std::exchange(m_isFailing, !isStored);
+    if (isStored) {
+        m_unwritten.clear();
+        m_complained = false;
+    } else if (!hadFailed) {
+        tellProblem(m_fileName);
+    }
+    return isStored;
+}
+
+bool KxFileSerializer::changeFile()
+{
     if (!QDir().mkpath(QFileInfo(m_fileName).absolutePath())) {
         complain("is in a folder that cannot be made");
         return false;
     }
     QLockFile lock(lockName());
     if (!lockInTime(lock)) {
-        complain("cannot be locked");
+        complain(lock.error() == QLockFile::LockFailedError
+                ? "is locked by another process"
+                : "cannot be written: the disk is full, or the folder may not be written to");
         return false;
     }
-    const bool done = changeLocked(key, text);
+    const bool done = changeLocked();
     if (!done) {
         complain("cannot be written");
     }
     return done;
 }
 
-bool KxFileSerializer::changeLocked(const QString &key, const std::optional<QString> &text)
+bool KxFileSerializer::changeLocked()
 {
     // The change is made in a copy of a fresh name: QSettings recognises a known file as unchanged
     // by its size and its time of change in milliseconds, and would overwrite what another process
@@ -176,20 +198,35 @@ bool KxFileSerializer::changeLocked(const QString &key, const std::optional<QStr
         copy = setAside() ? workingCopy(m_fileName) : QString();
         content = KxIniFile::read(copy);
     }
-    if (content.state != KxIniFile::State::Read) {
-        return false;
-    }
-    if (text) {
-        content.values.insert(key, *text);
-    } else {
-        content.values.remove(key);
-    }
-    if (!writeValue(copy, key, text) || !replaceFile(copy, m_fileName)) {
+    if (content.state != KxIniFile::State::Read || !writeValues(copy, m_unwritten)
+        || !replaceFile(copy, m_fileName)) {
         QFile::remove(copy);
         return false;
     }
+    for (auto change = m_unwritten.cbegin(); change != m_unwritten.cend(); ++change) {
+        if (change.value()) {
+            content.values.insert(change.key(), *change.value());
+        } else {
+            content.values.remove(change.key());
+        }
+    }
     remember(content.values, FileStamp::of(m_fileName));
     return true;
+}
+
+bool KxFileSerializer::writeValues(const QString &fileName, const Changes &changes)
+{
+    QSettings settings(fileName, QSettings::IniFormat);
+    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
+        const QString key = KxIniFile::fileKey(change.key());
+        if (change.value()) {
+            settings.setValue(key, *change.value());
+        } else {
+            settings.remove(key);
+        }
+    }
+    settings.sync();
+    return settings.status() == QSettings::NoError;
 }
 
 void KxFileSerializer::setAsideWithLock() const

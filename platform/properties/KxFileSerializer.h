@@ -10,8 +10,9 @@ class KxSiteSettings;
 
 /// Store in an INI file. Every write replaces the file as a whole and takes in what other processes
 /// wrote meanwhile, so that several processes on one file lose none of each other's keys. A damaged
-/// file is set aside under a new name, which the log tells, and the store goes on empty. GUI thread
-/// only.
+/// file is set aside under a new name, which the log tells, and the store goes on empty. While the
+/// disk is full, or the folder may not be written to, the file stays as it was and what is written
+/// is kept in memory. GUI thread only.
 class MOVARA_PLATFORM_EXPORT KxFileSerializer final : public KxPropertySerializer
 {
 public:
@@ -31,11 +32,19 @@ public:
     /// seconds.
     bool write(const QString &key, const QString &text) override;
     bool remove(const QString &key) override;
+    bool flush() override;
 
 private:
+    /// Texts by key; nothing for a key that is to be removed.
+    using Changes = QHash<QString, std::optional<QString>>;
+
     void refresh() const;
     bool change(const QString &key, const std::optional<QString> &text);
-    bool changeLocked(const QString &key, const std::optional<QString> &text);
+    /// Writes what is not written yet, and tells when that begins to fail.
+    bool store();
+    bool changeFile();
+    bool changeLocked();
+    static bool writeValues(const QString &fileName, const Changes &changes);
     bool setAside() const;
     void setAsideWithLock() const;
     [[nodiscard]] QString lockName() const;
@@ -44,7 +53,9 @@ private:
 
     QString m_fileName;
     const KxSiteSettings *m_site;
+    Changes m_unwritten;
     mutable QHash<QString, QString> m_values;
     mutable FileStamp m_seen;
+    bool m_isFailing = false;
     mutable bool m_complained = false;
 };

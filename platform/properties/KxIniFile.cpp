@@ -70,13 +70,14 @@ KxIniFile KxIniFile::read(const QString &name)
     // Read through a copy of a fresh name: QSettings keeps files that it has read, by name, and
     // takes one of the same size and time of change in milliseconds for unchanged.
     const QByteArray content = source.readAll();
-    QTemporaryFile copy;
-    if (source.error() != QFileDevice::NoError || !copy.open()
-        || copy.write(content) != content.size() || !copy.flush()) {
+    if (source.error() != QFileDevice::NoError) {
         file.state = State::Unreadable;
         return file;
     }
-    const QSettings settings(copy.fileName(), QSettings::IniFormat);
+    QTemporaryFile copy;
+    const bool isCopied = copy.open() && copy.write(content) == content.size() && copy.flush();
+    // Where there is no room for a copy the file itself is better than nothing.
+    const QSettings settings(isCopied ? copy.fileName() : name, QSettings::IniFormat);
     // Sections are parsed when they are asked for; only then is their damage known.
     const QStringList keys = settings.allKeys();
     if (!isIni(content) || settings.status() != QSettings::NoError) {

@@ -3,6 +3,8 @@
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/StatusText.h"
 #include "client/panels/StudyTree.h"
+#include "framework/application/ExApplication.h"
+#include "framework/loading/ExLoadHelper.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/NextDialog.h"
@@ -160,15 +162,21 @@ private Q_SLOTS:
         QVERIFY(viewer(1).series() == nullptr && viewer(3).series() == nullptr);
         openIn(1, "2.25.3.1", "none"); // Stays open.
         openIn(1, "2.25.1.1", "Ignore"); // The answer went with the patient.
+        workstation.close({"2.25.2.1"});
+        ExLoadHelper &helper = *ExApplication::instance().loadHelper();
+        helper.setPatientLockId("IDA");
+        helper.setPatientLock(true);
+        openIn(2, "2.25.2.1", "OK"); // Of another patient than the locked one.
         const QString line = u"(Name: %1, Date of Birth: 1970-01-02)|"_s;
         const QString a = line.arg(u"A"_s);
         const QString b = line.arg(u"B"_s);
         const QString c = line.arg(u"C"_s);
         const QStringList expected{a % c, u"2.25.3.1"_s, a % c, u"2.25.1.1"_s, u"2.25.1.1"_s,
-            b % a % c, u"2.25.2.1"_s, u"2.25.1.1"_s, u"2.25.3.1"_s, a % b % c, u"2.25.1.1"_s};
+            b % a % c, u"2.25.2.1"_s, u"2.25.1.1"_s, u"2.25.3.1"_s, a % b % c, u"2.25.1.1"_s,
+            u"IDA|IDB|Loading prohibited!|"_s, u"-"_s};
         QCOMPARE(log, expected);
-        QCOMPARE(closed.count(), 1);
-        QCOMPARE(m_fixture->window().findChild<QStatusBar *>()->currentMessage(), u"Closed: A"_s);
+        QCOMPARE(closed.count(), 2);
+        QCOMPARE(m_fixture->window().findChild<QStatusBar *>()->currentMessage(), u"Closed: B"_s);
         QTRY_VERIFY(workstation.isSettled());
     }
 
@@ -286,7 +294,8 @@ private Q_SLOTS:
     void nothingToShow_data()
     {
         const Rows<QString, QString> row("what", "text");
-        row("no such folder", "missing", "There are no files here");
+        row("no such folder", "missing", "Nothing can be read from ");
+        row("no files", "empty", "There are no files here");
         row("no images", "report", "There are no images here (files looked at: 1)");
     }
 

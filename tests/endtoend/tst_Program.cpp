@@ -177,7 +177,8 @@ private Q_SLOTS:
     void screenshotFails_data()
     {
         const Rows<QString, QString, QString> row("folder", "picture", "message");
-        row("nothing to show", "/nonexistent", "picture.png", "There are no files here");
+        row("nothing to show", "/nonexistent", "picture.png",
+            "Nothing can be read from /nonexistent");
         row("cannot be written", "", "/nonexistent/picture.png", "cannot be written");
     }
 

@@ -7,6 +7,8 @@
 #include "tests/support/PrivateSettings.h"
 #include "tests/support/Rows.h"
 
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -67,6 +69,28 @@ private Q_SLOTS:
         QCOMPARE(shownSeries(), series);
         QTest::keyClick(&field, Qt::Key_Escape);
         QCOMPARE(shownSeries().size(), 4);
+    }
+
+    void foldersCanBeDropped()
+    {
+        const QSignalSpy dropped(m_panel.get(), &StudyPanel::pathsDropped);
+        const auto drop = [this](const QList<QUrl> &urls) {
+            QMimeData dragged;
+            dragged.setUrls(urls);
+            QDragEnterEvent enter({9, 9}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+            QApplication::sendEvent(m_panel.get(), &enter);
+            QDropEvent event({9, 9}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+            QApplication::sendEvent(m_panel.get(), &event);
+            return enter.isAccepted() && event.isAccepted();
+        };
+        QVERIFY(!drop({QUrl(u"https://example.org/"_s)}));
+        QVERIFY(drop({QUrl::fromLocalFile(u"/a folder"_s), QUrl(u"https://example.org/"_s)}));
+        QCOMPARE(dropped.size(), 1);
+        QCOMPARE(dropped.first().first().toStringList(), QStringList{u"/a folder"_s});
+        // None of the widgets within takes a folder for a text.
+        for (const QWidget *each : m_panel->findChildren<QWidget *>()) {
+            QVERIFY2(!each->acceptDrops(), each->metaObject()->className());
+        }
     }
 
     void selectedIsOpenedAtOnce()

@@ -7,6 +7,7 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/Files.h"
+#include "tests/support/SmallDisk.h"
 
 #include <QDir>
 #include <QMessageBox>
@@ -249,6 +250,25 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).entryList({u"*.movara-session"_s}).isEmpty());
         QVERIFY(QFile::copy(m_name, left));
         offer(folder.path(), u"&Discard"_s, false, false);
+        writeFile(left, "damaged");
+        offer(folder.path(), u"&Restore"_s, false, false);
+        const QStringList kept = QDir(folder.path()).entryList({u"*.unusable-*"_s});
+        QVERIFY(kept.size() == 1 && readFile(folder.filePath(kept.first())) == "damaged");
+    }
+
+    void autosaveWithoutRoomIsTold()
+    {
+        const SmallDisk disk;
+        if (!disk.isMounted()) {
+            QSKIP("only root can mount a small disk");
+        }
+        disk.fill();
+        const Opened opened;
+        const QSignalSpy failed(opened.sessions.get(), &WorkstationSessions::autosaveFailed);
+        opened.sessions->startAutosave(disk.path(), [] {});
+        QVERIFY(failed.size() == 1
+            && failed.first().first().toString().contains(u"make room on the disk"_s));
+        opened.openFolder(m_files); // Works all the same.
     }
 
 private:

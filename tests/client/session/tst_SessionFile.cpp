@@ -1,12 +1,12 @@
 #include "client/session/SessionFile.h"
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
+#include "tests/support/SmallDisk.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <sys/mount.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -27,27 +27,6 @@ QString readInto(const QByteArray &bytes, ExSessionData &session)
     session.setBlock(u"before"_s, "kept");
     return SessionFile::fromBytes(bytes, session);
 }
-
-/// A file system of a few pages, gone with the object.
-class SmallDisk
-{
-public:
-    SmallDisk() { m_isMounted = ::mount("tmpfs", qPrintable(path()), "tmpfs", 0, "size=32k") == 0; }
-    ~SmallDisk()
-    {
-        if (m_isMounted) {
-            ::umount(qPrintable(path()));
-        }
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-    [[nodiscard]] bool isMounted() const { return m_isMounted; }
-    [[nodiscard]] QString path() const { return m_folder.path(); }
-
-private:
-    QTemporaryDir m_folder;
-    bool m_isMounted = false;
-};
 
 } // namespace
 

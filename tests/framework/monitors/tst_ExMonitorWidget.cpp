@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include <memory>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -115,6 +116,18 @@ private Q_SLOTS:
         QCOMPARE(m_application.log, QStringList{u"quit"_s});
         QCOMPARE(KxBackendPeer::instance()->reasonToQuit(), std::string("userlogout"));
         QVERIFY(m_widget->isVisible());
+
+        class DeadPeer final : public KxBackendPeer
+        {
+            void setReasonToQuit(const std::string & /*reason*/) override
+            {
+                throw std::runtime_error("no connection");
+            }
+        };
+        DeadPeer dead;
+        KxBackendPeer::install(&dead);
+        m_widget->menuBarAddOn()->mClose->click();
+        QCOMPARE(m_application.log, (QStringList{u"quit"_s, u"quit"_s}));
     }
 
     void menuOfTheMainWindow()

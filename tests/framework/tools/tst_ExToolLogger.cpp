@@ -3,9 +3,12 @@
 #include "platform/backend/KxServerPeer.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/tools/FakeTool.h"
+#include "tests/platform/properties/ProgramLog.h"
 #include "tests/support/PrivateSettings.h"
 
 #include <QTest>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -22,14 +25,23 @@ public:
     void logEvent(int code, const std::string &key, int first, int second, int third,
         const QString &text) override
     {
+        fail();
         log += QString::asprintf(
             " (%d %s %d %d %d '%s')", code, key.c_str(), first, second, third, qPrintable(text));
     }
     void printSessionLog(const std::string &prefix, const std::string &text) override
     {
+        fail();
         log += QString::fromStdString(prefix + text);
     }
+    void fail() const
+    {
+        if (isDown) {
+            throw std::runtime_error("no connection");
+        }
+    }
     QString log;
+    bool isDown = false;
 };
 
 } // namespace
@@ -39,6 +51,21 @@ class tst_ExToolLogger : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void peersThatFail()
+    {
+        Peers peers;
+        peers.isDown = true;
+        const FakeTool a("a");
+        m_log.take();
+        ExToolLogger::clearReportedTools();
+        ExToolLogger::logTrigger(&a); // The tool goes on, and the use is noted in the log.
+        QCOMPARE(m_log.take().join(u'|'),
+            u"W WARNING - the server cannot be told of a tool: An unexpected error: no "
+            "connection.|I [ToolLog] a triggered|"
+            "W WARNING - the back end cannot be told of a tool: An unexpected error: no "
+            "connection.|I [Audit] 1063 a"_s);
+    }
+
     void amountOfLogging()
     {
         Peers peers;
@@ -68,6 +95,7 @@ private Q_SLOTS:
     }
 
 private:
+    ProgramLog m_log;
     PrivateSettings m_settings;
 };
 

@@ -111,6 +111,21 @@ private Q_SLOTS:
         QCOMPARE(lines.join(u'\n'), expected);
     }
 
+    void statesAreListedBehindTheirSeries()
+    {
+        const DicomScanner::Result result = DicomScanner::scanNow({path(u"mr-brain-study"_s)});
+        QCOMPARE(result.patients.size(), 1);
+        QStringList listed;
+        for (const auto &series : result.patients.first()->children().first()->children()) {
+            listed << QString::fromStdString(series->modality() + " "
+                + series->text(DicomDirectoryEntry::Attribute::SeriesNumber));
+            if (series->isPresentationState()) {
+                listed << QString::fromStdString(series->remarks().last());
+            }
+        }
+        QCOMPARE(listed.join(u'|'), u"MR 5|MR 6|PR 1|It is about series 6.|MR 9"_s);
+    }
+
 private:
     [[nodiscard]] McFilename path(const QString &name) const
     {

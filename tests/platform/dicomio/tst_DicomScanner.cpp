@@ -226,6 +226,26 @@ private Q_SLOTS:
             "  ! Files that repeat images of this series are left out: a copy.dcm, 2.dcm."_s);
     }
 
+    void seriesOfTwoPatientsAreTwo()
+    {
+        // A copy under another name keeps the UIDs of study and series.
+        DicomFixture files;
+        files.addSlice(1, 1);
+        files.addSlice(2, 2, {{"G0010-0010", "Other"}});
+        files.addSlice(3, 3, {{"G0020-000E", "2.25.1.7"}});
+        QStringList uids;
+        const DicomScanner::Result result = DicomScanner::scanNow({files.folder()});
+        for (const auto &patient : result.patients) {
+            for (const auto &series : patient->children().first()->children()) {
+                uids += QString::fromStdString(series->uid());
+                QVERIFY(series->uid().rfind(series->seriesUid(), 0) == 0);
+            }
+        }
+        QCOMPARE(uids.size(), 3);
+        QVERIFY2(uids.removeDuplicates() == 0 && uids.contains(u"2.25.1.7"_s),
+            qPrintable(uids.join(u' ')));
+    }
+
     void completeness_data()
     {
         // Announced are images in acquisition; a complete series has no remark.
@@ -248,7 +268,8 @@ private Q_SLOTS:
             "103, 104, 105, 106, 107, 108, 109, 110 and 190 more");
         row("all announced ones", QList<int>{1, 2}, "2", "", "");
         row("fewer than announced", QList<int>{1, 2}, "9", "", "Only 2 of 9 images are there.");
-        row("derived", QList<int>{1, 2}, "9", "DERIVED\\SECONDARY", "");
+        row("derived, without its source", QList<int>{1, 2}, "9", "DERIVED\\SECONDARY",
+            "Only 2 of 9 images are there.");
     }
 
     void completeness()
@@ -264,20 +285,26 @@ private Q_SLOTS:
                 {{"G0020-1002", announced.toStdString()}, {"G0008-0008", imageType.toStdString()}});
         }
         const QString line = u"Doe^Jane/ID1 2.25.1 2.25.1.1 CT: %1"_s.arg(numbers.size());
-        QCOMPARE(describedSeries(*files.onlySeries()).join(u'\n'),
+        const auto series = files.onlySeries();
+        QCOMPARE(describedSeries(*series).join(u'\n'),
             remark.isEmpty() ? line : QString(line % u" incomplete\n  ! " % remark));
+        // A volume that is opened by itself is no more complete.
+        QCOMPARE(series->children().first()->isComplete(), remark.isEmpty());
     }
 
     void acquisitionsAndStudies_data()
     {
-        // Images as "series.acquisition", and what all of them announce. Of each series and the
-        // study whether it is complete.
+        // Images as "series.acquisition", derived ones with a "d", and what all of them announce.
+        // Of each series and the study whether it is complete.
         const Rows<QString, QString, QString, QString> row(
             "images", "attribute", "announced", "expected");
         row("one in two series", "1.1 1.1 2.1 2.1", "G0020-1002", "4", "yes yes yes");
         row("two, as many in all", "1.1 1.1 1.2 1.2", "G0020-1002", "4", "yes yes");
         row("two, one short", "1.1 1.1 1.2", "G0020-1002", "2", "no no");
         row("two series, one short", "1.1 1.1 2.1", "G0020-1002", "2", "yes no no");
+        row("derived beside its source", "1.1 1.1 2.1d", "G0020-1002", "2", "yes yes yes");
+        row("derived in part, source short", "1.1 2.1d", "G0020-1002", "2", "no yes no");
+        row("derived from nothing here", "1.1 1.1 2.2d", "G0020-1002", "2", "yes no no");
         row("files of a series", "1.1 1.1 2.1", "G0020-1209", "2", "yes no no");
         row("files of the study", "1.1 2.1", "G0020-1208", "3", "yes yes no");
         row("series of the study", "1.1 2.1", "G0020-1206", "3", "yes yes no");
@@ -295,7 +322,8 @@ private Q_SLOTS:
             ++instance;
             files.addSlice(instance, instance,
                 {{"G0020-000E", "2.25.1." + series}, {"G0020-0011", series},
-                    {"G0020-0012", image.section(u'.', 1).toStdString()},
+                    {"G0020-0012", image.section(u'.', 1).left(1).toStdString()},
+                    {"G0008-0008", image.endsWith(u'd') ? "DERIVED\\SECONDARY" : ""},
                     {attribute.toLatin1().constData(), announced.toStdString()}});
         }
         const DicomScanner::Result result = DicomScanner::scanNow({files.folder()});

@@ -3,6 +3,8 @@
 #include "platform/properties/KxSiteSettings.h"
 #include "tests/platform/properties/ProgramLog.h"
 #include "tests/support/Files.h"
+#include "tests/support/Rows.h"
+#include "tests/support/SmallDisk.h"
 
 #include <QDir>
 #include <QProcess>
@@ -189,6 +191,53 @@ private Q_SLOTS:
                         "a folder that cannot be made"_s});
     }
 
+    void whatCannotBeWrittenIsWrittenLater_data()
+    {
+        const Rows<bool> row("isReadOnly");
+        row("full disk", false);
+        row("read-only folder", true);
+    }
+
+    void whatCannotBeWrittenIsWrittenLater()
+    {
+        QFETCH(const bool, isReadOnly);
+        const SmallDisk disk;
+        if (!disk.isMounted()) {
+            QSKIP("only root can mount a small disk");
+        }
+        const QString name = disk.path() % u"/settings.ini";
+        QStringList told;
+        KxFileSerializer store(name);
+        store.setProblemHandler([&told](const QString &place) { told += place; });
+        KxProperty<int> kept("UI.A", 8, store);
+        QVERIFY(kept.change(1) && store.write(u"UI.Gone"_s, u"1"_s));
+        const QByteArray before = readFile(name);
+
+        disk.fill();
+        QVERIFY(disk.setReadOnly(isReadOnly));
+        QVERIFY(kept.change(2) && !store.write(u"UI.B"_s, u"x"_s) && !store.remove(u"UI.Gone"_s));
+        QVERIFY(!store.flush());
+        QCOMPARE(told, QStringList{name});
+        QCOMPARE(m_log.take().size(), 1);
+        QCOMPARE(readFile(name), before);
+        QCOMPARE(values(store), u"2 x -"_s); // For those who ask while it lasts.
+        QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s); // A restart finds what was saved.
+        // Not even where no room is left for other files.
+        qputenv("TMPDIR", disk.path().toUtf8());
+        QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s);
+        qunsetenv("TMPDIR");
+
+        QVERIFY(disk.setReadOnly(false));
+        disk.makeRoom();
+        QVERIFY(store.flush());
+        QCOMPARE(values(KxFileSerializer(name)), u"2 x -"_s);
+        QCOMPARE(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+        disk.fill();
+        QVERIFY(kept.change(3));
+        QCOMPARE(told.size(), 2); // Once for each time it fails.
+        m_log.take();
+    }
+
     void linkIsKept()
     {
         const QString target = m_folder->filePath(u"shared.ini"_s);
@@ -201,6 +250,13 @@ private Q_SLOTS:
     }
 
 private:
+    /// The texts of three keys, "-" where there is none.
+    static QString values(const KxFileSerializer &store)
+    {
+        const auto text = [&store](const QString &key) { return store.read(key).value_or(u"-"_s); };
+        return text(u"UI.A"_s) % u' ' % text(u"UI.B"_s) % u' ' % text(u"UI.Gone"_s);
+    }
+
     [[nodiscard]] QStringList files() const
     {
         return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
