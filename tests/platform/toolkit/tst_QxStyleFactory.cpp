@@ -87,14 +87,14 @@ private Q_SLOTS:
                         qPrintable(u"%1: %2 on %3"_s.arg(style).arg(text).arg(ground)));
                 }
             }
+            QTreeWidget list;
+            list.ensurePolished();
+            const P rows = list.palette();
+            const QColor selected = rows.color(P::Highlight);
+            QVERIFY(QxStyleFactory::contrast(rows.color(P::HighlightedText), selected) >= 4.5);
+            // Long rows must not outshine the images.
+            QVERIFY(selected != palette.color(P::Highlight));
         }
-        QTreeWidget list;
-        list.ensurePolished();
-        const QPalette rows = list.palette();
-        const QColor selected = rows.color(QPalette::Highlight);
-        QVERIFY(QxStyleFactory::contrast(rows.color(QPalette::HighlightedText), selected) >= 4.5);
-        // Long rows must not outshine the images.
-        QVERIFY(selected != palette.color(QPalette::Highlight));
     }
 
     void stylesChangeTheApplication()
