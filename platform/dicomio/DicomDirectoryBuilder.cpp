@@ -1,6 +1,7 @@
 #include "platform/dicomio/DicomDirectoryBuilder.h"
 
 #include "platform/dicomio/DicomCompleteness.h"
+#include "platform/dicomio/DicomParallel.h"
 #include "platform/dicomio/DicomTexts.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 
@@ -9,7 +10,9 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -28,19 +31,6 @@ constexpr std::array seriesAttributes{Attribute::SeriesUid, Attribute::SeriesNum
     Attribute::SeriesDate, Attribute::SeriesTime, Attribute::SeriesDescription, Attribute::Modality,
     Attribute::BodyPart, Attribute::ProtocolName, Attribute::Manufacturer,
     Attribute::FrameOfReferenceUid, Attribute::SopClassUid, Attribute::TransferSyntaxUid};
-
-/// Files that belong together at one level, under the text that says so.
-using Groups = std::map<std::string, Headers>;
-
-template <typename KeyOf>
-Groups grouped(const Headers &headers, KeyOf keyOf)
-{
-    Groups groups;
-    for (const DicomFileHeader *const header : headers) {
-        groups[keyOf(*header)].push_back(header);
-    }
-    return groups;
-}
 
 /// The first text that any of the files has.
 template <typename Attributes>
@@ -192,34 +182,108 @@ void appendSorted(std::vector<EntryHandle> &children, KeyOf keyOf, DicomDirector
     }
 }
 
-EntryHandle makeStudy(const std::string &uid, const Headers &files)
+/// Files that belong together, and the entry made of them.
+struct SeriesFiles
+{
+    Headers files;
+    EntryHandle entry;
+};
+
+struct StudyFiles
+{
+    Headers files;
+    std::map<std::string, SeriesFiles> series; ///< under seriesKey()
+};
+
+struct PatientFiles
+{
+    Headers files;
+    std::map<std::string, StudyFiles> studies; ///< under their UIDs
+};
+
+/// Under patientKey().
+using Groups = std::map<std::string, PatientFiles>;
+
+Groups grouped(const Headers &headers)
+{
+    struct Place
+    {
+        PatientFiles *patient;
+        StudyFiles *study;
+        SeriesFiles *series;
+    };
+    Groups groups;
+    // Files that share their texts belong together. But what names no series stands alone.
+    std::unordered_map<const DicomFileHeader::Texts *, Place> known;
+    for (const DicomFileHeader *const header : headers) {
+        Place place{};
+        const auto found = known.find(header->texts.get());
+        if (found != known.end()) {
+            place = found->second;
+        } else {
+            place.patient = &groups[patientKey(*header)];
+            place.study = &place.patient->studies[header->text(Attribute::StudyUid)];
+            place.series = &place.study->series[seriesKey(*header)];
+            if (!header->text(Attribute::SeriesUid).empty()) {
+                known.emplace(header->texts.get(), place);
+            }
+        }
+        place.patient->files.push_back(header);
+        place.study->files.push_back(header);
+        place.series->files.push_back(header);
+    }
+    return groups;
+}
+
+/// Most of the work, and what can be done for each series by itself.
+void makeAllSeries(Groups &groups)
+{
+    struct Task
+    {
+        const std::string *key;
+        SeriesFiles *series;
+        const Headers *study;
+    };
+    std::vector<Task> tasks;
+    for (auto &[patientKey, patient] : groups) {
+        for (auto &[studyUid, study] : patient.studies) {
+            for (auto &[key, series] : study.series) {
+                tasks.push_back({&key, &series, &study.files});
+            }
+        }
+    }
+    inParallel(tasks.size(), [&tasks](std::size_t i) {
+        const Task &task = tasks[i];
+        task.series->entry = makeSeries(*task.key, task.series->files, *task.study);
+    });
+}
+
+EntryHandle makeStudy(const std::string &uid, const StudyFiles &group)
 {
     EntryHandle study(new DicomDirectoryEntry(DicomDirectoryEntry::Study, uid));
-    copyTexts(files, studyAttributes, *study);
+    copyTexts(group.files, studyAttributes, *study);
     std::vector<EntryHandle> children;
-    for (const auto &[seriesUid, group] : grouped(files, seriesKey)) {
-        children.push_back(makeSeries(seriesUid, group, files));
+    for (const auto &[seriesUid, series] : group.series) {
+        children.push_back(series.entry);
     }
     const auto key = [](const DicomDirectoryEntry &series) {
         const std::string &number = series.text(Attribute::SeriesNumber);
         return std::make_tuple(number.empty(), std::strtol(number.c_str(), nullptr, 10),
             series.text(Attribute::SeriesDate) + series.text(Attribute::SeriesTime), series.uid());
     };
-    noteMissing(
-        DicomCompleteness::missingFromStudy(files, static_cast<int>(children.size())), *study);
+    noteMissing(DicomCompleteness::missingFromStudy(group.files, static_cast<int>(children.size())),
+        *study);
     appendSorted(children, key, *study);
     return study;
 }
 
-EntryHandle makePatient(const std::string &uid, const Headers &files)
+EntryHandle makePatient(const std::string &uid, const PatientFiles &group)
 {
     EntryHandle patient(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, uid));
-    copyTexts(files, patientAttributes, *patient);
+    copyTexts(group.files, patientAttributes, *patient);
     std::vector<EntryHandle> children;
-    const auto studyKey
-        = [](const DicomFileHeader &header) { return header.text(Attribute::StudyUid); };
-    for (const auto &[studyUid, group] : grouped(files, studyKey)) {
-        children.push_back(makeStudy(studyUid, group));
+    for (const auto &[studyUid, study] : group.studies) {
+        children.push_back(makeStudy(studyUid, study));
     }
     const auto key = [](const DicomDirectoryEntry &study) {
         return std::make_tuple(
@@ -236,17 +300,16 @@ struct Selection
     std::map<McFilename, std::vector<std::string>> duplicates;
 };
 
-Selection withoutDuplicates(const std::vector<DicomFileHeader> &headers)
+Selection withoutDuplicates(const Headers &headers)
 {
-    Headers ordered;
-    for (const DicomFileHeader &header : headers) {
-        ordered.push_back(&header);
-    }
+    Headers ordered = headers;
     // Of two files with the same image the intact one is wanted.
     std::stable_partition(ordered.begin(), ordered.end(),
         [](const DicomFileHeader *header) { return !header->isCutShort; });
     Selection selection;
-    std::map<std::string, const DicomFileHeader *> known;
+    selection.used.reserve(ordered.size());
+    std::unordered_map<std::string_view, const DicomFileHeader *> known;
+    known.reserve(ordered.size());
     for (const DicomFileHeader *const header : ordered) {
         const auto [first, isNew] = known.emplace(header->sopInstanceUid, header);
         if (isNew || header->sopInstanceUid.empty()) {
@@ -275,11 +338,13 @@ void remarkOnDuplicates(const Selection &selection, DicomDirectoryEntry &series)
 
 } // namespace
 
-McDArray<EntryHandle> buildDirectory(const std::vector<DicomFileHeader> &headers)
+McDArray<EntryHandle> buildDirectory(const Headers &headers)
 {
     const Selection selection = withoutDuplicates(headers);
+    Groups groups = grouped(selection.used);
+    makeAllSeries(groups);
     std::vector<EntryHandle> patients;
-    for (const auto &[uid, group] : grouped(selection.used, patientKey)) {
+    for (const auto &[uid, group] : groups) {
         patients.push_back(makePatient(uid, group));
     }
     std::sort(patients.begin(), patients.end(), [](const auto &a, const auto &b) {
