@@ -1,6 +1,7 @@
 #include "platform/dicomio/DicomDirectoryBuilder.h"
 
 #include "platform/dicomio/DicomCompleteness.h"
+#include "platform/dicomio/DicomParallel.h"
 #include "platform/dicomio/DicomTexts.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 
@@ -11,9 +12,10 @@
 #include <array>
 #include <cstdlib>
 #include <map>
-#include <set>
 #include <string>
+#include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -32,19 +34,6 @@ constexpr std::array seriesAttributes{Attribute::SeriesUid, Attribute::SeriesNum
     Attribute::SeriesDate, Attribute::SeriesTime, Attribute::SeriesDescription, Attribute::Modality,
     Attribute::BodyPart, Attribute::ProtocolName, Attribute::Manufacturer,
     Attribute::FrameOfReferenceUid, Attribute::SopClassUid, Attribute::TransferSyntaxUid};
-
-/// Files that belong together at one level, under the text that says so.
-using Groups = std::map<std::string, Headers>;
-
-template <typename KeyOf>
-Groups grouped(const Headers &headers, KeyOf keyOf)
-{
-    Groups groups;
-    for (const DicomFileHeader *const header : headers) {
-        groups[keyOf(*header)].push_back(header);
-    }
-    return groups;
-}
 
 /// The first text that any of the files has.
 template <typename Attributes>
@@ -67,44 +56,23 @@ std::string patientKey(const DicomFileHeader &header)
         + header.text(Attribute::PatientBirthDate);
 }
 
-/// The patient and study of a file as one text.
-std::string studyPlace(const DicomFileHeader &header)
-{
-    return patientKey(header) + '\n' + header.text(Attribute::StudyUid);
-}
-
-/// UIDs of series that stand in several studies: copies that were given to another patient.
-using SharedUids = std::set<std::string>;
-
-SharedUids sharedSeries(const Headers &headers)
-{
-    std::map<std::string, std::string> places;
-    SharedUids shared;
-    for (const DicomFileHeader *const header : headers) {
-        const std::string &uid = header->text(Attribute::SeriesUid);
-        const std::string place = studyPlace(*header);
-        if (places.emplace(uid, place).first->second != place) {
-            shared.insert(uid);
-        }
-    }
-    return shared;
-}
-
-/// What tells a series from all others. A file that names no series is one of its own; where a UID
-/// is there several times, one patient's images must never be taken for another's.
-std::string seriesKey(const DicomFileHeader &header, const SharedUids &shared)
+/// A file that names no series is one of its own.
+std::string seriesKey(const DicomFileHeader &header)
 {
     const std::string &uid = header.text(Attribute::SeriesUid);
-    if (uid.empty()) {
-        return "file:" + header.file.string();
-    }
-    if (shared.count(uid) == 0) {
-        return uid;
-    }
-    const QByteArray place = QCryptographicHash::hash(
-        QByteArray::fromStdString(studyPlace(header)), QCryptographicHash::Sha1);
+    return uid.empty() ? "file:" + header.file.string() : uid;
+}
+
+/// Tells a series from another with the same UID in another study or of another patient.
+std::string placedUid(const std::string &uid, const DicomFileHeader &header)
+{
+    const std::string place = patientKey(header) + '\n' + header.text(Attribute::StudyUid);
     constexpr qsizetype digits = 8;
-    return uid + '+' + place.toHex().left(digits).toStdString();
+    return uid + '+'
+        + QCryptographicHash::hash(QByteArray::fromStdString(place), QCryptographicHash::Sha1)
+              .toHex()
+              .left(digits)
+              .toStdString();
 }
 
 struct OtherObject
@@ -242,7 +210,9 @@ std::map<std::string, const DicomDirectoryEntry *> describedSeries(
 {
     std::map<std::string, std::string> references;
     for (const DicomFileHeader *const file : files) {
-        references.emplace(file->text(Attribute::SeriesUid), file->referencedSeriesUid);
+        if (!file->referencedSeriesUid.empty()) {
+            references.emplace(file->text(Attribute::SeriesUid), file->referencedSeriesUid);
+        }
     }
     std::map<std::string, const DicomDirectoryEntry *> described;
     for (const EntryHandle &state : children) {
@@ -258,18 +228,98 @@ std::map<std::string, const DicomDirectoryEntry *> describedSeries(
     return described;
 }
 
-EntryHandle makeStudy(const std::string &uid, const Headers &files, const SharedUids &shared)
+/// Files that belong together, and the entry made of them.
+struct SeriesFiles
+{
+    Headers files;
+    EntryHandle entry;
+};
+
+struct StudyFiles
+{
+    Headers files;
+    std::map<std::string, SeriesFiles> series; ///< under seriesKey()
+};
+
+struct PatientFiles
+{
+    Headers files;
+    std::map<std::string, StudyFiles> studies; ///< under their UIDs
+};
+
+/// Under patientKey().
+using Groups = std::map<std::string, PatientFiles>;
+
+Groups grouped(const Headers &headers)
+{
+    struct Place
+    {
+        PatientFiles *patient;
+        StudyFiles *study;
+        SeriesFiles *series;
+    };
+    Groups groups;
+    // Files that share their texts belong together. But what names no series stands alone.
+    std::unordered_map<const DicomFileHeader::Texts *, Place> known;
+    for (const DicomFileHeader *const header : headers) {
+        Place place{};
+        const auto found = known.find(header->texts.get());
+        if (found != known.end()) {
+            place = found->second;
+        } else {
+            place.patient = &groups[patientKey(*header)];
+            place.study = &place.patient->studies[header->text(Attribute::StudyUid)];
+            place.series = &place.study->series[seriesKey(*header)];
+            if (!header->text(Attribute::SeriesUid).empty()) {
+                known.emplace(header->texts.get(), place);
+            }
+        }
+        place.patient->files.push_back(header);
+        place.study->files.push_back(header);
+        place.series->files.push_back(header);
+    }
+    return groups;
+}
+
+/// Most of the work, and what can be done for each series by itself.
+void makeAllSeries(Groups &groups)
+{
+    struct Task
+    {
+        const std::string *key;
+        SeriesFiles *series;
+        const Headers *study;
+    };
+    std::vector<Task> tasks;
+    std::map<std::string_view, int> places;
+    for (auto &[patientKey, patient] : groups) {
+        for (auto &[studyUid, study] : patient.studies) {
+            for (auto &[key, series] : study.series) {
+                tasks.push_back({&key, &series, &study.files});
+                ++places[key];
+            }
+        }
+    }
+    // Copies that were given to another patient keep their UIDs; one patient's images must never be
+    // taken for another's.
+    inParallel(tasks.size(), [&tasks, &places](std::size_t i) {
+        const auto &[key, series, study] = tasks[i];
+        const bool isShared = places.at(*key) > 1;
+        const std::string uid = isShared ? placedUid(*key, *series->files.front()) : *key;
+        series->entry = makeSeries(uid, series->files, *study);
+    });
+}
+
+EntryHandle makeStudy(const std::string &uid, const StudyFiles &group)
 {
     EntryHandle study(new DicomDirectoryEntry(DicomDirectoryEntry::Study, uid));
-    copyTexts(files, studyAttributes, *study);
+    copyTexts(group.files, studyAttributes, *study);
     std::vector<EntryHandle> children;
-    const auto keyOf
-        = [&shared](const DicomFileHeader &header) { return seriesKey(header, shared); };
-    for (const auto &[seriesUid, group] : grouped(files, keyOf)) {
-        children.push_back(makeSeries(seriesUid, group, files));
+    for (const auto &[seriesUid, series] : group.series) {
+        children.push_back(series.entry);
     }
     const std::map<std::string, const DicomDirectoryEntry *> described
-        = describedSeries(files, children);
+        = describedSeries(group.files, children);
     const auto key = [&described](const DicomDirectoryEntry &series) {
         const auto found
             = series.isPresentationState() ? described.find(series.seriesUid()) : described.end();
@@ -279,21 +329,19 @@ EntryHandle makeStudy(const std::string &uid, const Headers &files, const Shared
             place.text(Attribute::SeriesDate) + place.text(Attribute::SeriesTime), place.uid(),
             &place != &series, series.uid());
     };
-    noteMissing(
-        DicomCompleteness::missingFromStudy(files, static_cast<int>(children.size())), *study);
+    noteMissing(DicomCompleteness::missingFromStudy(group.files, static_cast<int>(children.size())),
+        *study);
     appendSorted(children, key, *study);
     return study;
 }
 
-EntryHandle makePatient(const std::string &uid, const Headers &files, const SharedUids &shared)
+EntryHandle makePatient(const std::string &uid, const PatientFiles &group)
 {
     EntryHandle patient(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, uid));
-    copyTexts(files, patientAttributes, *patient);
+    copyTexts(group.files, patientAttributes, *patient);
     std::vector<EntryHandle> children;
-    const auto studyKey
-        = [](const DicomFileHeader &header) { return header.text(Attribute::StudyUid); };
-    for (const auto &[studyUid, group] : grouped(files, studyKey)) {
-        children.push_back(makeStudy(studyUid, group, shared));
+    for (const auto &[studyUid, study] : group.studies) {
+        children.push_back(makeStudy(studyUid, study));
     }
     const auto key = [](const DicomDirectoryEntry &study) {
         return std::make_tuple(
@@ -310,17 +358,16 @@ struct Selection
     std::map<McFilename, std::vector<std::string>> duplicates;
 };
 
-Selection withoutDuplicates(const std::vector<DicomFileHeader> &headers)
+Selection withoutDuplicates(const Headers &headers)
 {
-    Headers ordered;
-    for (const DicomFileHeader &header : headers) {
-        ordered.push_back(&header);
-    }
+    Headers ordered = headers;
     // Of two files with the same image the intact one is wanted.
     std::stable_partition(ordered.begin(), ordered.end(),
         [](const DicomFileHeader *header) { return !header->isCutShort; });
     Selection selection;
-    std::map<std::string, const DicomFileHeader *> known;
+    selection.used.reserve(ordered.size());
+    std::unordered_map<std::string_view, const DicomFileHeader *> known;
+    known.reserve(ordered.size());
     for (const DicomFileHeader *const header : ordered) {
         const auto [first, isNew] = known.emplace(header->sopInstanceUid, header);
         if (isNew || header->sopInstanceUid.empty()) {
@@ -349,13 +396,14 @@ void remarkOnDuplicates(const Selection &selection, DicomDirectoryEntry &series)
 
 } // namespace
 
-McDArray<EntryHandle> buildDirectory(const std::vector<DicomFileHeader> &headers)
+McDArray<EntryHandle> buildDirectory(const Headers &headers)
 {
     const Selection selection = withoutDuplicates(headers);
-    const SharedUids shared = sharedSeries(selection.used);
+    Groups groups = grouped(selection.used);
+    makeAllSeries(groups);
     std::vector<EntryHandle> patients;
-    for (const auto &[uid, group] : grouped(selection.used, patientKey)) {
-        patients.push_back(makePatient(uid, group, shared));
+    for (const auto &[uid, group] : groups) {
+        patients.push_back(makePatient(uid, group));
     }
     std::sort(patients.begin(), patients.end(), [](const auto &a, const auto &b) {
         return std::make_tuple(a->patientName(), a->patientId(), a->uid())

@@ -12,4 +12,4 @@
 /// @param headers of usable files, in the order of their names; a file that repeats the SOP
 /// instance of an earlier one is left out and remarked on.
 McDArray<McHandle<Zel::DicomDirectoryEntry>> buildDirectory(
-    const std::vector<DicomFileHeader> &headers);
+    const std::vector<const DicomFileHeader *> &headers);

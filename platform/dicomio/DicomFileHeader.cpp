@@ -16,6 +16,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <map>
 #include <string_view>
 
 namespace {
@@ -85,27 +87,24 @@ const std::vector<vtkDICOMTag> &otherTags()
     return tags;
 }
 
-const vtkDICOMItem &wantedAttributes()
+/// A new one each time: copies share their values, whose counts of references are not atomic.
+vtkDICOMItem wantedAttributes()
 {
-    // One for each thread: copies share their values, whose counts of references are not atomic.
-    thread_local const vtkDICOMItem wanted = [] {
-        vtkDICOMItem item;
-        const auto add = [&item](vtkDICOMTag tag) {
-            const vtkDICOMVR vr = vtkDICOMDictionary::FindDictEntry(tag).GetVR();
-            item.Set(tag, vtkDICOMValue(vr));
-        };
-        for (const auto &[attribute, tag] : attributeTags()) {
-            add(tag);
-        }
-        for (const vtkDICOMTag tag : otherTags()) {
-            add(tag);
-        }
-        // Wherever a file has that maker's private attributes.
-        item.Set(privateBlock, vtkDICOMValue(vtkDICOMVR::LO, privateCreator));
-        item.Set(privateBValue, vtkDICOMValue(vtkDICOMVR::IS));
-        return item;
-    }();
-    return wanted;
+    vtkDICOMItem item;
+    const auto add = [&item](vtkDICOMTag tag) {
+        const vtkDICOMVR vr = vtkDICOMDictionary::FindDictEntry(tag).GetVR();
+        item.Set(tag, vtkDICOMValue(vr));
+    };
+    for (const auto &[attribute, tag] : attributeTags()) {
+        add(tag);
+    }
+    for (const vtkDICOMTag tag : otherTags()) {
+        add(tag);
+    }
+    // Wherever a file has that maker's private attributes.
+    item.Set(privateBlock, vtkDICOMValue(vtkDICOMVR::LO, privateCreator));
+    item.Set(privateBValue, vtkDICOMValue(vtkDICOMVR::IS));
+    return item;
 }
 
 /// A number among several. The library reads each through a text stream, which takes longer than
@@ -407,11 +406,69 @@ void readImage(const ParsedDicom &parsed, DicomFileHeader &header)
     }
 }
 
+/// The texts of a series' files are mostly the same ones: only what differs from the series' last
+/// file is converted.
+class TextReader
+{
+public:
+    const std::shared_ptr<const DicomFileHeader::Texts> &read(vtkDICOMMetaData *data)
+    {
+        Known &known = knownOf(data->Get(0, DC::SeriesInstanceUID));
+        bool isSame = known.texts != nullptr;
+        auto value = known.values.begin();
+        for (const auto &[attribute, tag] : attributeTags()) {
+            const vtkDICOMValue &found = data->Get(0, tag);
+            if (!(found == *value) || found.GetCharacterSet() != value->GetCharacterSet()) {
+                *value = found;
+                isSame = false;
+            }
+            ++value;
+        }
+        if (!isSame) {
+            known.texts = converted(known.values);
+        }
+        return known.texts;
+    }
+
+private:
+    /// In the order of attributeTags().
+    using Values = std::array<vtkDICOMValue, static_cast<std::size_t>(Attribute::Count)>;
+    struct Known
+    {
+        Values values;
+        std::shared_ptr<const DicomFileHeader::Texts> texts;
+    };
+
+    Known &knownOf(const vtkDICOMValue &uid)
+    {
+        const char *const chars = uid.GetCharData();
+        const std::string_view key(chars ? chars : "", chars ? uid.GetVL() : 0);
+        const auto found = m_known.find(key);
+        if (found != m_known.end()) {
+            return found->second;
+        }
+        constexpr std::size_t most = 1000;
+        if (m_known.size() == most) {
+            m_known.clear();
+        }
+        return m_known[std::string(key)];
+    }
+
+    static std::shared_ptr<const DicomFileHeader::Texts> converted(const Values &values)
+    {
+        auto texts = std::make_shared<DicomFileHeader::Texts>();
+        auto value = values.begin();
+        for (const auto &[attribute, tag] : attributeTags()) {
+            (*texts)[static_cast<std::size_t>(attribute)] = (value++)->AsUTF8String();
+        }
+        return texts;
+    }
+
+    std::map<std::string, Known, std::less<>> m_known; ///< under the UIDs of series
+};
+
 void readIdentity(vtkDICOMMetaData *data, DicomFileHeader &header)
 {
-    for (const auto &[attribute, tag] : attributeTags()) {
-        header.texts[static_cast<std::size_t>(attribute)] = data->Get(0, tag).AsUTF8String();
-    }
     header.sopInstanceUid = data->Get(0, DC::SOPInstanceUID).AsString();
     const vtkDICOMValue &number = data->Get(0, DC::InstanceNumber);
     if (!number.AsString().empty()) {
@@ -464,28 +521,46 @@ int DicomFileHeader::highestStored() const
     return static_cast<int>((std::int64_t(1) << bits) - 1);
 }
 
-DicomFileHeader readDicomFileHeader(const McFilename &file)
+const std::shared_ptr<const DicomFileHeader::Texts> &DicomFileHeader::noTexts()
 {
-    DicomFileHeader header;
-    header.file = file;
-    ParsedDicom parsed = parseDicom(file, &wantedAttributes());
+    static const auto none = std::make_shared<const Texts>();
+    return none;
+}
+
+class DicomFileHeaderReader::Private
+{
+public:
+    const vtkDICOMItem wanted = wantedAttributes();
+    DicomParser parser{&wanted};
+    TextReader texts;
+};
+
+DicomFileHeaderReader::DicomFileHeaderReader()
+    : d(std::make_unique<Private>())
+{ }
+
+DicomFileHeaderReader::~DicomFileHeaderReader() = default;
+
+void DicomFileHeaderReader::read(DicomFileHeader &header)
+{
+    ParsedDicom parsed = d->parser.parse(header.file);
     if (!parsed.pixelDataFound) {
-        parsed = parseDicom(file); // Damage in what is passed over would not be seen.
+        parsed = parseDicom(header.file); // Damage in what is passed over would not be seen.
     }
+    header.texts = d->texts.read(parsed.data);
     readIdentity(parsed.data, header);
     const bool nothingFound = header.text(Attribute::SopClassUid).empty()
         && header.sopInstanceUid.empty() && header.text(Attribute::StudyUid).empty()
         && !parsed.pixelDataFound;
     if (nothingFound && !header.isMediaDirectory) {
-        header.error = reasonOfNothing(file, parsed.error);
-        return header;
+        header.error = reasonOfNothing(header.file, parsed.error);
+        return;
     }
     if (!parsed.error.empty() && !parsed.pixelDataFound) {
         header.error = damagedHeader(parsed.error);
-        return header;
+        return;
     }
     if (parsed.pixelDataFound && isImageModality(header.text(Attribute::Modality))) {
         readImage(parsed, header);
     }
-    return header;
 }

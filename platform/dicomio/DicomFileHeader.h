@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -51,11 +52,13 @@ struct DicomFrame
 struct DicomFileHeader
 {
     using Attribute = Zel::DicomDirectoryEntry::Attribute;
+    using Texts = std::array<std::string, static_cast<std::size_t>(Attribute::Count)>;
 
     McFilename file;
     /// Why the file cannot be used at all; empty when it can.
     std::string error;
-    std::array<std::string, static_cast<std::size_t>(Attribute::Count)> texts;
+    /// Shared by files that have the same, as those of a series mostly do.
+    std::shared_ptr<const Texts> texts = noTexts();
     std::string sopInstanceUid;
     /// Of a presentation state: the series whose images it is about, or the first of them.
     std::string referencedSeriesUid;
@@ -89,8 +92,9 @@ struct DicomFileHeader
 
     [[nodiscard]] const std::string &text(Attribute attribute) const
     {
-        return texts[static_cast<std::size_t>(attribute)];
+        return (*texts)[static_cast<std::size_t>(attribute)];
     }
+    [[nodiscard]] static const std::shared_ptr<const Texts> &noTexts();
     [[nodiscard]] bool isColour() const
     {
         return samplesPerPixel > 1 || photometric == "PALETTE COLOR";
@@ -101,5 +105,20 @@ struct DicomFileHeader
     [[nodiscard]] int highestStored() const;
 };
 
-/// Reads the header of @p file; never the pixels. Any thread.
-DicomFileHeader readDicomFileHeader(const McFilename &file);
+/// Reads the headers of files, one after the other. Belongs to one thread.
+class DicomFileHeaderReader
+{
+public:
+    DicomFileHeaderReader();
+    ~DicomFileHeaderReader();
+    DicomFileHeaderReader(const DicomFileHeaderReader &) = delete;
+    DicomFileHeaderReader &operator=(const DicomFileHeaderReader &) = delete;
+
+    /// Fills in what the header of the file says; never reads the pixels.
+    /// @param header fresh, but with the name of the file.
+    void read(DicomFileHeader &header);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -85,7 +85,16 @@ class CheckedParser final : public vtkDICOMParser
 {
 public:
     static CheckedParser *New();
+    /// Why the file was left alone; empty when it was not.
     [[nodiscard]] const std::string &fault() const { return m_fault; }
+    void parse(const McFilename &file)
+    {
+        m_isChecked = false;
+        m_fault.clear();
+        SetErrorCode(0);
+        SetFileName(file.c_str());
+        Update();
+    }
 
 protected:
     /// Everything that is parsed comes through here first. Most files have no undefined length,
@@ -118,21 +127,39 @@ private:
 
 vtkStandardNewMacro(CheckedParser)
 
-    ParsedDicom parsePlain(const McFilename &file, const vtkDICOMItem *wanted)
+} // namespace
+
+class DicomParser::Private
 {
-    ParsedDicom result;
-    result.data = vtkSmartPointer<vtkDICOMMetaData>::New();
-    VtkMessages messages;
-    const vtkNew<CheckedParser> parser;
-    messages.observe(parser);
-    messages.observe(result.data);
-    parser->SetFileName(file.c_str());
-    parser->SetMetaData(result.data);
-    if (wanted != nullptr) {
-        parser->SetQueryItem(*wanted);
+public:
+    explicit Private(const vtkDICOMItem *wanted)
+    {
+        messages.observe(parser);
+        messages.observe(data);
+        parser->SetMetaData(data);
+        if (wanted != nullptr) {
+            parser->SetQueryItem(*wanted);
+        }
     }
-    parser->Update();
-    result.data->RemoveAllObservers();
+    /// The data may live on, in a result.
+    ~Private() { data->RemoveAllObservers(); }
+    Private(const Private &) = delete;
+    Private &operator=(const Private &) = delete;
+
+    ParsedDicom parsePlain(const McFilename &file);
+
+    VtkMessages messages;
+    const vtkNew<vtkDICOMMetaData> data;
+    const vtkNew<CheckedParser> parser;
+};
+
+ParsedDicom DicomParser::Private::parsePlain(const McFilename &file)
+{
+    messages.clear();
+    data->Initialize();
+    parser->parse(file);
+    ParsedDicom result;
+    result.data = data;
     result.error = parser->fault().empty() ? messages.firstError() : parser->fault();
     if (result.error.empty() && parser->GetErrorCode() != 0) {
         result.error = "The file cannot be read.";
@@ -144,18 +171,28 @@ vtkStandardNewMacro(CheckedParser)
     return result;
 }
 
-} // namespace
-
-ParsedDicom parseDicom(const McFilename &file, const vtkDICOMItem *wanted)
+DicomParser::DicomParser(const vtkDICOMItem *wanted)
 {
     prepareDicomParsing();
-    ParsedDicom result = parsePlain(file, wanted);
+    d = std::make_unique<Private>(wanted);
+}
+
+DicomParser::~DicomParser() = default;
+
+ParsedDicom DicomParser::parse(const McFilename &file)
+{
+    ParsedDicom result = d->parsePlain(file);
     if (isDeflated(result.data)) {
         const InflatedDicom inflated(file);
-        result = inflated.file().empty() ? result : parsePlain(inflated.file(), wanted);
+        result = inflated.file().empty() ? result : d->parsePlain(inflated.file());
         result.data->Set(0, DC::TransferSyntaxUID, deflatedSyntax);
     }
     return result;
+}
+
+ParsedDicom parseDicom(const McFilename &file)
+{
+    return DicomParser().parse(file);
 }
 
 bool isDeflated(vtkDICOMMetaData *data)

@@ -6,6 +6,7 @@
 #include <vtkSmartPointer.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 class vtkDICOMItem;
@@ -40,9 +41,26 @@ struct ParsedDicom
     std::int64_t fileSize = 0;
 };
 
-/// Parses the header of @p file. Any thread.
-/// @param wanted which attributes are kept, with empty values; null for all. A few are faster.
-ParsedDicom parseDicom(const McFilename &file, const vtkDICOMItem *wanted = nullptr);
+/// Parses the headers of files, one after the other. Belongs to one thread.
+class DicomParser
+{
+public:
+    /// @param wanted which attributes are kept, with empty values; null for all. A few are faster.
+    explicit DicomParser(const vtkDICOMItem *wanted = nullptr);
+    ~DicomParser();
+    DicomParser(const DicomParser &) = delete;
+    DicomParser &operator=(const DicomParser &) = delete;
+
+    /// @return its data are overwritten by the next call.
+    ParsedDicom parse(const McFilename &file);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/// Parses the header of @p file and keeps all attributes. Any thread.
+ParsedDicom parseDicom(const McFilename &file);
 /// Whether the data set behind the meta header is deflated as a whole.
 bool isDeflated(vtkDICOMMetaData *data);
 /// Makes the library's static tables before several threads use them; cheap after the first call.

@@ -2,6 +2,7 @@
 
 #include "platform/dicomio/DicomDirectoryBuilder.h"
 #include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/DicomHeaderScan.h"
 #include "platform/dicomio/DicomMailbox.h"
 #include "platform/dicomio/DicomParsing.h"
 #include "platform/util/McGuard.h"
@@ -10,33 +11,32 @@
 #include <vtkDICOMItem.h>
 #include <vtkDICOMValue.h>
 
-#include <algorithm>
-#include <atomic>
-#include <exception>
-#include <mutex>
+#include <string>
 #include <system_error>
 #include <thread>
+#include <unordered_set>
 #include <vector>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// Collects the files to look at, each once.
+/// Finds the files to look at and hands them to a scan, each once.
 class FileList
 {
 public:
-    FileList(const DicomScanner::Progress &progress, const std::stop_token &stop)
-        : m_progress(progress)
+    /// @param mayRepeat whether several paths are added, which may lie within each other.
+    FileList(DicomHeaderScan &scan, bool mayRepeat, const std::stop_token &stop)
+        : m_scan(scan)
         , m_stop(stop)
+        , m_mayRepeat(mayRepeat)
     { }
 
     void add(const McFilename &path);
     [[nodiscard]] const McDArray<DicomScanner::Problem> &problems() const { return m_problems; }
-    /// Gives them away.
-    [[nodiscard]] std::vector<McFilename> takeSorted();
 
 private:
+    bool isMediaDirectory(const McFilename &file);
     void addFolder(const McFilename &folder);
     void addFilesOf(const McFilename &folder, std::vector<McFilename> &subfolders);
     void addListedFiles(const McFilename &mediaDirectory);
@@ -47,34 +47,17 @@ private:
         m_problems.append({file, reason});
     }
 
-    const DicomScanner::Progress &m_progress;
+    DicomHeaderScan &m_scan;
     const std::stop_token &m_stop;
-    std::vector<McFilename> m_files;
+    DicomFileHeaderReader m_reader;
+    bool m_mayRepeat;
+    std::unordered_set<std::string> m_known; ///< as long as files may repeat
     McDArray<DicomScanner::Problem> m_problems;
 };
 
 bool isHidden(const McFilename &file)
 {
     return file.filename().native().starts_with('.');
-}
-
-/// Folder by folder, as paths compare, but without taking them apart for each comparison.
-bool comesBefore(const McFilename &a, const McFilename &b)
-{
-    const auto rank = [](char c) { return c == '/' ? 0 : 1 + static_cast<unsigned char>(c); };
-    const std::string &x = a.native();
-    const std::string &y = b.native();
-    const auto [inX, inY] = std::mismatch(x.begin(), x.end(), y.begin(), y.end());
-    return inY != y.end() && (inX == x.end() || rank(*inX) < rank(*inY));
-}
-
-std::vector<McFilename> FileList::takeSorted()
-{
-    std::sort(m_files.begin(), m_files.end(), comesBefore);
-    const auto isSame
-        = [](const McFilename &a, const McFilename &b) { return a.native() == b.native(); };
-    m_files.erase(std::unique(m_files.begin(), m_files.end(), isSame), m_files.end());
-    return std::move(m_files);
 }
 
 void FileList::add(const McFilename &given)
@@ -86,19 +69,25 @@ void FileList::add(const McFilename &given)
         addProblem(path, "There is no such file or folder.");
     } else if (fs::is_directory(status)) {
         addFolder(path);
-    } else if (readDicomFileHeader(path).isMediaDirectory) {
+    } else if (isMediaDirectory(path)) {
         addListedFiles(path);
     } else {
         addFile(path);
     }
 }
 
+bool FileList::isMediaDirectory(const McFilename &file)
+{
+    DicomFileHeader header;
+    header.file = file;
+    m_reader.read(header);
+    return header.isMediaDirectory;
+}
+
 void FileList::addFile(const McFilename &file)
 {
-    m_files.push_back(file);
-    constexpr std::size_t often = 256;
-    if (m_progress && m_files.size() % often == 0) {
-        m_progress(0, -1);
+    if (!m_mayRepeat || m_known.insert(file.native()).second) {
+        m_scan.add(file);
     }
 }
 
@@ -170,6 +159,7 @@ void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMVal
 
 void FileList::addListedFiles(const McFilename &mediaDirectory)
 {
+    m_mayRepeat = true;
     const ParsedDicom parsed = parseDicom(mediaDirectory);
     const vtkDICOMValue &records = parsed.data->Get(0, DC::DirectoryRecordSequence);
     const vtkDICOMItem *const items = records.GetSequenceData();
@@ -188,101 +178,21 @@ void FileList::addListedFiles(const McFilename &mediaDirectory)
     }
 }
 
-/// Reads the headers of all files in several threads.
-class HeaderScan
+using Headers = std::vector<const DicomFileHeader *>;
+
+/// Notes why the others cannot be used.
+Headers usable(const Headers &headers, McDArray<DicomScanner::Problem> &problems)
 {
-public:
-    HeaderScan(const std::vector<McFilename> &files, const DicomScanner::Progress &progress,
-        const std::stop_token &stop)
-        : m_files(files)
-        , m_progress(progress)
-        , m_stop(stop)
-        , m_headers(files.size())
-    { }
-
-    /// One header a file, in the order of the files; not read ones have neither error nor content.
-    std::vector<DicomFileHeader> run()
-    {
-        constexpr unsigned mostThreads = 8;
-        const unsigned cores = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
-        const auto threads = std::min<std::size_t>(cores, m_files.size());
-        {
-            std::vector<std::jthread> workers;
-            for (std::size_t i = 1; i < threads; ++i) {
-                workers.emplace_back([this] { workGuarded(); });
-            }
-            workGuarded();
-        }
-        if (m_thrown) {
-            std::rethrow_exception(m_thrown);
-        }
-        return std::move(m_headers);
-    }
-
-private:
-    /// What is thrown in a thread ends the scan in all of them.
-    void workGuarded()
-    {
-        try {
-            work();
-        } catch (...) {
-            const std::lock_guard lock(m_progressMutex);
-            m_thrown = std::current_exception();
-            m_next = m_files.size();
+    Headers result;
+    result.reserve(headers.size());
+    for (const DicomFileHeader *const header : headers) {
+        if (!header->error.empty()) {
+            problems.append({header->file, header->error});
+        } else if (!header->isMediaDirectory) {
+            result.push_back(header);
         }
     }
-
-    void work()
-    {
-        while (!m_stop.stop_requested()) {
-            const std::size_t index = m_next.fetch_add(1);
-            if (index >= m_files.size()) {
-                return;
-            }
-            DicomFileHeader &header = m_headers[index];
-            const std::string problem
-                = McGuard::run([&] { header = readDicomFileHeader(m_files[index]); });
-            if (!problem.empty()) {
-                header.file = m_files[index];
-                header.error = problem;
-            }
-            tellProgress();
-        }
-    }
-
-    void tellProgress()
-    {
-        if (!m_progress) {
-            return;
-        }
-        const std::lock_guard lock(m_progressMutex);
-        ++m_done;
-        // A display is not to be flooded: a hundred steps are enough.
-        const std::size_t step = m_files.size() / 100 + 1;
-        if (m_done % step == 0 || m_done == m_files.size()) {
-            m_progress(static_cast<int>(m_done), static_cast<int>(m_files.size()));
-        }
-    }
-
-    const std::vector<McFilename> &m_files;
-    const DicomScanner::Progress &m_progress;
-    const std::stop_token &m_stop;
-    std::vector<DicomFileHeader> m_headers;
-    std::atomic<std::size_t> m_next = 0;
-    std::mutex m_progressMutex;
-    std::size_t m_done = 0;
-    std::exception_ptr m_thrown;
-};
-
-/// Takes out headers that cannot be used, and notes why.
-void keepUsable(std::vector<DicomFileHeader> &headers, McDArray<DicomScanner::Problem> &problems)
-{
-    std::erase_if(headers, [&problems](const DicomFileHeader &header) {
-        if (!header.error.empty()) {
-            problems.append({header.file, header.error});
-        }
-        return !header.error.empty() || header.file.empty() || header.isMediaDirectory;
-    });
+    return result;
 }
 
 } // namespace
@@ -300,21 +210,18 @@ public:
 DicomScanner::Result DicomScanner::scanNow(
     const McDArray<McFilename> &paths, const Progress &progress, const std::stop_token &stop)
 {
-    FileList list(progress, stop);
+    DicomHeaderScan scan(progress, stop);
+    FileList list(scan, paths.size() > 1, stop);
     for (const McFilename &path : paths) {
         list.add(path);
     }
     const bool areAllListed = !stop.stop_requested();
-    const std::vector<McFilename> files = list.takeSorted();
+    scan.finish();
     Result result;
     result.problems = list.problems();
-    prepareDicomParsing();
-    std::vector<DicomFileHeader> headers = HeaderScan(files, progress, stop).run();
-    result.numFiles = static_cast<int>(std::count_if(headers.begin(), headers.end(),
-        [](const DicomFileHeader &header) { return !header.file.empty(); }));
-    keepUsable(headers, result.problems);
-    result.patients = buildDirectory(headers);
-    result.wasCancelled = !areAllListed || result.numFiles < static_cast<int>(files.size());
+    result.numFiles = static_cast<int>(scan.headers().size());
+    result.patients = buildDirectory(usable(scan.headers(), result.problems));
+    result.wasCancelled = !areAllListed || !scan.isComplete();
     return result;
 }
 

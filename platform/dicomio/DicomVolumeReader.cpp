@@ -176,11 +176,14 @@ std::string DicomVolumeReader::Private::readHeaders(
 {
     headers.clear();
     std::string firstError;
+    DicomFileHeaderReader reader;
     for (const McFilename &file : entry.files()) {
         if (stop.stop_requested()) {
             return "Loading was cancelled.";
         }
-        DicomFileHeader header = readDicomFileHeader(file);
+        DicomFileHeader header;
+        header.file = file;
+        reader.read(header);
         if (header.isImage) {
             headers.push_back(std::move(header));
         } else if (!header.error.empty()) {

@@ -120,6 +120,20 @@ private Q_SLOTS:
         QCOMPARE(DicomScanner::scanNow({files.folder()}).patients.first()->patientName(), name);
     }
 
+    void sameBytesInOtherCharacterSets()
+    {
+        DicomFixture files;
+        for (int i = 1; i <= 8; ++i) {
+            files.addSlice(i, i, {{"G0010-0010", "Horak^Jan "}});
+            const std::string name = std::to_string(i) + ".dcm";
+            const QByteArray set = i % 2 ? "ISO_IR 100" : "ISO_IR 101";
+            files.addText(
+                name, files.read(name).replace("ISO_IR 192", set).replace("Horak", "Hor\xe8k"));
+        }
+        QCOMPARE(described(DicomScanner::scanNow({files.folder()})),
+            u"Horèk^Jan/ID1 2.25.1 2.25.1.1 CT: 4\nHorčk^Jan/ID1 2.25.1 2.25.1.1 CT: 4"_s);
+    }
+
     void missingIdentity()
     {
         DicomFixture files;
@@ -470,6 +484,40 @@ private Q_SLOTS:
         QVERIFY2(result.numFiles > 0 && result.numFiles < listed,
             qPrintable(QString::number(result.numFiles)));
         QCOMPARE(result.patients.first()->numImages(), result.numFiles);
+    }
+
+    /// Of so many files the first are read while the others are still being found.
+    void manyFiles()
+    {
+        DicomFixture files;
+        constexpr int listed = 300;
+        std::filesystem::create_directories(files.path("deep"));
+        McDArray<McFilename> ordered;
+        for (int i = 1; i <= listed; ++i) {
+            const std::string name = std::to_string(1000 + i);
+            const McFilename file = files.path(i <= listed / 2 ? name : "deep/" + name);
+            std::filesystem::rename(files.addSlice(i, -i), file);
+            ordered.insert(0, file);
+        }
+        QStringList log;
+        const auto tell
+            = [&log](int done, int total) { log << u"%1 of %2"_s.arg(done).arg(total); };
+        // What lies in the folder does not count again.
+        const DicomScanner::Result result
+            = DicomScanner::scanNow({files.folder(), files.path("deep"), files.path("1001")}, tell);
+        QCOMPARE(result.numFiles, listed);
+        const DicomDirectoryEntry &series
+            = *result.patients.first()->children().first()->children().first();
+        QCOMPARE(series.files(), ordered);
+        QVERIFY(series.remarks().isEmpty());
+        QCOMPARE(log.first(), u"0 of -1"_s);
+        QCOMPARE(log.last(), u"300 of 300"_s);
+
+        std::stop_source source;
+        const DicomScanner::Result cancelled = DicomScanner::scanNow(
+            {files.folder()}, [&source](int, int) { source.request_stop(); }, source.get_token());
+        QVERIFY(cancelled.wasCancelled);
+        QVERIFY(cancelled.numFiles < listed && cancelled.problems.isEmpty());
     }
 
     void folderVanishes()
