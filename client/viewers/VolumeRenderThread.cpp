@@ -71,9 +71,13 @@ std::optional<VolumeScene> VolumeRenderThread::take()
 
 void VolumeRenderThread::run()
 {
-    VolumePicture picture([this] { return m_interrupted.load(); });
+    const std::unique_ptr<VolumePicture> picture = VolumePicture::make();
+    if (!picture) {
+        Q_EMIT failed(QString::fromStdString(VolumePicture::problem()));
+        return;
+    }
     while (const std::optional<VolumeScene> scene = take()) {
-        const QImage image = picture.draw(*scene);
+        const QImage image = picture->draw(*scene, [this] { return m_interrupted.load(); });
         if (!image.isNull()) {
             Q_EMIT drawn(image, scene->number);
         }

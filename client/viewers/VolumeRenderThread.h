@@ -34,6 +34,8 @@ public:
 Q_SIGNALS:
     /// @param number that of the scene.
     void drawn(const QImage &picture, int number);
+    /// Nothing can be drawn. @param problem why, for the user.
+    void failed(const QString &problem);
 
 protected:
     void run() override;

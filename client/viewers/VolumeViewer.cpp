@@ -54,6 +54,9 @@ QString VolumeViewer::obstacle() const
             "The 3D view needs an X display, and there is none. Everything else works.\n"
             "To see it, start the workstation on a desktop or with xvfb-run.");
     }
+    if (!m_problem.isEmpty()) {
+        return Texts::tr("There is no 3D view.") % u'\n' % m_problem;
+    }
     const KxVolume *const shown = volume(0);
     if (shown == nullptr) {
         return {};
@@ -212,6 +215,8 @@ void VolumeViewer::askForPicture()
         m_thread = std::make_unique<VolumeRenderThread>();
         QObject::connect(m_thread.get(), &VolumeRenderThread::drawn, &m_context,
             [this](const QImage &picture, int number) { takePicture(picture, number); });
+        QObject::connect(m_thread.get(), &VolumeRenderThread::failed, &m_context,
+            [this](const QString &problem) { giveUp(problem); });
     }
     VolumeScene scene;
     scene.volume = volume(0);
@@ -238,6 +243,14 @@ void VolumeViewer::takePicture(const QImage &picture, int number)
     m_pictureIsQuick = m_askedForQuick;
     m_hasNewPicture = true;
     requestRender();
+}
+
+void VolumeViewer::giveUp(const QString &problem)
+{
+    m_problem = problem;
+    m_isWaiting = false;
+    requestRender();
+    updateOverlay();
 }
 
 void VolumeViewer::renderFrame()

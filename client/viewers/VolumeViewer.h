@@ -57,6 +57,7 @@ protected:
 private:
     void changed(ExNotification::Type type);
     void takePicture(const QImage &picture, int number);
+    void giveUp(const QString &problem);
     void askForPicture();
     [[nodiscard]] double fittingZoom() const;
 
@@ -68,6 +69,8 @@ private:
 
     QObject m_context; ///< Ends the connection to the thread.
     std::unique_ptr<VolumeRenderThread> m_thread;
+    /// Why the thread cannot draw.
+    QString m_problem;
     QImage m_picture;
     bool m_pictureIsQuick = false;
     bool m_hasNewPicture = false;

@@ -4,6 +4,7 @@
 #include "platform/util/McFilename.h"
 #include "platform/util/McVec3d.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -95,9 +96,13 @@ struct DicomFileHeader
     }
     /// Whether low values are meant to be bright.
     [[nodiscard]] bool isInverted() const { return photometric == "MONOCHROME1"; }
-    [[nodiscard]] int lowestStored() const;
-    [[nodiscard]] int highestStored() const;
+    [[nodiscard]] int lowestStored() const
+    {
+        return isSigned ? -(1 << (std::min(bitsStored, 31) - 1)) : 0;
+    }
+    [[nodiscard]] int highestStored() const
+    {
+        const int bits = std::min(bitsStored, 31) - (isSigned ? 1 : 0);
+        return static_cast<int>((std::int64_t(1) << bits) - 1);
+    }
 };
-
-/// Reads the header of @p file; never the pixels. Any thread.
-DicomFileHeader readDicomFileHeader(const McFilename &file);

@@ -1,13 +1,8 @@
 #include "platform/dicomio/DicomScanner.h"
 
+#include "platform/dicomio/DicomCodec.h"
 #include "platform/dicomio/DicomDirectoryBuilder.h"
-#include "platform/dicomio/DicomFileHeader.h"
 #include "platform/dicomio/DicomMailbox.h"
-#include "platform/dicomio/DicomParsing.h"
-
-#include <vtkDICOMDictionary.h>
-#include <vtkDICOMItem.h>
-#include <vtkDICOMValue.h>
 
 #include <algorithm>
 #include <atomic>
@@ -38,7 +33,7 @@ private:
     void addFolder(const McFilename &folder);
     void addFilesOf(const McFilename &folder, std::vector<McFilename> &subfolders);
     void addListedFiles(const McFilename &mediaDirectory);
-    void addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components);
+    void addListedFile(const McFilename &mediaDirectory, const McFilename &listed);
     void addFile(const McFilename &file);
     void addProblem(const McFilename &file, const std::string &reason)
     {
@@ -84,7 +79,7 @@ void FileList::add(const McFilename &given)
         addProblem(path, "There is no such file or folder.");
     } else if (fs::is_directory(status)) {
         addFolder(path);
-    } else if (readDicomFileHeader(path).isMediaDirectory) {
+    } else if (DicomCodec::instance().readFileHeader(path).isMediaDirectory) {
         addListedFiles(path);
     } else {
         addFile(path);
@@ -146,12 +141,8 @@ McFilename existingFile(const McFilename &folder, const McFilename &listed)
     return file;
 }
 
-void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components)
+void FileList::addListedFile(const McFilename &mediaDirectory, const McFilename &listed)
 {
-    McFilename listed;
-    for (std::size_t i = 0; i < components.GetNumberOfValues(); ++i) {
-        listed /= components.GetString(i);
-    }
     const McFilename inside = listed.lexically_normal();
     if (listed.is_absolute() || *inside.begin() == "..") {
         addProblem(mediaDirectory, "It lists a file outside its folder: " + listed.string() + ".");
@@ -168,20 +159,11 @@ void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMVal
 
 void FileList::addListedFiles(const McFilename &mediaDirectory)
 {
-    const ParsedDicom parsed = parseDicom(mediaDirectory);
-    const vtkDICOMValue &records = parsed.data->Get(0, DC::DirectoryRecordSequence);
-    const vtkDICOMItem *const items = records.GetSequenceData();
-    bool listsFiles = false;
-    // The records are taken as they come: their links to each other are often damaged, and all that
-    // counts here is which files there are.
-    for (std::size_t i = 0; items && i < records.GetNumberOfValues(); ++i) {
-        const vtkDICOMValue &components = items[i].Get(DC::ReferencedFileID);
-        if (components.GetNumberOfValues() > 0 && !components.GetString(0).empty()) {
-            addListedFile(mediaDirectory, components);
-            listsFiles = true;
-        }
+    const std::vector<McFilename> files = DicomCodec::instance().listedFiles(mediaDirectory);
+    for (const McFilename &file : files) {
+        addListedFile(mediaDirectory, file);
     }
-    if (!listsFiles) {
+    if (files.empty()) {
         addProblem(mediaDirectory, "The media directory lists no files.");
     }
 }
@@ -222,7 +204,7 @@ private:
             if (index >= m_files.size()) {
                 return;
             }
-            m_headers[index] = readDicomFileHeader(m_files[index]);
+            m_headers[index] = m_codec.readFileHeader(m_files[index]);
             tellProgress();
         }
     }
@@ -241,6 +223,7 @@ private:
         }
     }
 
+    DicomCodec &m_codec = DicomCodec::instance();
     const std::vector<McFilename> &m_files;
     const DicomScanner::Progress &m_progress;
     const std::stop_token &m_stop;
@@ -284,7 +267,10 @@ DicomScanner::Result DicomScanner::scanNow(
     const std::vector<McFilename> files = list.takeSorted();
     Result result;
     result.problems = list.problems();
-    prepareDicomParsing();
+    if (!DicomCodec::problem().empty()) {
+        result.problems.append({DicomCodec::file(), DicomCodec::problem()}); // once, not of each
+        return result;
+    }
     std::vector<DicomFileHeader> headers = HeaderScan(files, progress, stop).run();
     result.numFiles = static_cast<int>(std::count_if(headers.begin(), headers.end(),
         [](const DicomFileHeader &header) { return !header.file.empty(); }));

@@ -1,7 +1,6 @@
 #include "platform/dicomio/DicomVolumeReader.h"
 
-#include "platform/dicomio/DicomFileHeader.h"
-#include "platform/dicomio/DicomFrameDecoder.h"
+#include "platform/dicomio/DicomCodec.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 
@@ -159,7 +158,7 @@ public:
     std::string errorText;
     McDArray<std::string> remarks;
     McHandle<KxImageSeries> series;
-    DicomFrameDecoder decoder;
+    std::unique_ptr<DicomFrameDecoder> decoder = DicomCodec::instance().makeFrameDecoder();
 
     struct Decoded
     {
@@ -179,7 +178,7 @@ std::string DicomVolumeReader::Private::readHeaders(
         if (stop.stop_requested()) {
             return "Loading was cancelled.";
         }
-        DicomFileHeader header = readDicomFileHeader(file);
+        DicomFileHeader header = DicomCodec::instance().readFileHeader(file);
         if (header.isImage) {
             headers.push_back(std::move(header));
         } else if (!header.error.empty()) {
@@ -259,7 +258,7 @@ std::string DicomVolumeReader::Private::decode(const DicomStackImage &image, Byt
         return {};
     }
     const std::string error
-        = decoder.decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
+        = decoder->decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
     if (error.empty()) {
         constexpr std::size_t neighbours = 6;
         recent.push_front({image, bytes});

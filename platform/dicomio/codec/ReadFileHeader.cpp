@@ -1,6 +1,6 @@
-#include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/codec/VtkDicomCodec.h"
 
-#include "platform/dicomio/DicomParsing.h"
+#include "platform/dicomio/codec/DicomParsing.h"
 
 #include <vtkDICOMDictionary.h>
 #include <vtkDICOMItem.h>
@@ -448,18 +448,7 @@ std::string reasonOfNothing(const McFilename &file, const std::string &parserErr
 
 } // namespace
 
-int DicomFileHeader::lowestStored() const
-{
-    return isSigned ? -(1 << (std::min(bitsStored, 31) - 1)) : 0;
-}
-
-int DicomFileHeader::highestStored() const
-{
-    const int bits = std::min(bitsStored, 31) - (isSigned ? 1 : 0);
-    return static_cast<int>((std::int64_t(1) << bits) - 1);
-}
-
-DicomFileHeader readDicomFileHeader(const McFilename &file)
+DicomFileHeader VtkDicomCodec::readFileHeader(const McFilename &file)
 {
     DicomFileHeader header;
     header.file = file;

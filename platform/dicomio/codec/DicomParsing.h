@@ -45,5 +45,3 @@ struct ParsedDicom
 ParsedDicom parseDicom(const McFilename &file, const vtkDICOMItem *wanted = nullptr);
 /// Whether the data set behind the meta header is deflated as a whole.
 bool isDeflated(vtkDICOMMetaData *data);
-/// Makes the library's static tables before several threads use them; cheap after the first call.
-void prepareDicomParsing();
