@@ -1318,6 +1318,10 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
         <source>Shows only what holds all these words; Escape shows everything again</source>
         <translation>Zeigt nur, was alle diese Wörter enthält; Escape zeigt wieder alles</translation>
     </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
 </context>
 <context>
     <name>SeriesLoad</name>
@@ -1475,6 +1479,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>mirrored</source>
         <translation>gespiegelt</translation>
+    </message>
+</context>
+<context>
+    <name>SliceViewer</name>
+    <message>
+        <source>The images cannot be shown.</source>
+        <translation>Die Bilder können nicht gezeigt werden.</translation>
     </message>
 </context>
 <context>
@@ -2415,6 +2426,10 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>The 3D view follows when all slices have been read.</source>
         <translation>Die 3D-Ansicht folgt, wenn alle Schichten gelesen sind.</translation>
+    </message>
+    <message>
+        <source>There is no 3D view.</source>
+        <translation>Es gibt keine 3D-Ansicht.</translation>
     </message>
 </context>
 <context>

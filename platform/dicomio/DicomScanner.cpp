@@ -268,7 +268,9 @@ DicomScanner::Result DicomScanner::scanNow(
     Result result;
     result.problems = list.problems();
     if (!DicomCodec::problem().empty()) {
-        result.problems.append({DicomCodec::file(), DicomCodec::problem()}); // once, not of each
+        // Said once, not of each file.
+        result.problems.append({DicomCodec::file(), DicomCodec::problem()});
+        result.numFiles = static_cast<int>(files.size());
         return result;
     }
     std::vector<DicomFileHeader> headers = HeaderScan(files, progress, stop).run();
