@@ -2,6 +2,7 @@
 
 #include "platform/dicomio/DicomAttributes.h"
 #include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/MovaraDicomIoExport.h"
 #include "platform/render/KxVolume.h"
 #include "platform/util/HxParamBundle.h"
 #include "platform/util/McFilename.h"
@@ -16,7 +17,7 @@
 /// Decodes the pixels of single images into a volume's voxels: rescaled to the series' unit,
 /// colours as red, green and blue, low-is-bright values turned around. Keeps the file read last, so
 /// that the frames of a film are not decoded one by one. One thread at a time.
-class DicomFrameDecoder
+class MOVARA_DICOMIO_EXPORT DicomFrameDecoder
 {
 public:
     virtual ~DicomFrameDecoder() = default;
@@ -30,8 +31,9 @@ public:
 
 /// All that this library has others do for it: taking single files apart and putting them together.
 /// Behind it stands a module (see McModule), since the libraries that do it take longer to load
-/// than a program with an empty window takes to start. Any thread, several at once.
-class DicomCodec
+/// than a program with an empty window takes to start. Exported, though private, so that library
+/// and module have one and the same type. Any thread, several at once.
+class MOVARA_DICOMIO_EXPORT DicomCodec
 {
 public:
     virtual ~DicomCodec() = default;
