@@ -75,7 +75,7 @@ int runWindow(const CommandLine &command)
     WorkstationApplication application(command.language);
     ExMonitorManager::installAutomaticFontAndDialogAdjustment();
     WorkSession session;
-    application.setDefaultStyle();
+    application.setDefaultStyle(); // Only now: each widget would be styled anew in each new parent.
     Desktop &desktop = session.desktop();
     if (command.size.isValid()) {
         desktop.startWithSize(command.size);
