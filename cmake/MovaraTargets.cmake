@@ -12,6 +12,9 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 # Installed programs and libraries find each other wherever the tree is put.
 set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
+# Where modules are, from where the libraries are. Those of another series of versions may be installed beside them.
+set(MOVARA_MODULE_FOLDER movara/${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+
 find_program(MOVARA_CCACHE ccache)
 if(MOVARA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${MOVARA_CCACHE}")
@@ -72,6 +75,21 @@ function(movara_add_sources target)
     target_sources(${target}
         PRIVATE ${arg_SOURCES} ${arg_HEADERS}
         PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS})
+endfunction()
+
+# movara_add_module(NAME COMPONENT ... SOURCES ... LIBRARIES ...)
+# A part that is loaded when it is first needed, see platform/util/McModule.h. COMPONENT is the package that holds it.
+# Who loads it must depend on it: add_dependencies().
+function(movara_add_module name)
+    cmake_parse_arguments(arg "" "COMPONENT" "SOURCES;LIBRARIES" ${ARGN})
+    add_library(${name} MODULE ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES
+        LIBRARY_OUTPUT_DIRECTORY "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/${MOVARA_MODULE_FOLDER}"
+        INSTALL_RPATH "$ORIGIN/../..")
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}/generated")
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} MovaraSettings)
+    install(TARGETS ${name}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/${MOVARA_MODULE_FOLDER}" COMPONENT ${arg_COMPONENT})
 endfunction()
 
 # How the sanitizers run in tests: what libraries that are not instrumented bring is suppressed, each with its reason.

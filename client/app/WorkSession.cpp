@@ -260,10 +260,14 @@ QString WorkSession::emptyText(const DicomScanner::Result &result)
     if (result.numFiles == 0) {
         return tr("There are no files here. Open another folder with File > Open folder.");
     }
-    return tr("There are no images here (files looked at: %1). Open another folder with "
-              "File > "
-              "Open folder.")
-        .arg(result.numFiles);
+    const QString text
+        = tr("There are no images here (files looked at: %1). Open another folder with "
+             "File > "
+             "Open folder.")
+              .arg(result.numFiles);
+    return result.problems.size() != 1
+        ? text
+        : text % u' ' % QString::fromStdString(result.problems.first().reason);
 }
 
 void WorkSession::showFound()

@@ -78,7 +78,7 @@ int runWindow(const CommandLine &command)
     ExMonitorManager::installAutomaticFontAndDialogAdjustment();
     WorkSession session;
     QObject::connect(&settings, &SettingsKeeper::told, &session, &WorkSession::showMessage);
-    application.setDefaultStyle();
+    application.setDefaultStyle(); // Only now: each widget would be styled anew in each new parent.
     Desktop &desktop = session.desktop();
     if (command.size.isValid()) {
         desktop.startWithSize(command.size);

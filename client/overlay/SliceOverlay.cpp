@@ -158,6 +158,9 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
         = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
     content.link = ViewerLinks::badge(viewer);
     content.message = SeriesTexts::emptyState(viewer);
+    if (content.message.isEmpty()) {
+        content.message = viewer.obstacle();
+    }
     if (viewer.volume(0) == nullptr) {
         content.progress = viewer.series() != nullptr ? viewer.series()->progress() : 1;
         return content;

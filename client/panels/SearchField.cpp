@@ -1,5 +1,8 @@
 #include "client/panels/SearchField.h"
 
+#include "client/application/SvgIconEngine.h"
+
+#include <QAction>
 #include <QKeyEvent>
 
 SearchField::SearchField(const QString &placeholder, QWidget &list)
@@ -9,7 +12,19 @@ SearchField::SearchField(const QString &placeholder, QWidget &list)
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
     setToolTip(tr("Shows only what holds all these words; Escape shows everything again"));
-    setClearButtonEnabled(true);
+    addClearButton();
+}
+
+void SearchField::addClearButton()
+{
+    // Not the toolkit's: it looks for a picture in all folders of the desktop's themes.
+    QAction *const button
+        = addAction(QIcon(new SvgIconEngine(QStringLiteral("close"))), QLineEdit::TrailingPosition);
+    button->setText(tr("Clear"));
+    button->setVisible(false);
+    connect(button, &QAction::triggered, this, &QLineEdit::clear);
+    connect(this, &QLineEdit::textChanged, button,
+        [button](const QString &text) { button->setVisible(!text.isEmpty()); });
 }
 
 bool SearchField::event(QEvent *event)

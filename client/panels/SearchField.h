@@ -16,5 +16,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void addClearButton();
+
     QWidget &m_list;
 };

@@ -1318,6 +1318,10 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
         <source>Shows only what holds all these words; Escape shows everything again</source>
         <translation>Zeigt nur, was alle diese Wörter enthält; Escape zeigt wieder alles</translation>
     </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
 </context>
 <context>
     <name>SeriesLoad</name>
@@ -1486,6 +1490,13 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>mirrored</source>
         <translation>gespiegelt</translation>
+    </message>
+</context>
+<context>
+    <name>SliceViewer</name>
+    <message>
+        <source>The images cannot be shown.</source>
+        <translation>Die Bilder können nicht gezeigt werden.</translation>
     </message>
 </context>
 <context>

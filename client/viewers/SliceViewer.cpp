@@ -4,6 +4,7 @@
 #include "client/overlay/SliceOverlay.h"
 #include "client/viewers/ViewerRenderWidget.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -18,6 +19,11 @@ constexpr double largestZoom = 100;
 constexpr double leastWindowWidth = 1;
 /// Part of the widget that a fitting image fills.
 constexpr double fitFraction = 0.94;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(SliceViewer)
+};
 
 } // namespace
 
@@ -319,6 +325,14 @@ bool SliceViewer::isDrawn() const
     return !m_needsCut && m_drawnWindow && m_drawnWindow->center == m_window.center
         && m_drawnWindow->width == m_window.width && m_drawnInverted == m_isInverted
         && (m_cutIsFinal || isInteracting());
+}
+
+QString SliceViewer::obstacle() const
+{
+    const bool isPossible = volume(0) == nullptr || SliceCutter::problem().empty();
+    return isPossible ? QString()
+                      : Texts::tr("The images cannot be shown.") % u'\n'
+            % QString::fromStdString(SliceCutter::problem());
 }
 
 void SliceViewer::renderFrame()

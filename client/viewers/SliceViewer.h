@@ -78,6 +78,9 @@ public:
     [[nodiscard]] McVec3d patientAt(const QPointF &position) const;
     [[nodiscard]] QPointF positionOf(const McVec3d &point) const;
 
+    /// Why there is no picture; empty when there is one, or nothing to show.
+    [[nodiscard]] QString obstacle() const;
+
     void renderFrame() override;
     void cleanUpNodes() override;
     void resized() override;

@@ -75,12 +75,17 @@ void VolumeRenderThread::run()
     std::unique_ptr<VolumePicture> picture;
     while (const std::optional<VolumeScene> scene = take()) {
         QImage image;
-        const std::string problem = McGuard::run([&] {
+        std::string problem = McGuard::run([&] {
             if (!picture) {
-                picture = std::make_unique<VolumePicture>([this] { return m_interrupted.load(); });
+                picture = VolumePicture::make();
             }
-            image = picture->draw(*scene);
+            if (picture) {
+                image = picture->draw(*scene, [this] { return m_interrupted.load(); });
+            }
         });
+        if (!picture && problem.empty()) {
+            problem = VolumePicture::problem();
+        }
         if (!problem.empty()) {
             picture.reset(); // In what state it is nobody knows.
             Q_EMIT failed(QString::fromStdString(problem), scene->number);

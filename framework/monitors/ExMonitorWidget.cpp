@@ -20,8 +20,16 @@
 
 using Content = ExMonitorWidget::Content;
 
+namespace {
+
+constexpr Qt::WindowFlags normalFlags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+    | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint;
+
+} // namespace
+
 ExMonitorWidget::ExMonitorWidget()
-    : d(std::make_unique<ExMonitorWidgetPrivate>(*this))
+    : QWidget(nullptr, normalFlags)
+    , d(std::make_unique<ExMonitorWidgetPrivate>(*this))
 {
     // Only one of several windows is the active one, but tool tips are wanted in all.
     setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -242,8 +250,7 @@ void ExMonitorWidget::showNormal(bool relayout)
 {
     const QScopedValueRollback switching(d->isSwitching, true);
     d->state = Qt::WindowNoState;
-    setFlagsKeepingIcon(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
-        | Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
+    setFlagsKeepingIcon(normalFlags);
     setWindowState(Qt::WindowNoState);
     setGeometry(ExMonitorManager::instance().normalWindowRect(this));
     setCornerWidgetVisible(false);

@@ -4,6 +4,7 @@
 #include "platform/util/McFilename.h"
 #include "platform/util/McVec3d.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -94,31 +95,24 @@ struct DicomFileHeader
     {
         return (*texts)[static_cast<std::size_t>(attribute)];
     }
-    [[nodiscard]] static const std::shared_ptr<const Texts> &noTexts();
+    [[nodiscard]] static const std::shared_ptr<const Texts> &noTexts()
+    {
+        static const auto none = std::make_shared<const Texts>();
+        return none;
+    }
     [[nodiscard]] bool isColour() const
     {
         return samplesPerPixel > 1 || photometric == "PALETTE COLOR";
     }
     /// Whether low values are meant to be bright.
     [[nodiscard]] bool isInverted() const { return photometric == "MONOCHROME1"; }
-    [[nodiscard]] int lowestStored() const;
-    [[nodiscard]] int highestStored() const;
-};
-
-/// Reads the headers of files, one after the other. Belongs to one thread.
-class DicomFileHeaderReader
-{
-public:
-    DicomFileHeaderReader();
-    ~DicomFileHeaderReader();
-    DicomFileHeaderReader(const DicomFileHeaderReader &) = delete;
-    DicomFileHeaderReader &operator=(const DicomFileHeaderReader &) = delete;
-
-    /// Fills in what the header of the file says; never reads the pixels.
-    /// @param header fresh, but with the name of the file.
-    void read(DicomFileHeader &header);
-
-private:
-    class Private;
-    std::unique_ptr<Private> d;
+    [[nodiscard]] int lowestStored() const
+    {
+        return isSigned ? -(1 << (std::min(bitsStored, 31) - 1)) : 0;
+    }
+    [[nodiscard]] int highestStored() const
+    {
+        const int bits = std::min(bitsStored, 31) - (isSigned ? 1 : 0);
+        return static_cast<int>((std::int64_t(1) << bits) - 1);
+    }
 };

@@ -1,7 +1,7 @@
 #include "platform/dicomio/DicomHeaderScan.h"
 
+#include "platform/dicomio/DicomCodec.h"
 #include "platform/dicomio/DicomParallel.h"
-#include "platform/dicomio/DicomParsing.h"
 #include "platform/util/McGuard.h"
 
 #include <algorithm>
@@ -29,9 +29,7 @@ DicomHeaderScan::DicomHeaderScan(
     const DicomScanner::Progress &progress, const std::stop_token &stop)
     : m_progress(progress)
     , m_stop(stop)
-{
-    prepareDicomParsing();
-}
+{ }
 
 DicomHeaderScan::~DicomHeaderScan()
 {
@@ -121,10 +119,10 @@ std::vector<const DicomHeaderScan::Entry *> DicomHeaderScan::sortedEntries() con
 
 void DicomHeaderScan::work()
 {
-    DicomFileHeaderReader reader;
+    const auto reader = DicomCodec::instance().makeFileHeaderReader();
     while (Entry *const entry = next()) {
         DicomFileHeader &header = entry->header;
-        std::string problem = McGuard::run([&] { reader.read(header); });
+        std::string problem = McGuard::run([&] { reader->read(header); });
         if (!problem.empty()) {
             header.error = std::move(problem);
         }

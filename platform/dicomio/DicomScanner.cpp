@@ -1,15 +1,10 @@
 #include "platform/dicomio/DicomScanner.h"
 
+#include "platform/dicomio/DicomCodec.h"
 #include "platform/dicomio/DicomDirectoryBuilder.h"
-#include "platform/dicomio/DicomFileHeader.h"
 #include "platform/dicomio/DicomHeaderScan.h"
 #include "platform/dicomio/DicomMailbox.h"
-#include "platform/dicomio/DicomParsing.h"
 #include "platform/util/McGuard.h"
-
-#include <vtkDICOMDictionary.h>
-#include <vtkDICOMItem.h>
-#include <vtkDICOMValue.h>
 
 #include <string>
 #include <system_error>
@@ -40,7 +35,7 @@ private:
     void addFolder(const McFilename &folder);
     void addFilesOf(const McFilename &folder, std::vector<McFilename> &subfolders);
     void addListedFiles(const McFilename &mediaDirectory);
-    void addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components);
+    void addListedFile(const McFilename &mediaDirectory, const McFilename &listed);
     void addFile(const McFilename &file);
     void addProblem(const McFilename &file, const std::string &reason)
     {
@@ -49,7 +44,8 @@ private:
 
     DicomHeaderScan &m_scan;
     const std::stop_token &m_stop;
-    DicomFileHeaderReader m_reader;
+    const std::unique_ptr<DicomFileHeaderReader> m_reader
+        = DicomCodec::instance().makeFileHeaderReader();
     bool m_mayRepeat;
     std::unordered_set<std::string> m_known; ///< as long as files may repeat
     McDArray<DicomScanner::Problem> m_problems;
@@ -80,7 +76,7 @@ bool FileList::isMediaDirectory(const McFilename &file)
 {
     DicomFileHeader header;
     header.file = file;
-    m_reader.read(header);
+    m_reader->read(header);
     return header.isMediaDirectory;
 }
 
@@ -137,12 +133,8 @@ McFilename existingFile(const McFilename &folder, const McFilename &listed)
     return file;
 }
 
-void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMValue &components)
+void FileList::addListedFile(const McFilename &mediaDirectory, const McFilename &listed)
 {
-    McFilename listed;
-    for (std::size_t i = 0; i < components.GetNumberOfValues(); ++i) {
-        listed /= components.GetString(i);
-    }
     const McFilename inside = listed.lexically_normal();
     if (listed.is_absolute() || *inside.begin() == "..") {
         addProblem(mediaDirectory, "It lists a file outside its folder: " + listed.string() + ".");
@@ -160,20 +152,11 @@ void FileList::addListedFile(const McFilename &mediaDirectory, const vtkDICOMVal
 void FileList::addListedFiles(const McFilename &mediaDirectory)
 {
     m_mayRepeat = true;
-    const ParsedDicom parsed = parseDicom(mediaDirectory);
-    const vtkDICOMValue &records = parsed.data->Get(0, DC::DirectoryRecordSequence);
-    const vtkDICOMItem *const items = records.GetSequenceData();
-    bool listsFiles = false;
-    // The records are taken as they come: their links to each other are often damaged, and all that
-    // counts here is which files there are.
-    for (std::size_t i = 0; items && i < records.GetNumberOfValues(); ++i) {
-        const vtkDICOMValue &components = items[i].Get(DC::ReferencedFileID);
-        if (components.GetNumberOfValues() > 0 && !components.GetString(0).empty()) {
-            addListedFile(mediaDirectory, components);
-            listsFiles = true;
-        }
+    const std::vector<McFilename> files = DicomCodec::instance().listedFiles(mediaDirectory);
+    for (const McFilename &file : files) {
+        addListedFile(mediaDirectory, file);
     }
-    if (!listsFiles) {
+    if (files.empty()) {
         addProblem(mediaDirectory, "The media directory lists no files.");
     }
 }
@@ -220,6 +203,11 @@ DicomScanner::Result DicomScanner::scanNow(
     Result result;
     result.problems = list.problems();
     result.numFiles = static_cast<int>(scan.headers().size());
+    if (!DicomCodec::problem().empty()) {
+        // Said once, not of each file.
+        result.problems.append({DicomCodec::file(), DicomCodec::problem()});
+        return result;
+    }
     result.patients = buildDirectory(usable(scan.headers(), result.problems));
     result.wasCancelled = !areAllListed || !scan.isComplete();
     return result;

@@ -1,7 +1,6 @@
 #include "platform/dicomio/DicomVolumeReader.h"
 
-#include "platform/dicomio/DicomFileHeader.h"
-#include "platform/dicomio/DicomFrameDecoder.h"
+#include "platform/dicomio/DicomCodec.h"
 #include "platform/dicomio/DicomHeaderReader.h"
 #include "platform/dicomio/DicomVolumePlan.h"
 #include "platform/util/McGuard.h"
@@ -160,7 +159,7 @@ public:
     std::string errorText;
     McDArray<std::string> remarks;
     McHandle<KxImageSeries> series;
-    DicomFrameDecoder decoder;
+    std::unique_ptr<DicomFrameDecoder> decoder = DicomCodec::instance().makeFrameDecoder();
 
     struct Decoded
     {
@@ -176,14 +175,14 @@ std::string DicomVolumeReader::Private::readHeaders(
 {
     headers.clear();
     std::string firstError;
-    DicomFileHeaderReader reader;
+    const auto reader = DicomCodec::instance().makeFileHeaderReader();
     for (const McFilename &file : entry.files()) {
         if (stop.stop_requested()) {
             return "Loading was cancelled.";
         }
         DicomFileHeader header;
         header.file = file;
-        reader.read(header);
+        reader->read(header);
         if (header.isImage) {
             headers.push_back(std::move(header));
         } else if (!header.error.empty()) {
@@ -264,7 +263,7 @@ std::string DicomVolumeReader::Private::decode(const DicomStackImage &image, Byt
     }
     std::string error;
     const std::string problem = McGuard::run([&] {
-        error = decoder.decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
+        error = decoder->decode(*image.file, image.frameIndex, volumePlan.scalarType, bytes);
     });
     error += problem; // One image that cannot be decoded does not take the others along.
     if (error.empty()) {

@@ -4,6 +4,7 @@
 #include "tests/support/Rows.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -202,6 +203,29 @@ private Q_SLOTS:
             = run({u"--screenshot"_s, picture, u"--session"_s, u"absent"_s}, environment);
         QCOMPARE(absent.exitCode, 1);
         QVERIFY2(absent.errors.contains(u"cannot be read"_s), qPrintable(absent.errors));
+    }
+
+    /// Where a module is missing, as after half an installation, it is said what, and what to do.
+    void withoutModules()
+    {
+        DicomFixture files;
+        files.addSlice(1, 0);
+        files.addSlice(2, 5);
+        // Modules are looked for beside the library, wherever that was found.
+        const QTemporaryDir elsewhere;
+        QVERIFY(QFile::link(QStringLiteral(PLATFORM_LIBRARY),
+            elsewhere.filePath(QFileInfo(QStringLiteral(PLATFORM_LIBRARY)).fileName())));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LD_LIBRARY_PATH"_s, elsewhere.path());
+        environment.insert(u"MOVARA_LOG_DIR"_s, elsewhere.path());
+        const Run result = run({u"--screenshot"_s, elsewhere.filePath(u"picture.png"_s),
+                                   QString::fromStdString(files.folder().string())},
+            environment);
+        QCOMPARE(result.exitCode, 1);
+        for (const QString &said : {elsewhere.filePath(u"movara/"_s), u"libMovaraDicomCodec.so"_s,
+                 u"Install Movara anew"_s}) {
+            QVERIFY2(result.errors.contains(said), qPrintable(result.errors));
+        }
     }
 
     void screenshotFails_data()

@@ -1,12 +1,11 @@
-#include "platform/dicomio/DicomFrameDecoder.h"
+#include "platform/dicomio/codec/VtkFrameDecoder.h"
 
-#include "platform/dicomio/DicomInflating.h"
-#include "platform/dicomio/DicomParsing.h"
+#include "platform/dicomio/codec/DicomInflating.h"
+#include "platform/dicomio/codec/DicomParsing.h"
 
 #include <vtkDICOMApplyPalette.h>
 #include <vtkDICOMReader.h>
 #include <vtkExecutive.h>
-#include <vtkImageData.h>
 #include <vtkNew.h>
 
 #include <algorithm>
@@ -117,18 +116,9 @@ Converter converterOf(int vtkType)
 
 } // namespace
 
-class DicomFrameDecoder::Private
+std::string VtkFrameDecoder::read(const DicomFileHeader &header)
 {
-public:
-    std::string read(const DicomFileHeader &file);
-
-    vtkSmartPointer<vtkImageData> image; ///< all frames of the file read last
-    McFilename file;
-};
-
-std::string DicomFrameDecoder::Private::read(const DicomFileHeader &header)
-{
-    image = nullptr;
+    m_image = nullptr;
     VtkMessages messages;
     const vtkNew<vtkDICOMReader> reader;
     const vtkNew<vtkDICOMApplyPalette> palette;
@@ -158,42 +148,34 @@ std::string DicomFrameDecoder::Private::read(const DicomFileHeader &header)
         decoded = vtkImageData::SafeDownCast(palette->GetOutputDataObject(0));
     }
     if (messages.firstError().empty() && reader->GetErrorCode() == 0) {
-        image = decoded;
-        file = header.file;
+        m_image = decoded;
+        m_file = header.file;
         return {};
     }
     return messages.firstError().empty() ? "The pixels cannot be read." : messages.firstError();
 }
 
-DicomFrameDecoder::DicomFrameDecoder()
-    : d(std::make_unique<Private>())
-{
-    prepareDicomParsing();
-}
-
-DicomFrameDecoder::~DicomFrameDecoder() = default;
-
-std::string DicomFrameDecoder::decode(const DicomFileHeader &file, int frame,
+std::string VtkFrameDecoder::decode(const DicomFileHeader &file, int frame,
     KxVolume::ScalarType type, std::vector<std::byte> &voxels)
 {
-    if (!d->image || d->file != file.file) {
-        std::string error = d->read(file);
+    if (!m_image || m_file != file.file) {
+        std::string error = read(file);
         if (!error.empty()) {
             return error;
         }
     }
     std::array<int, 3> size{};
-    d->image->GetDimensions(size.data());
+    m_image->GetDimensions(size.data());
     const int components = file.isColour() ? 3 : 1;
     const bool fits = size[0] == file.columns && size[1] == file.rows && frame < size[2]
-        && d->image->GetNumberOfScalarComponents() == components;
-    const Converter converter = fits ? converterOf(d->image->GetScalarType()) : nullptr;
+        && m_image->GetNumberOfScalarComponents() == components;
+    const Converter converter = fits ? converterOf(m_image->GetScalarType()) : nullptr;
     if (!converter) {
         return "The pixels do not have the form that the header tells.";
     }
     const std::size_t count = static_cast<std::size_t>(file.columns)
         * static_cast<std::size_t>(file.rows) * static_cast<std::size_t>(components);
     const Conversion conversion = conversionOf(file, frame);
-    converter(d->image->GetScalarPointer(0, 0, frame), count, conversion, type, voxels);
+    converter(m_image->GetScalarPointer(0, 0, frame), count, conversion, type, voxels);
     return {};
 }

@@ -1,6 +1,6 @@
-#include "platform/dicomio/DicomFileHeader.h"
+#include "platform/dicomio/codec/VtkFileHeaderReader.h"
 
-#include "platform/dicomio/DicomParsing.h"
+#include "platform/dicomio/codec/DicomParsing.h"
 
 #include <vtkDICOMDictionary.h>
 #include <vtkDICOMItem.h>
@@ -510,24 +510,7 @@ std::string reasonOfNothing(const McFilename &file, const std::string &parserErr
 
 } // namespace
 
-int DicomFileHeader::lowestStored() const
-{
-    return isSigned ? -(1 << (std::min(bitsStored, 31) - 1)) : 0;
-}
-
-int DicomFileHeader::highestStored() const
-{
-    const int bits = std::min(bitsStored, 31) - (isSigned ? 1 : 0);
-    return static_cast<int>((std::int64_t(1) << bits) - 1);
-}
-
-const std::shared_ptr<const DicomFileHeader::Texts> &DicomFileHeader::noTexts()
-{
-    static const auto none = std::make_shared<const Texts>();
-    return none;
-}
-
-class DicomFileHeaderReader::Private
+class VtkFileHeaderReader::Private
 {
 public:
     const vtkDICOMItem wanted = wantedAttributes();
@@ -535,13 +518,13 @@ public:
     TextReader texts;
 };
 
-DicomFileHeaderReader::DicomFileHeaderReader()
+VtkFileHeaderReader::VtkFileHeaderReader()
     : d(std::make_unique<Private>())
 { }
 
-DicomFileHeaderReader::~DicomFileHeaderReader() = default;
+VtkFileHeaderReader::~VtkFileHeaderReader() = default;
 
-void DicomFileHeaderReader::read(DicomFileHeader &header)
+void VtkFileHeaderReader::read(DicomFileHeader &header)
 {
     ParsedDicom parsed = d->parser.parse(header.file);
     if (!parsed.pixelDataFound) {

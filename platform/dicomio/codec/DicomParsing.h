@@ -63,5 +63,3 @@ private:
 ParsedDicom parseDicom(const McFilename &file);
 /// Whether the data set behind the meta header is deflated as a whole.
 bool isDeflated(vtkDICOMMetaData *data);
-/// Makes the library's static tables before several threads use them; cheap after the first call.
-void prepareDicomParsing();

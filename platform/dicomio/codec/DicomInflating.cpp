@@ -1,4 +1,4 @@
-#include "platform/dicomio/DicomInflating.h"
+#include "platform/dicomio/codec/DicomInflating.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "platform/dicomio/DicomLengthCheck.h"
+#include "platform/dicomio/codec/DicomLengthCheck.h"
 
 #include <vtkDICOMDictEntry.h>
 #include <vtkDICOMDictionary.h>

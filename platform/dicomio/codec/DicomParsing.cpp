@@ -1,11 +1,10 @@
-#include "platform/dicomio/DicomParsing.h"
+#include "platform/dicomio/codec/DicomParsing.h"
 
-#include "platform/dicomio/DicomInflating.h"
-#include "platform/dicomio/DicomLengthCheck.h"
+#include "platform/dicomio/codec/DicomInflating.h"
+#include "platform/dicomio/codec/DicomLengthCheck.h"
 
 #include <vtkCallbackCommand.h>
 #include <vtkCommand.h>
-#include <vtkDICOMDictionary.h>
 #include <vtkDICOMItem.h>
 #include <vtkDICOMParser.h>
 #include <vtkNew.h>
@@ -13,7 +12,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <mutex>
 #include <string_view>
 
 namespace {
@@ -64,17 +62,6 @@ void VtkMessages::take(unsigned long event, const char *text)
     if (event == vtkCommand::ErrorEvent && m_firstError.empty()) {
         m_firstError = plainText(text);
     }
-}
-
-void prepareDicomParsing()
-{
-    // The object factory and the dictionaries fill static tables on first use, without a lock.
-    static std::once_flag once;
-    std::call_once(once, [] {
-        const vtkNew<vtkDICOMParser> parser;
-        const vtkNew<vtkDICOMMetaData> data;
-        vtkDICOMDictionary::FindDictEntry(vtkDICOMTag(0x0010, 0x0010));
-    });
 }
 
 namespace {
@@ -172,10 +159,8 @@ ParsedDicom DicomParser::Private::parsePlain(const McFilename &file)
 }
 
 DicomParser::DicomParser(const vtkDICOMItem *wanted)
-{
-    prepareDicomParsing();
-    d = std::make_unique<Private>(wanted);
-}
+    : d(std::make_unique<Private>(wanted))
+{ }
 
 DicomParser::~DicomParser() = default;
 

@@ -1,4 +1,4 @@
-#include "client/viewers/VolumeImage.h"
+#include "client/viewers/vtk/VolumeImage.h"
 
 #include "platform/render/KxVolume.h"
 
