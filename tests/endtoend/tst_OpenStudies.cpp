@@ -216,8 +216,11 @@ private Q_SLOTS:
 
     void cancelledScanIsTold()
     {
-        constexpr int listed = 1500;
-        m_files->addStack(listed);
+        constexpr int listed = 20000; // Reading them must take longer than hearing of it.
+        const McFilename file = m_files->addSlice(1, 0);
+        for (int i = 1; i < listed; ++i) {
+            std::filesystem::create_hard_link(file, m_files->path("link" + std::to_string(i)));
+        }
         m_fixture->settle(); // Painting is not to hold up the cancellation.
         StudySession &session = m_fixture->workstation().session();
         connect(&session, &StudySession::progressChanged, this, [&session](int done) {
