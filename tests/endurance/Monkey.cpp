@@ -396,8 +396,11 @@ QString Monkey::rest()
 QString Monkey::settle()
 {
     releaseMouse();
-    if (ExTool *const cine = ExTool::getToolByDecorationKey("Phase.Cine", true)) {
-        cine->setActive(false); // Shows the next image for ever.
+    // Cine shows the next image for ever, and is switched off where it plays.
+    ExTool *const cine = ExTool::getToolByDecorationKey("Phase.Cine", true);
+    for (WorkstationViewer *viewer : m_fixture.workstation().viewers()) {
+        ExViewerManager::getInstance().setActiveViewer(viewer);
+        cine->setActive(false);
     }
     m_isSettled = true;
     std::ignore = QTest::qWaitFor([this] { return brokenRest().isEmpty(); });
