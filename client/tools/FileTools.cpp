@@ -1,5 +1,6 @@
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/loading/LoadGate.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/tools/ToolModule.h"
 

@@ -141,7 +141,7 @@ private Q_SLOTS:
         QStringList log;
         const QSignalSpy closed(&workstation.gate(), &LoadGate::patientClosed);
         const auto openIn = [&](std::size_t i, const char *uid, const char *button) {
-            log += opened(i, uid, button);
+            log += openAnswering(i, uid, button);
         };
         openIn(1, "2.25.1.1", "Cancel");
         openIn(1, "2.25.1.1", "Ignore");
@@ -179,8 +179,8 @@ private Q_SLOTS:
         QStringList log;
         const auto tell = [&] {
             m_fixture->settle();
-            log += QLatin1String(lock.isEnabled() ? "enabled" : "disabled")
-                % QLatin1String(lock.isChecked() ? " on" : " off");
+            log += QString(QLatin1String(lock.isEnabled() ? "enabled" : "disabled")
+                % QLatin1String(lock.isChecked() ? " on" : " off"));
         };
         const auto click = [&] {
             lock.trigger();
@@ -190,15 +190,15 @@ private Q_SLOTS:
         tell();
         openAndWait();
         tell();
-        log += opened(1, "2.25.1.1", "Ignore").last();
+        log += openAnswering(1, "2.25.1.1", "Ignore").last();
         click();
         m_fixture->workstation().close({"2.25.1.1"}); // The lock outlasts it.
-        log += opened(2, "2.25.2.1", "OK");
-        log += opened(1, "2.25.1.1", "Ignore").last();
+        log += openAnswering(2, "2.25.2.1", "OK");
+        log += openAnswering(1, "2.25.1.1", "Ignore").last();
         m_fixture->workstation().session().close();
         tell();
         openAndWait(); // The largest one is of a locked patient.
-        log += opened(2, "2.25.2.1", "OK");
+        log += openAnswering(2, "2.25.2.1", "OK");
         m_fixture->workstation().session().close();
         click();
         const QStringList expected{u"disabled off"_s, u"enabled off"_s, u"2.25.1.1"_s,
@@ -483,7 +483,7 @@ private:
 
     /// Opens a series in a viewer. @param button to answer a question with.
     /// @return the question, if there was one, without its first lines; the series in the viewer.
-    QStringList opened(std::size_t i, const char *uid, const char *button)
+    QStringList openAnswering(std::size_t i, const char *uid, const char *button)
     {
         QStringList log;
         const NextDialog dialog([&](QWidget &shown) {
