@@ -27,8 +27,9 @@ const std::vector<MenuRow> &menus()
 {
     static const std::vector<MenuRow> rows{
         {QT_TRANSLATE_NOOP("MainMenus", "&File"),
-            {"File.OpenFolder", "File.Close", separator, "File.OpenSession", "File.SaveSession",
-                separator, "File.SaveViewer", "File.SaveWindow", separator, "File.Quit"}},
+            {"File.OpenFolder", "File.Close", "File.LockPatient", separator, "File.OpenSession",
+                "File.SaveSession", separator, "File.SaveViewer", "File.SaveWindow", separator,
+                "File.Quit"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&Edit"),
             {"Edit.Undo", separator, "Edit.ToolBars", separator, "Edit.Settings"}},
         {QT_TRANSLATE_NOOP("MainMenus", "&View"),

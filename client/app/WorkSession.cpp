@@ -118,6 +118,13 @@ void WorkSession::connectSession()
     connect(&progress, &ProgressLine::cancelRequested, this, &WorkSession::cancel);
     connect(&m_workstation->gate(), &LoadGate::patientClosed, this,
         [this](const QString &name) { showMessage(tr("Closed: %1").arg(name)); });
+    connect(&m_workstation->gate(), &LoadGate::patientLockChanged, this,
+        [this](const QStringList &names) {
+            showMessage(names.isEmpty() ? tr("The patient is no longer locked.")
+                                        : tr("Locked: %1").arg(names.join(QStringLiteral("; "))));
+        });
+    connect(&m_workstation->gate(), &LoadGate::changed, this,
+        [] { WorkstationApplication::instance().refreshTools(); });
     connect(&m_workstation->measurements(), &MeasurementList::changed, this,
         [] { WorkstationApplication::instance().refreshTools(); });
 }

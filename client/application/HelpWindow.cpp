@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextCursor>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -29,9 +30,14 @@ QString fileName()
                                      : HelpWindow::location() % QLatin1String("workstation.md");
 }
 
-QString manual()
+QUrl manualUrl()
 {
-    QFile file(fileName());
+    return QUrl(QLatin1String("qrc") % fileName());
+}
+
+QString contents(const QUrl &page)
+{
+    QFile file(QLatin1Char(':') % page.path());
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
@@ -105,22 +111,61 @@ void setAnchors(const QTextDocument &document, const std::vector<std::string> &k
     }
 }
 
+bool isManual(const QUrl &page)
+{
+    return page.adjusted(QUrl::RemoveFragment) == manualUrl();
+}
+
+/// Shows the pages of the help, follows the links between them, and adds the tools to the manual.
+class HelpBrowser final : public QTextBrowser
+{
+public:
+    HelpBrowser()
+    {
+        setOpenExternalLinks(true);
+        connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::anchorPage);
+    }
+
+    QVariant loadResource(int type, const QUrl &name) override
+    {
+        if (type != QTextDocument::MarkdownResource) {
+            return QTextBrowser::loadResource(type, name);
+        }
+        return isManual(name) ? contents(name) % toolChapter(m_keys, m_decoration) : contents(name);
+    }
+
+private:
+    /// Markdown has no anchors of its own, so the place that a link names is found only now.
+    void anchorPage(const QUrl &page)
+    {
+        setAnchors(*document(), isManual(page) ? m_keys : std::vector<std::string>());
+        if (page.hasFragment()) {
+            scrollToAnchor(page.fragment());
+        }
+    }
+
+    WorkstationDecoration m_decoration;
+    std::vector<std::string> m_keys = toolKeys(m_decoration);
+};
+
 } // namespace
 
 HelpWindow::HelpWindow(QWidget *parent)
     : QDialog(parent)
-    , m_text(new QTextBrowser)
+    , m_text(new HelpBrowser)
 {
     constexpr QSize size(760, 640);
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowTitle(tr("Help"));
-    m_text->setOpenExternalLinks(true);
     m_text->setAccessibleName(tr("Help"));
-    const WorkstationDecoration decoration;
-    const std::vector<std::string> keys = toolKeys(decoration);
-    m_text->document()->setMarkdown(manual() % toolChapter(keys, decoration));
-    setAnchors(*m_text->document(), keys);
+    m_text->setSource(manualUrl());
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    QPushButton *const back = buttons->addButton(tr("&Back"), QDialogButtonBox::ActionRole);
+    back->setToolTip(tr("Shows the page that was read before"));
+    back->setObjectName(QStringLiteral("Back"));
+    back->setEnabled(false);
+    connect(back, &QPushButton::clicked, m_text, &QTextBrowser::backward);
+    connect(m_text, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     buttons->button(QDialogButtonBox::Close)->setIcon({});
     auto *const layout = new QVBoxLayout(this);
@@ -144,6 +189,9 @@ QString HelpWindow::reference(const QString &topic)
 
 void HelpWindow::showTopic(const QString &topic)
 {
+    if (!isManual(m_text->source())) {
+        m_text->setSource(manualUrl());
+    }
     m_text->verticalScrollBar()->setValue(0);
     m_text->scrollToAnchor(reference(topic).section(QLatin1Char('#'), 1));
 }

@@ -4,8 +4,8 @@
 
 class QTextBrowser;
 
-/// Window with the workstation's manual: its page in the language in force, and a list of the tools
-/// that the user may use. Not modal. GUI thread only.
+/// Window with the workstation's manual: its page in the language in force, a list of the tools
+/// that the user may use, and the pages that it links to. Not modal. GUI thread only.
 class HelpWindow final : public QDialog
 {
     Q_OBJECT

@@ -125,6 +125,36 @@ bool checkSelection(const Patients &patients)
     return helper().checkDifferentPatients(several, false);
 }
 
+/// IDs that are shorter do not restrict what may be loaded.
+bool canBeLocked(const Entry &patient)
+{
+    constexpr std::size_t shortestId = 2;
+    return patient->patientId().size() >= shortestId;
+}
+
+/// Lifts the lock for a question about patients of which it was asked already.
+class LiftedLock
+{
+public:
+    LiftedLock()
+        : m_isLocked(helper().getPatientLock(m_id))
+    {
+        helper().setPatientLock(false);
+    }
+    ~LiftedLock()
+    {
+        if (m_isLocked) {
+            helper().setPatientLockId(m_id);
+            helper().setPatientLock(true);
+        }
+    }
+    Q_DISABLE_COPY_MOVE(LiftedLock)
+
+private:
+    std::string m_id;
+    bool m_isLocked;
+};
+
 } // namespace
 
 LoadGate::LoadGate(QObject *parent)
@@ -150,6 +180,7 @@ LoadGate::Entries LoadGate::admit(const Entries &wanted)
         helper().checkIncompleteStudyStop();
         takeBackParts(items, added);
         forgetClosedPairs();
+        Q_EMIT changed();
     }
     return filtered(wanted, true);
 }
@@ -157,6 +188,10 @@ LoadGate::Entries LoadGate::admit(const Entries &wanted)
 bool LoadGate::checkPatients(const Entries &added)
 {
     const Patients patients = patientsOf(added);
+    if (!std::all_of(patients.begin(), patients.end(),
+            [this](const Entry &patient) { return checkLock(patient); })) {
+        return false;
+    }
     Patients together = patients;
     for (const Entry &open : openPatients()) {
         if (!isAccepted(open, patients)) {
@@ -167,10 +202,9 @@ bool LoadGate::checkPatients(const Entries &added)
         && std::all_of(patients.begin(), patients.end(),
             [&](const Entry &patient) { return isAccepted(patient, patients); });
     if (isKnown) {
-        // Nothing to be asked, but for whether each may be opened at all.
-        return std::all_of(patients.begin(), patients.end(),
-            [](const Entry &patient) { return checkSelection({patient}); });
+        return true;
     }
+    const LiftedLock lifted;
     const bool isAllowed = checkSelection(together);
     for (std::size_t i = 0; isAllowed && i < together.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
@@ -178,6 +212,45 @@ bool LoadGate::checkPatients(const Entries &added)
         }
     }
     return isAllowed;
+}
+
+bool LoadGate::checkLock(const Entry &patient) const
+{
+    if (m_lockedIds.count(patient->patientId()) > 0) {
+        helper().setPatientLockId(patient->patientId());
+    }
+    return checkSelection({patient});
+}
+
+bool LoadGate::isPatientLocked()
+{
+    std::string id;
+    return helper().getPatientLock(id);
+}
+
+bool LoadGate::canLockPatient()
+{
+    const Patients open = openPatients();
+    return !open.empty() && std::all_of(open.begin(), open.end(), &canBeLocked);
+}
+
+void LoadGate::setPatientLocked(bool locked)
+{
+    if (locked == isPatientLocked() || (locked && !canLockPatient())) {
+        return;
+    }
+    QStringList names;
+    m_lockedIds.clear();
+    if (locked) {
+        for (const Entry &patient : openPatients()) {
+            m_lockedIds.insert(patient->patientId());
+            names += EntryTexts::seriesInfo(*patient).patientName;
+        }
+        helper().setPatientLockId(*m_lockedIds.begin());
+    }
+    helper().setPatientLock(locked);
+    Q_EMIT changed();
+    Q_EMIT patientLockChanged(names);
 }
 
 bool LoadGate::isAccepted(const Entry &patient, const Patients &others) const
@@ -222,4 +295,5 @@ void LoadGate::tellClosed(const Patients &before)
             Q_EMIT patientClosed(EntryTexts::seriesInfo(*patient).patientName);
         }
     }
+    Q_EMIT changed();
 }

@@ -5,8 +5,10 @@
 #include "platform/util/McHandle.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <set>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -38,7 +40,20 @@ public:
     /// Nothing is loaded any more.
     void closeAll();
 
+    /// Whether studies of other patients than the locked ones are refused.
+    [[nodiscard]] static bool isPatientLocked();
+    /// Whether patients are open, and all of them have an ID that a lock can hold on to.
+    [[nodiscard]] static bool canLockPatient();
+    /// Locks on the patients that are open, also for the time after they are closed, or lifts the
+    /// lock. Ignored when there is nothing to do, or nobody to lock on.
+    void setPatientLocked(bool locked);
+
 Q_SIGNALS:
+    /// What is open may be other than before, or the lock is.
+    void changed();
+    /// The lock was set or lifted. @param names of the locked patients, for people; empty when it
+    /// was lifted.
+    void patientLockChanged(const QStringList &names);
     /// A patient's last series is no longer loaded. @param name for people.
     void patientClosed(const QString &name);
 
@@ -47,6 +62,8 @@ private:
     using Pair = std::pair<Entry, Entry>;
 
     [[nodiscard]] bool checkPatients(const Entries &added);
+    /// Whether the lock allows a patient; tells the user when it does not.
+    [[nodiscard]] bool checkLock(const Entry &patient) const;
     /// Whether a patient may be open beside all others without a question.
     [[nodiscard]] bool isAccepted(const Entry &patient, const Patients &others) const;
     void forgetClosedPairs();
@@ -54,5 +71,7 @@ private:
 
     /// Ordered within and among themselves, so that each is there once.
     std::set<Pair> m_acceptedPairs;
+    /// The load helper's lock knows one of several patients that were open.
+    std::set<std::string> m_lockedIds;
     bool m_isUnattended = false;
 };

@@ -8,6 +8,7 @@
 #include "client/panels/StudyThumbnails.h"
 #include "client/panels/StudyTree.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "framework/tools/ExActionUI.h"
 #include "framework/viewers/ExViewerManager.h"
 #include "platform/dicom/DicomDirectory.h"
 
@@ -244,6 +245,8 @@ void StudyPanel::showMenu(const QPoint &position)
     menu.addSeparator();
     menu.addAction(m_closeAction);
     menu.addAction(m_closePatientAction);
+    menu.addSeparator();
+    menu.addActions(ExActionUI::createActions({QStringLiteral("File.LockPatient")}, &menu));
     menu.exec(m_tree->viewport()->mapToGlobal(position));
 }
 

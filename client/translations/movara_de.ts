@@ -330,6 +330,14 @@
         <source>Help</source>
         <translation>Hilfe</translation>
     </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Shows the page that was read before</source>
+        <translation>Zeigt die zuvor gelesene Seite</translation>
+    </message>
 </context>
 <context>
     <name>HxMessage</name>
@@ -2323,6 +2331,18 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <source>Show the panel, or close it</source>
         <translation>Das Bedienfeld zeigen oder schließen</translation>
     </message>
+    <message>
+        <source>&amp;Lock patient</source>
+        <translation>P&amp;atient sperren</translation>
+    </message>
+    <message>
+        <source>Open only studies of the patients who are open now</source>
+        <translation>Nur Studien der Patienten öffnen, die jetzt offen sind</translation>
+    </message>
+    <message>
+        <source>The lock holds until it is switched off, also when the studies are closed. Patients are told apart by their ID: one without, or with a single character, cannot be locked.</source>
+        <translation>Die Sperre gilt, bis sie ausgeschaltet wird, auch wenn die Studien geschlossen werden. Patienten werden an ihrer ID unterschieden: Einer ohne ID, oder mit einer aus nur einem Zeichen, kann nicht gesperrt werden.</translation>
+    </message>
 </context>
 <context>
     <name>UI.ColorScheme</name>
@@ -2524,6 +2544,14 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>Nothing can be read from %1: %2 Open another folder with File &gt; Open folder.</source>
         <translation>Aus %1 kann nichts gelesen werden: %2 Öffnen Sie einen anderen Ordner mit Datei &gt; Ordner öffnen.</translation>
+    </message>
+    <message>
+        <source>The patient is no longer locked.</source>
+        <translation>Der Patient ist nicht mehr gesperrt.</translation>
+    </message>
+    <message>
+        <source>Locked: %1</source>
+        <translation>Gesperrt: %1</translation>
     </message>
 </context>
 <context>

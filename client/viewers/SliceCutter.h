@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-/// Cuts a plane out of a volume: the part of SliceReslicer that VTK does, in a module (see
-/// McModule). One thread at a time.
+/// Cuts a plane out of a volume: what SliceReslicer has VTK do, in a module (see McModule). One
+/// thread at a time.
 class SliceCutter
 {
 public:

@@ -5,11 +5,13 @@
 #include "client/panels/StudyTree.h"
 #include "framework/application/ExApplication.h"
 #include "framework/loading/ExLoadHelper.h"
+#include "framework/tools/ExActionUI.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/NextDialog.h"
 #include "tests/support/Rows.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -139,19 +141,7 @@ private Q_SLOTS:
         QStringList log;
         const QSignalSpy closed(&workstation.gate(), &LoadGate::patientClosed);
         const auto openIn = [&](std::size_t i, const char *uid, const char *button) {
-            const NextDialog dialog([&](QWidget &shown) {
-                auto &box = dynamic_cast<QMessageBox &>(shown);
-                log += box.text().section(u'\n', 2).replace(u'\n', u'|');
-                for (QAbstractButton *each : box.buttons()) {
-                    if (each->text().remove(u'&') == QLatin1String(button)) {
-                        each->click();
-                        return;
-                    }
-                }
-                box.reject(); // Not expected.
-            });
-            workstation.openIn(viewer(i), uid);
-            log += QString::fromStdString(viewer(i).series() ? viewer(i).series()->uid() : "-");
+            log += openAnswering(i, uid, button);
         };
         openIn(1, "2.25.1.1", "Cancel");
         openIn(1, "2.25.1.1", "Ignore");
@@ -178,6 +168,44 @@ private Q_SLOTS:
         QCOMPARE(closed.count(), 2);
         QCOMPARE(m_fixture->window().findChild<QStatusBar *>()->currentMessage(), u"Closed: B"_s);
         QTRY_VERIFY(workstation.isSettled());
+    }
+
+    void lockedPatientsKeepOthersOut()
+    {
+        addPatient("A", 1);
+        addPatient("B", 2);
+        addPatient("C", 3);
+        QAction &lock = *ExActionUI::createAction("File.LockPatient", nullptr);
+        QStringList log;
+        const auto tell = [&] {
+            m_fixture->settle();
+            log += QString(QLatin1String(lock.isEnabled() ? "enabled" : "disabled")
+                % QLatin1String(lock.isChecked() ? " on" : " off"));
+        };
+        const auto click = [&] {
+            lock.trigger();
+            log += m_fixture->window().findChild<QStatusBar *>()->currentMessage();
+            tell();
+        };
+        tell();
+        openAndWait();
+        tell();
+        log += openAnswering(1, "2.25.1.1", "Ignore").last();
+        click();
+        m_fixture->workstation().close({"2.25.1.1"}); // The lock outlasts it.
+        log += openAnswering(2, "2.25.2.1", "OK");
+        log += openAnswering(1, "2.25.1.1", "Ignore").last();
+        m_fixture->workstation().session().close();
+        tell();
+        openAndWait(); // The largest one is of a locked patient.
+        log += openAnswering(2, "2.25.2.1", "OK");
+        m_fixture->workstation().session().close();
+        click();
+        const QStringList expected{u"disabled off"_s, u"enabled off"_s, u"2.25.1.1"_s,
+            u"Locked: A; C"_s, u"enabled on"_s, u"IDA|IDB|Loading prohibited!|"_s, u"2.25.3.1"_s,
+            u"2.25.1.1"_s, u"enabled on"_s, u"IDC|IDB|Loading prohibited!|"_s, u"2.25.3.1"_s,
+            u"The patient is no longer locked."_s, u"disabled off"_s};
+        QCOMPARE(log, expected);
     }
 
     void incompleteSeriesIsRefusedOnce()
@@ -451,6 +479,26 @@ private:
         open();
         QTRY_COMPARE(opened.count(), 1);
         QTRY_VERIFY(m_fixture->session().isSettled());
+    }
+
+    /// Opens a series in a viewer. @param button to answer a question with.
+    /// @return the question, if there was one, without its first lines; the series in the viewer.
+    QStringList openAnswering(std::size_t i, const char *uid, const char *button)
+    {
+        QStringList log;
+        const NextDialog dialog([&](QWidget &shown) {
+            auto &box = dynamic_cast<QMessageBox &>(shown);
+            log += box.text().section(u'\n', 2).replace(u'\n', u'|');
+            for (QAbstractButton *each : box.buttons()) {
+                if (each->text().remove(u'&') == QLatin1String(button)) {
+                    each->click();
+                    return;
+                }
+            }
+            box.reject(); // Not expected.
+        });
+        m_fixture->workstation().openIn(viewer(i), uid);
+        return log << QString::fromStdString(viewer(i).series() ? viewer(i).series()->uid() : "-");
     }
 
     /// A patient with one series of so many slices, UID "2.25.<slices>.1".

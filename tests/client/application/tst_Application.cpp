@@ -20,6 +20,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -60,6 +61,21 @@ QStringList shownRows(const PropertyBrowser &browser)
         rows += (*item)->text(0);
     }
     return rows;
+}
+
+/// The pages that a page of the help links to.
+QStringList links(const QTextDocument &page)
+{
+    QStringList found;
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        for (auto each = block.begin(); !each.atEnd(); ++each) {
+            const QUrl url(each.fragment().charFormat().anchorHref());
+            if (url.isRelative() && !url.isEmpty() && !found.contains(url.path())) {
+                found += url.path();
+            }
+        }
+    }
+    return found;
 }
 
 } // namespace
@@ -165,6 +181,34 @@ private Q_SLOTS:
         QVERIFY(text.verticalScrollBar()->value() < settings);
         QCOMPARE(QApplication::topLevelWidgets().size(), 1);
         window->close();
+    }
+
+    void helpPagesLeadToEachOther()
+    {
+        for (const QString &language : {u"de"_s, u"en"_s}) {
+            Translations::install(language);
+            HelpWindow window(nullptr);
+            window.show();
+            auto &text = *window.findChild<QTextBrowser *>();
+            const QString manual = text.source().fileName();
+            QStringList pages{manual};
+            for (qsizetype i = 0; i < pages.size(); ++i) {
+                text.setSource(text.source().resolved(QUrl(pages[i])));
+                QVERIFY2(text.document()->characterCount() > 1000, qPrintable(pages[i]));
+                const QStringList linked = links(*text.document());
+                std::copy_if(linked.begin(), linked.end(), std::back_inserter(pages),
+                    [&pages](const QString &each) { return !pages.contains(each); });
+            }
+            pages.sort();
+            QCOMPARE(pages, (QStringList{u"session-file.md"_s, u"troubleshooting.md"_s, manual}));
+            text.setSource(text.source().resolved(QUrl(u"troubleshooting.md#sessions"_s)));
+            QVERIFY(text.verticalScrollBar()->value() > 0);
+            const QUrl page = text.source();
+            window.findChild<QPushButton *>(u"Back"_s)->click();
+            QVERIFY(text.source() != page);
+            window.showTopic(u"Settings"_s);
+            QCOMPARE(text.source().fileName(), manual);
+        }
     }
 
     void languages()
