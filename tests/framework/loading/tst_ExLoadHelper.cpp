@@ -241,7 +241,7 @@ private Q_SLOTS:
         const Entry incomplete = childOf(m_study, DicomDirectoryEntry::Series, "incomplete");
         incomplete->setIncomplete();
         ExLoadHelper helper;
-        const auto ask = [&helper, button](const Entry &entry) {
+        const auto ask = [&helper, button](const Entry &entry) -> QString {
             const Click click(button);
             const bool refused = helper.hasIncompleteStudy({nullptr, entry});
             return (refused ? u"refuse "_s : u"load "_s) % click.seen();
