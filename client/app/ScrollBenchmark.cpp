@@ -1,18 +1,16 @@
 #include "client/app/ScrollBenchmark.h"
 
 #include "client/app/BenchmarkVolume.h"
+#include "client/app/ScrollMeasure.h"
 #include "client/app/WorkSession.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
+#include <QCoreApplication>
 #include <QTimer>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <memory>
 
@@ -20,7 +18,6 @@ namespace {
 
 constexpr int warmUpSteps = 20;
 constexpr int measuredSteps = 300;
-constexpr int wheelStep = 120;
 constexpr double obliqueRadians = 0.35;
 
 ViewerLayout fourViewers(PlaneKind plane)
@@ -31,23 +28,6 @@ ViewerLayout fourViewers(PlaneKind plane)
     return {QStringLiteral("four"),
         {slice({0, 0, 0.5F, 0.5F}), slice({0.5F, 0, 1, 0.5F}), slice({0, 0.5F, 0.5F, 1}),
             slice({0.5F, 0.5F, 1, 1})}};
-}
-
-/// The value below which @p part of the sorted ones lie.
-double quantile(const std::vector<double> &sorted, double part)
-{
-    const auto rank = std::ceil(part * static_cast<double>(sorted.size())) - 1;
-    return sorted[static_cast<std::size_t>(std::max(rank, 0.0))];
-}
-
-void printRow(const QString &name, std::vector<double> milliseconds, const QSize &pixels)
-{
-    std::sort(milliseconds.begin(), milliseconds.end());
-    std::printf("%-44s %9s %8.2f %8.2f %8.2f %8.2f\n", qPrintable(name),
-        qPrintable(QStringLiteral("%1x%2").arg(pixels.width()).arg(pixels.height())),
-        quantile(milliseconds, 0.5), quantile(milliseconds, 0.95), quantile(milliseconds, 0.99),
-        milliseconds.back());
-    std::fflush(stdout);
 }
 
 } // namespace
@@ -96,9 +76,9 @@ void ScrollBenchmark::run()
 {
     const std::array<int, 3> &size = m_series->images()->volume(0)->dimensions();
     std::printf("Wheel step to finished paint of all slice viewers, %dx%dx%d voxels, %d steps, in "
-                "ms\n%-44s %9s %8s %8s %8s %8s\n",
-        size[0], size[1], size[2], measuredSteps, "scenario", "viewer", "median", "95 %", "99 %",
-        "max");
+                "ms\n",
+        size[0], size[1], size[2], measuredSteps);
+    ScrollMeasure::printHead();
     for (const Scenario &scenario : scenarios()) {
         runScenario(scenario);
     }
@@ -138,7 +118,7 @@ void ScrollBenchmark::runScenario(const Scenario &scenario)
             milliseconds.push_back(taken);
         }
     }
-    printRow(scenario.name, milliseconds, viewer.widget()->pixelSize());
+    ScrollMeasure::printRow(scenario.name, milliseconds, viewer.widget()->pixelSize());
     waitUntilSettled();
 }
 
@@ -153,16 +133,9 @@ double ScrollBenchmark::measureStep(SliceViewer &viewer, int planes)
         connections.push_back(connect(watched[i]->widget(), &ViewerRenderWidget::painted, this,
             [&isPainted, i] { isPainted[i] = true; }));
     }
-    const QPointF middle = QRectF(viewer.widget()->rect()).center();
-    QWheelEvent event(middle, viewer.widget()->mapToGlobal(middle), QPoint(),
-        QPoint(0, -planes * wheelStep), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QElapsedTimer clock;
-    clock.start();
-    QApplication::sendEvent(viewer.widget(), &event);
-    while (std::find(isPainted.begin(), isPainted.end(), false) != isPainted.end()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    const double taken = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    const double taken = ScrollMeasure::wheelToPaint(*viewer.widget(), -planes, [&isPainted] {
+        return std::find(isPainted.begin(), isPainted.end(), false) == isPainted.end();
+    });
     for (const QMetaObject::Connection &connection : connections) {
         disconnect(connection);
     }

@@ -30,6 +30,9 @@ constexpr double mostVoxels = 40e6;
 constexpr float quickRayDistance = 3;
 constexpr double quickStep = 2;
 constexpr double finalStep = 0.8;
+/// Shading needs the direction of the surface, which VTK looks for up to three voxels away on both
+/// sides, also past the ends of volumes that are thinner.
+constexpr int leastShadedVoxels = 6;
 
 struct ColorPoint
 {
@@ -100,7 +103,6 @@ public:
         m_property->SetColor(m_colors);
         m_property->SetScalarOpacity(m_opacities);
         m_property->SetInterpolationTypeToLinear();
-        m_property->ShadeOn();
         m_property->SetAmbient(0.25);
         m_property->SetDiffuse(0.8);
         m_property->SetSpecular(0.15);
@@ -145,6 +147,8 @@ private:
         } else {
             m_mapper->SetInputData(image);
         }
+        const auto &size = newVolume->dimensions();
+        m_property->SetShade(*std::min_element(size.begin(), size.end()) >= leastShadedVoxels);
         setGridMatrix(*m_matrix, *newVolume);
     }
 

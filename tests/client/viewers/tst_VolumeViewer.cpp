@@ -77,6 +77,24 @@ private Q_SLOTS:
         }
     }
 
+    void thinAndFlat()
+    {
+        if (!draws()) {
+            QSKIP("needs an X display");
+        }
+        const McHandle<KxVolume> volume(new KxVolume({512, 512, 3}, KxVolume::ScalarType::Float32));
+        volume->setVoxelToPatient(McTransform3d({1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {}));
+        const McHandle<KxImageSeries> images(new KxImageSeries("thin"));
+        images->appendVolume(volume, "");
+        const McHandle<LoadedSeries> series(new LoadedSeries("thin", {}));
+        series->setImages(images);
+        series->setComplete();
+        m_viewer->setSeries(series);
+        m_viewer->setWindow({0, 1});
+        QTRY_VERIFY(m_viewer->isSettled());
+        QVERIFY(BrightSpot(m_viewer->widget()->frame(), 40).count > 0);
+    }
+
     void turnedToTheSide()
     {
         m_viewer->setSeries(PhantomSeries::make(Grid::Axial));
