@@ -119,7 +119,8 @@ double numberAt(const vtkDICOMValue &value, std::size_t index)
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const std::size_t digits = text.starts_with('-') ? 1 : 0;
     double number = 0;
-    const bool isNumber = text.size() > digits && std::isdigit(text[digits]) != 0
+    const bool isNumber = text.size() > digits
+        && std::isdigit(static_cast<unsigned char>(text[digits])) != 0
         && std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc();
     return isNumber ? number : value.GetDouble(index);
 }
