@@ -60,6 +60,24 @@ private Q_SLOTS:
         }
     }
 
+    void windowsOfClosedSeriesAreForgotten()
+    {
+        // The images of the next series mostly get the memory of the last ones.
+        const McHandle<KxVolume> volume = PhantomSeries::makeVolume(Grid::Axial);
+        volume->setDefaultWindow({40, 400});
+        const ShownViewer shown(PlaneKind::Axial, nullptr);
+        for (int i = 0; i < 20; ++i) {
+            McHandle<LoadedSeries> series(new LoadedSeries("series", SeriesInfo()));
+            series->setImages(new KxImageSeries("series"));
+            series->images()->appendVolume(volume, {});
+            shown.viewer->setSeries(series);
+            series.reset();
+            QCOMPARE(shown.viewer->window().center, 40.0);
+            shown.viewer->setWindow({100, 20});
+            shown.viewer->setSeries(nullptr);
+        }
+    }
+
     void colors()
     {
         const McHandle<KxVolume> volume(new KxVolume({2, 2, 1}, KxVolume::ScalarType::UInt8, 3));
