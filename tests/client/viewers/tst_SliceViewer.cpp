@@ -62,20 +62,29 @@ private Q_SLOTS:
 
     void windowsOfClosedSeriesAreForgotten()
     {
-        // The images of the next series mostly get the memory of the last ones.
         const McHandle<KxVolume> volume = PhantomSeries::makeVolume(Grid::Axial);
         volume->setDefaultWindow({40, 400});
         const ShownViewer shown(PlaneKind::Axial, nullptr);
-        for (int i = 0; i < 20; ++i) {
-            McHandle<LoadedSeries> series(new LoadedSeries("series", SeriesInfo()));
-            series->setImages(new KxImageSeries("series"));
-            series->images()->appendVolume(volume, {});
+        const auto show = [&](const McHandle<KxImageSeries> &images) {
+            const McHandle<LoadedSeries> series(new LoadedSeries("series", SeriesInfo()));
+            images->appendVolume(volume, {});
+            series->setImages(images);
             shown.viewer->setSeries(series);
-            series.reset();
-            QCOMPARE(shown.viewer->window().center, 40.0);
-            shown.viewer->setWindow({100, 20});
-            shown.viewer->setSeries(nullptr);
-        }
+        };
+        McHandle<KxImageSeries> images(new KxImageSeries("first"));
+        const auto place = reinterpret_cast<std::uintptr_t>(images.get());
+        show(images);
+        shown.viewer->setWindow({100, 20});
+        shown.viewer->setSeries(nullptr);
+        images.reset();
+        // Images that get the memory of the first ones.
+        std::vector<McHandle<KxImageSeries>> others;
+        do {
+            others.emplace_back(new KxImageSeries("next"));
+        } while (
+            reinterpret_cast<std::uintptr_t>(others.back().get()) != place && others.size() < 100);
+        show(others.back());
+        QCOMPARE(shown.viewer->window().center, 40.0);
     }
 
     void colors()
