@@ -72,7 +72,7 @@ ExSessionData WorkstationSessions::take() const
 
 QString WorkstationSessions::save(const QString &file)
 {
-    const QString problem = SessionFile::write(file, SessionFile::toBytes(take()));
+    QString problem = SessionFile::write(file, SessionFile::toBytes(take()));
     if (problem.isEmpty()) {
         m_measurements.setSaved();
     }
@@ -81,7 +81,7 @@ QString WorkstationSessions::save(const QString &file)
 
 QString WorkstationSessions::check(const QString &file, ExSessionData &session) const
 {
-    const QString problem = SessionFile::read(file, session);
+    QString problem = SessionFile::read(file, session);
     if (problem.isEmpty() && !SessionState::isSound(session)) {
         return tr("The session %1 holds something that this workstation does not understand. Open "
                   "it with the version of the workstation that has saved it.")
