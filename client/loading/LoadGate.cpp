@@ -105,7 +105,7 @@ Entry forPeople(const Entry &patient)
     using Zel::DicomDirectoryEntry;
     const std::string name = ExDicomUtilities::displayName(patient->patientName());
     const std::string date = ExDicomUtilities::displayDate(patient->patientBirthDate());
-    const Entry shown(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, patient->uid()));
+    Entry shown(new DicomDirectoryEntry(DicomDirectoryEntry::Patient, patient->uid()));
     // A part of full stops alone, which mark a name that was cut, leaves its comma behind.
     shown->setText(DicomDirectoryEntry::Attribute::PatientName,
         name.substr(0, name.find_last_not_of("., ") + 1));

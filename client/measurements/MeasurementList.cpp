@@ -55,7 +55,6 @@ int MeasurementList::add(Measurement measurement)
     measurement.name = MeasurementTexts::kindName(measurement.kind) % QLatin1Char(' ')
         % QString::number(++m_numbers[measurement.kind]);
     m_all.push_back(std::move(measurement));
-    Q_EMIT added(id);
     Q_EMIT changed();
     return id;
 }
@@ -68,7 +67,6 @@ void MeasurementList::update(const Measurement &measurement)
     }
     *found = measurement;
     forgetStatistics(measurement.id);
-    Q_EMIT updated(measurement.id);
     Q_EMIT changed();
 }
 
@@ -83,7 +81,6 @@ void MeasurementList::remove(int id)
     }
     m_all.erase(std::find_if(m_all.begin(), m_all.end(), withId(id)));
     forgetStatistics(id);
-    Q_EMIT removed(id);
     Q_EMIT changed();
 }
 
@@ -105,7 +102,6 @@ void MeasurementList::replaceAll(const std::vector<Measurement> &measurements)
         m_lastId = std::max(m_lastId, each.id);
         const int number = each.name.section(QLatin1Char(' '), -1).toInt();
         m_numbers[each.kind] = std::max(m_numbers[each.kind] + 1, number);
-        Q_EMIT added(each.id);
     }
     Q_EMIT changed();
 }
@@ -165,7 +161,6 @@ void MeasurementList::restore(const Measurement &before)
     const auto next = std::find_if(m_all.begin(), m_all.end(),
         [&before](const Measurement &each) { return each.id > before.id; });
     m_all.insert(next, before);
-    Q_EMIT added(before.id);
     Q_EMIT changed();
 }
 
@@ -176,7 +171,6 @@ void MeasurementList::setPicked(int id)
         return;
     }
     m_picked = known;
-    Q_EMIT pickedChanged(known);
     Q_EMIT changed();
 }
 

@@ -64,12 +64,7 @@ public:
         const Measurement &region, const LoadedSeries &series, int phase) const;
 
 Q_SIGNALS:
-    void added(int id);
-    void updated(int id);
-    void removed(int id);
-    /// Another one is picked, or none.
-    void pickedChanged(int id);
-    /// After each of the others.
+    /// Measurements were added, changed or removed, or another one is picked, or none.
     void changed();
 
 private:

@@ -179,7 +179,6 @@ void StudyPanel::selectedChanged()
     m_closeAction->setEnabled(isAnything);
     m_closePatientAction->setEnabled(isAnything);
     showAttributes();
-    Q_EMIT selectionChanged();
 }
 
 void StudyPanel::openSelected()

@@ -44,8 +44,6 @@ Q_SIGNALS:
     void closeRequested(const QStringList &uids);
     /// Folders or files were dropped on the panel; never empty.
     void pathsDropped(const QStringList &paths);
-    /// Something else is selected, or nothing.
-    void selectionChanged();
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;

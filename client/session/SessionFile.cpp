@@ -20,7 +20,7 @@ constexpr qsizetype sumPlace = markSize + sizeof(quint32) + sizeof(quint64);
 constexpr qsizetype sumSize = 32;
 constexpr qsizetype headSize = sumPlace + sumSize;
 /// More than any session; what is larger is not read into memory.
-constexpr qint64 largestFile = 64 * 1024 * 1024;
+constexpr qint64 largestFile = qint64(64) * 1024 * 1024;
 
 struct Texts
 {

@@ -20,22 +20,17 @@ SessionRestore::SessionRestore(StudySession &studies)
             finish(false);
         }
     });
-    connect(&studies, &StudySession::scanGivenUp, this, [this] {
-        if (m_isRunning) {
-            m_missing.clear(); // The user wants to see something else now.
-            finish(false);
-        }
-    });
+    connect(&studies, &StudySession::scanGivenUp, this, &SessionRestore::giveUp);
 }
 
 void SessionRestore::start(const ExSessionData &session)
 {
     const auto studies = SessionState::Studies::fromBytes(
         session.block(QString::fromLatin1(SessionState::Studies::name)));
+    giveUp();
     m_session = session;
     m_paths.clear();
     m_missing.clear();
-    m_isRunning = false;
     for (const QString &path : studies ? studies->paths : QStringList()) {
         (QFileInfo::exists(path) ? m_paths : m_missing) += path;
     }
@@ -47,6 +42,14 @@ void SessionRestore::start(const ExSessionData &session)
     } else {
         m_studies.close();
         finish(true);
+    }
+}
+
+void SessionRestore::giveUp()
+{
+    if (m_isRunning) {
+        m_missing.clear(); // The user wants to see something else now.
+        finish(false);
     }
 }
 

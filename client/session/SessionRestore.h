@@ -19,12 +19,15 @@ public:
     /// Ends with finished(), at once or when the studies have been found; one that is still under
     /// way is given up. @param session sound (see SessionState::isSound()).
     void start(const ExSessionData &session);
+    /// Ends one that is under way with finished(); does nothing without one.
+    void giveUp();
     /// Whether the studies of a session are being looked for.
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 
 Q_SIGNALS:
     /// @param restored false when everything is as it was, or the user has closed or opened other
-    /// studies meanwhile. @param missing folders and files that are not there any more.
+    /// studies, or another session, meanwhile. @param missing folders and files that are not there
+    /// any more.
     void finished(bool restored, const QStringList &missing);
 
 private:

@@ -72,7 +72,7 @@ ExSessionData WorkstationSessions::take() const
 
 QString WorkstationSessions::save(const QString &file)
 {
-    const QString problem = SessionFile::write(file, SessionFile::toBytes(take()));
+    QString problem = SessionFile::write(file, SessionFile::toBytes(take()));
     if (problem.isEmpty()) {
         m_measurements.setSaved();
     }
@@ -81,7 +81,7 @@ QString WorkstationSessions::save(const QString &file)
 
 QString WorkstationSessions::check(const QString &file, ExSessionData &session) const
 {
-    const QString problem = SessionFile::read(file, session);
+    QString problem = SessionFile::read(file, session);
     if (problem.isEmpty() && !SessionState::isSound(session)) {
         return tr("The session %1 holds something that this workstation does not understand. Open "
                   "it with the version of the workstation that has saved it.")
@@ -95,9 +95,16 @@ QString WorkstationSessions::open(const QString &file)
     ExSessionData session;
     QString problem = check(file, session);
     if (problem.isEmpty()) {
-        m_restore.start(session);
+        restore(session, nullptr);
     }
     return problem;
+}
+
+void WorkstationSessions::restore(const ExSessionData &session, std::unique_ptr<AutosaveSlot> left)
+{
+    m_restore.giveUp(); // Of one that is under way; what is told of that is not about this one.
+    m_restored = std::move(left);
+    m_restore.start(session);
 }
 
 void WorkstationSessions::restored(bool isRestored, const QStringList &missingPaths)
@@ -109,11 +116,11 @@ void WorkstationSessions::restored(bool isRestored, const QStringList &missingPa
     if (isRestored) {
         missing += m_viewers.missing();
         m_measurements.setSaved();
-        if (m_left && m_autosave) {
-            m_autosave->setSlot(std::move(m_left));
+        if (m_restored && m_autosave) {
+            m_autosave->setSlot(std::move(m_restored));
         }
     }
-    m_left.reset(); // What was not restored is offered again at the next start.
+    m_restored.reset(); // What was not restored is offered again at the next start.
     const QString list = QStringLiteral("\n\n• ") % missing.join(QStringLiteral("\n• "))
         % QStringLiteral("\n\n")
         % tr("Look whether the drive is connected and nothing was moved, then open the session "
@@ -196,14 +203,17 @@ void WorkstationSessions::ask(const std::function<void()> &otherwise)
 
 void WorkstationSessions::restoreLeft(const std::function<void()> &otherwise)
 {
-    QString problem = open(m_left->file());
-    if (!problem.isEmpty()) {
-        // It would fail at every start. Somebody else may still make something of it.
-        if (const QString kept = m_left->setAside(); !kept.isEmpty()) {
-            problem += QStringLiteral("\n\n") % tr("It is kept as %1.").arg(kept);
-        }
-        m_left.reset();
-        otherwise();
-        Q_EMIT finished(false, problem);
+    ExSessionData session;
+    QString problem = check(m_left->file(), session);
+    if (problem.isEmpty()) {
+        restore(session, std::move(m_left));
+        return;
     }
+    // It would fail at every start. Somebody else may still make something of it.
+    if (const QString kept = m_left->setAside(); !kept.isEmpty()) {
+        problem += QStringLiteral("\n\n") % tr("It is kept as %1.").arg(kept);
+    }
+    m_left.reset();
+    otherwise();
+    Q_EMIT finished(false, problem);
 }

@@ -60,12 +60,15 @@ private:
     void restored(bool isRestored, const QStringList &missingPaths);
     void ask(const std::function<void()> &otherwise);
     void restoreLeft(const std::function<void()> &otherwise);
+    /// @param left where the session comes from, when it was left by a crash, else null.
+    void restore(const ExSessionData &session, std::unique_ptr<AutosaveSlot> left);
 
     StudiesPart m_studies;
     ViewersPart m_viewers;
     LinksPart m_links;
     MeasurementsPart m_measurements;
     SessionRestore m_restore;
-    std::unique_ptr<AutosaveSlot> m_left; ///< until the user has decided, and its session is open
+    std::unique_ptr<AutosaveSlot> m_left; ///< until the user has decided
+    std::unique_ptr<AutosaveSlot> m_restored; ///< until its session is open
     std::unique_ptr<Autosave> m_autosave;
 };

@@ -240,6 +240,9 @@ void SliceViewer::volumeChanged(bool isOtherPhase)
     KxVolume *const shown = volume(0);
     m_reslicer.setVolume(shown);
     m_needsCut = true;
+    if (imageSet(0) == nullptr) {
+        m_windowOwner = nullptr; // Others may come to lie where those images did.
+    }
     if (shown == nullptr || isOtherPhase || phase() > 0) {
         return; // All phases lie on one grid: another phase is seen from where the last one was.
     }

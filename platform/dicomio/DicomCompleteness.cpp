@@ -24,12 +24,13 @@ std::vector<std::string> gaps(const Numbers &numbers)
     for (auto next = std::next(numbers.begin()); next != numbers.end(); ++next) {
         step = std::gcd(step, *next - *std::prev(next));
     }
-    constexpr int most = 1000;
+    constexpr std::size_t most = 1000; // Numbers may be as far apart as can be.
     auto present = numbers.begin();
-    for (int number = *present; number < *numbers.rbegin(); number += step) {
+    for (int number = *present; number < *numbers.rbegin() && missing.size() < most;
+         number += step) {
         if (number == *present) {
             ++present;
-        } else if (static_cast<int>(missing.size()) < most) {
+        } else {
             missing.push_back(std::to_string(number));
         }
     }

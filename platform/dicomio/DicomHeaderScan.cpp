@@ -40,8 +40,12 @@ DicomHeaderScan::~DicomHeaderScan()
     }
     m_hasNews.notify_all();
     m_threads.clear();
-    // There may be a lot to free.
-    inParallel(m_slices.size(), [this](std::size_t slice) { m_slices[slice] = {}; });
+    try {
+        // There may be a lot to free.
+        inParallel(m_slices.size(), [this](std::size_t slice) { m_slices[slice] = {}; });
+    } catch (...) {
+        m_slices.clear(); // There may be too little memory for threads: then here.
+    }
 }
 
 void DicomHeaderScan::add(const McFilename &file)

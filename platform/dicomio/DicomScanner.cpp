@@ -76,8 +76,9 @@ bool FileList::isMediaDirectory(const McFilename &file)
 {
     DicomFileHeader header;
     header.file = file;
-    m_reader->read(header);
-    return header.isMediaDirectory;
+    // What is thrown is thrown again, and told of this file, when the scan reads it.
+    const std::string problem = McGuard::run([&] { m_reader->read(header); });
+    return problem.empty() && header.isMediaDirectory;
 }
 
 void FileList::addFile(const McFilename &file)

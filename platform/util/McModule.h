@@ -36,6 +36,7 @@ private:
     void (*m_maker)() = nullptr;
 };
 
+// Names of types cannot stand in parentheses. NOLINTBEGIN(bugprone-macro-parentheses)
 /// Stands once in a module: its function, which makes objects of @p Class by the name of
 /// @p Interface.
 #define MOVARA_MODULE(Interface, Class)                                                            \
@@ -43,3 +44,4 @@ private:
     {                                                                                              \
         return new Class;                                                                          \
     }
+// NOLINTEND(bugprone-macro-parentheses)

@@ -119,7 +119,8 @@ double numberAt(const vtkDICOMValue &value, std::size_t index)
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const std::size_t digits = text.starts_with('-') ? 1 : 0;
     double number = 0;
-    const bool isNumber = text.size() > digits && std::isdigit(text[digits]) != 0
+    const bool isNumber = text.size() > digits
+        && std::isdigit(static_cast<unsigned char>(text[digits])) != 0
         && std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc();
     return isNumber ? number : value.GetDouble(index);
 }
@@ -415,14 +416,13 @@ public:
     {
         Known &known = knownOf(data->Get(0, DC::SeriesInstanceUID));
         bool isSame = known.texts != nullptr;
-        auto value = known.values.begin();
-        for (const auto &[attribute, tag] : attributeTags()) {
-            const vtkDICOMValue &found = data->Get(0, tag);
-            if (!(found == *value) || found.GetCharacterSet() != value->GetCharacterSet()) {
-                *value = found;
+        for (std::size_t i = 0; i < attributeTags().size(); ++i) {
+            const vtkDICOMValue &found = data->Get(0, attributeTags()[i].tag);
+            vtkDICOMValue &value = known.values[i];
+            if (!(found == value) || found.GetCharacterSet() != value.GetCharacterSet()) {
+                value = found;
                 isSame = false;
             }
-            ++value;
         }
         if (!isSame) {
             known.texts = converted(known.values);
@@ -457,9 +457,9 @@ private:
     static std::shared_ptr<const DicomFileHeader::Texts> converted(const Values &values)
     {
         auto texts = std::make_shared<DicomFileHeader::Texts>();
-        auto value = values.begin();
-        for (const auto &[attribute, tag] : attributeTags()) {
-            (*texts)[static_cast<std::size_t>(attribute)] = (value++)->AsUTF8String();
+        for (std::size_t i = 0; i < attributeTags().size(); ++i) {
+            const Attribute attribute = attributeTags()[i].attribute;
+            (*texts)[static_cast<std::size_t>(attribute)] = values[i].AsUTF8String();
         }
         return texts;
     }

@@ -131,6 +131,17 @@ QMessageBox *question()
     return nullptr;
 }
 
+void answerQuestion(const QString &answer)
+{
+    for (QAbstractButton *button : question()->buttons()) {
+        if (button->text() == answer) {
+            button->click();
+            return;
+        }
+    }
+    qFatal("there is no such answer");
+}
+
 } // namespace
 
 /// Sessions of the real window: saved, opened again, and left behind by a crash.
@@ -256,6 +267,43 @@ private Q_SLOTS:
         QVERIFY(kept.size() == 1 && readFile(folder.filePath(kept.first())) == "damaged");
     }
 
+    /// What a crash has left is neither lost nor taken for another session that is opened before
+    /// the user has answered, or instead of it.
+    void otherSessionIsOpenedMeanwhile()
+    {
+        const QTemporaryDir folder;
+        const QString left = folder.filePath(u"autosave-1.movara-session"_s);
+        {
+            const Opened opened;
+            opened.openFolder(m_files);
+            QCOMPARE(opened.sessions->save(m_name), QString());
+        }
+        const auto leave = [&] { return QFile::exists(left) || QFile::copy(m_name, left); };
+        for (const QString &answer : {u"&Later"_s, u"&Restore"_s, u"&Discard"_s}) {
+            QVERIFY(leave());
+            const Opened opened;
+            QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
+            QCOMPARE(opened.sessions->open(m_name), QString()); // As from the command line.
+            opened.sessions->startAutosave(folder.path(), [] {});
+            QTRY_VERIFY(finished.size() == 1 && question() != nullptr);
+            answerQuestion(answer);
+            QTRY_COMPARE(finished.size(), answer == u"&Restore"_s ? 2 : 1);
+            QVERIFY(finished.last().first().toBool());
+            QCOMPARE(QFile::exists(left), answer != u"&Discard"_s);
+        }
+        QVERIFY(leave());
+        {
+            const Opened opened;
+            QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
+            opened.sessions->startAutosave(folder.path(), [] {});
+            QTRY_VERIFY(question() != nullptr);
+            answerQuestion(u"&Restore"_s);
+            QCOMPARE(opened.sessions->open(m_name), QString());
+            QTRY_COMPARE(finished, (QList<QVariantList>{{false, QString()}, {true, QString()}}));
+        }
+        QVERIFY(QFile::exists(left)); // To be offered at the next start.
+    }
+
     void autosaveWithoutRoomIsTold()
     {
         const SmallDisk disk;
@@ -281,12 +329,7 @@ private:
             bool isOtherwise = false;
             opened.sessions->startAutosave(folder, [&isOtherwise] { isOtherwise = true; });
             QTRY_VERIFY(question() != nullptr);
-            for (QAbstractButton *button : question()->buttons()) {
-                if (button->text() == answer) {
-                    button->click();
-                    break;
-                }
-            }
+            answerQuestion(answer);
             QTRY_VERIFY(isRestored ? finished.size() == 1 : isOtherwise);
             QTRY_VERIFY(opened.workstation().isSettled());
             QCOMPARE(opened.viewer(0).series() != nullptr, isRestored);

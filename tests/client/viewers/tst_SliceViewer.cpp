@@ -60,6 +60,33 @@ private Q_SLOTS:
         }
     }
 
+    void windowsOfClosedSeriesAreForgotten()
+    {
+        const McHandle<KxVolume> volume = PhantomSeries::makeVolume(Grid::Axial);
+        volume->setDefaultWindow({40, 400});
+        const ShownViewer shown(PlaneKind::Axial, nullptr);
+        const auto show = [&](const McHandle<KxImageSeries> &images) {
+            const McHandle<LoadedSeries> series(new LoadedSeries("series", SeriesInfo()));
+            images->appendVolume(volume, {});
+            series->setImages(images);
+            shown.viewer->setSeries(series);
+        };
+        McHandle<KxImageSeries> images(new KxImageSeries("first"));
+        const auto place = reinterpret_cast<std::uintptr_t>(images.get());
+        show(images);
+        shown.viewer->setWindow({100, 20});
+        shown.viewer->setSeries(nullptr);
+        images.reset();
+        // Images that get the memory of the first ones.
+        std::vector<McHandle<KxImageSeries>> others;
+        do {
+            others.emplace_back(new KxImageSeries("next"));
+        } while (
+            reinterpret_cast<std::uintptr_t>(others.back().get()) != place && others.size() < 100);
+        show(others.back());
+        QCOMPARE(shown.viewer->window().center, 40.0);
+    }
+
     void colors()
     {
         const McHandle<KxVolume> volume(new KxVolume({2, 2, 1}, KxVolume::ScalarType::UInt8, 3));

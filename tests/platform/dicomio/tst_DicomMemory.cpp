@@ -104,6 +104,31 @@ private Q_SLOTS:
         QVERIFY(scanner.result().failure.empty() && scanner.result().numFiles == count);
     }
 
+    /// What a scan has taken is given back even where there is no memory for more threads.
+    void noMemoryAtAll()
+    {
+        DicomFixture files;
+        constexpr int count = 600; // In several pieces, each given back by another thread.
+        for (int i = 0; i < count; ++i) {
+            files.addText(std::to_string(i), "");
+        }
+        int calls = 0;
+        const auto useUp = [&calls](int, int) {
+            if (++calls == 2) {
+                refusedSize = 1;
+                throw std::bad_alloc();
+            }
+        };
+        bool isTold = false;
+        try {
+            static_cast<void>(DicomScanner::scanNow({files.folder()}, useUp));
+        } catch (const std::bad_alloc &) {
+            isTold = true;
+        }
+        refusedSize = SIZE_MAX;
+        QVERIFY(isTold);
+    }
+
     void whatProgressThrowsComesOut()
     {
         DicomFixture files;
