@@ -22,9 +22,16 @@ constexpr std::size_t bytesPerSlice = sizeof(std::int16_t) * side * side;
 
 } // namespace
 
+// All forms of new that the forms of delete below have to do with: sanitizers look after that.
+
+void *operator new(std::size_t size, const std::nothrow_t & /*tag*/) noexcept
+{
+    return size >= refusedSize ? nullptr : std::malloc(size);
+}
+
 void *operator new(std::size_t size)
 {
-    void *const memory = size >= refusedSize ? nullptr : std::malloc(size);
+    void *const memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
