@@ -1,5 +1,6 @@
 #include "client/app/CommandLine.h"
 #include "client/app/DisplayCheck.h"
+#include "client/app/FontPreload.h"
 #include "client/app/Plugins.h"
 #include "client/app/ScreenshotRun.h"
 #include "client/app/ScrollBenchmark.h"
@@ -12,6 +13,7 @@
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "platform/toolkit/QxApplication.h"
+#include "platform/toolkit/QxStyleFactory.h"
 
 #include <QIcon>
 #include <QTimer>
@@ -125,7 +127,9 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
         return 1;
     }
+    const FontPreload fonts;
     QxApplication application(argc, argv);
+    QxStyleFactory::instance().prepare();
     // What message boxes are titled with.
     QCoreApplication::setApplicationName(QStringLiteral("Movara"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MOVARA_VERSION));

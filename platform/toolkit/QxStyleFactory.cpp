@@ -1,14 +1,13 @@
 #include "platform/toolkit/QxStyleFactory.h"
 
 #include "platform/toolkit/QxColorScheme.h"
+#include "platform/toolkit/QxWidgetStyle.h"
 #include "platform/util/McLogFile.h"
 
 #include <QApplication>
 #include <QHash>
-#include <QProxyStyle>
 #include <QStyle>
 #include <QStyleFactory>
-#include <QStyleOption>
 
 #include <algorithm>
 #include <cmath>
@@ -83,54 +82,6 @@ constexpr QxNamedColorRole namedColors[] = {
     {"HALDO_BackViolet", Role::Raised},
 };
 
-/// Fusion with list entries high enough to be hit, and with boxes to check whose outline is seen.
-/// Not in the style sheet: views that are laid out before they are polished would keep the lower
-/// height, and boxes with a rule would lose their marks.
-class WidgetStyle final : public QProxyStyle
-{
-public:
-    WidgetStyle()
-        : QProxyStyle(QStringLiteral("fusion"))
-    { }
-    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
-        const QWidget *widget) const override
-    {
-        constexpr int leastHeight = 24;
-        const QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
-        return type == CT_ItemViewItem ? result.expandedTo(QSize(0, leastHeight)) : result;
-    }
-    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
-        const QWidget *widget) const override
-    {
-        constexpr PrimitiveElement boxes[]
-            = {PE_IndicatorCheckBox, PE_IndicatorRadioButton, PE_IndicatorItemViewItemCheck};
-        const auto *const button = qstyleoption_cast<const QStyleOptionButton *>(option);
-        const auto *const item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
-        const bool isBox
-            = std::find(std::begin(boxes), std::end(boxes), element) != std::end(boxes);
-        if (isBox && button != nullptr) {
-            drawOutlined(element, *button, painter, widget);
-        } else if (isBox && item != nullptr) {
-            drawOutlined(element, *item, painter, widget);
-        } else {
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
-        }
-    }
-
-private:
-    /// Fusion takes the outline from the ground and makes it darker.
-    template <class Option>
-    void drawOutlined(
-        PrimitiveElement element, Option option, QPainter *painter, const QWidget *widget) const
-    {
-        const QPalette::ColorGroup group
-            = (option.state & State_Enabled) ? QPalette::Normal : QPalette::Disabled;
-        option.palette.setColor(
-            QPalette::Window, option.palette.color(group, QPalette::PlaceholderText));
-        QProxyStyle::drawPrimitive(element, &option, painter, widget);
-    }
-};
-
 double linear(float channel)
 {
     const double value = static_cast<double>(channel);
@@ -148,6 +99,21 @@ double luminance(const QColor &color)
 class QxStyleFactory::Private
 {
 public:
+    void applyWidgetStyle(bool own)
+    {
+        if (own == ownInForce) {
+            return;
+        }
+        if (own) {
+            desktopStyle = QApplication::style()->name();
+        }
+        QStyle *const style = own ? new QxWidgetStyle : QStyleFactory::create(desktopStyle);
+        if (style) {
+            QApplication::setStyle(style);
+            ownInForce = own;
+        }
+    }
+
     void apply()
     {
         QApplication *const application
@@ -188,22 +154,6 @@ public:
     /// Name of the style that the application had before it got the product's own.
     QString desktopStyle;
     bool ownInForce = false;
-
-private:
-    void applyWidgetStyle(bool own)
-    {
-        if (own == ownInForce) {
-            return;
-        }
-        if (own) {
-            desktopStyle = QApplication::style()->name();
-        }
-        QStyle *const style = own ? new WidgetStyle : QStyleFactory::create(desktopStyle);
-        if (style) {
-            QApplication::setStyle(style);
-            ownInForce = own;
-        }
-    }
 };
 
 QxStyleFactory::QxStyleFactory()
@@ -247,6 +197,11 @@ void QxStyleFactory::setCurrentStyle(const QString &name)
     if (changed) {
         Q_EMIT paletteChanged();
     }
+}
+
+void QxStyleFactory::prepare()
+{
+    d->applyWidgetStyle(true);
 }
 
 QColor QxStyleFactory::color(ColorRole role) const

@@ -47,6 +47,9 @@ public:
     /// the log. Without an application object for widgets only the colours change, and a later call
     /// applies the look.
     void setCurrentStyle(const QString &name);
+    /// Gives the application the widget style of the Movara looks, without their colours: called
+    /// before the first widget is made, it saves setCurrentStyle() to polish each of them twice.
+    void prepare();
 
     /// The colour of @p role in the current style.
     [[nodiscard]] QColor color(ColorRole role) const;

@@ -40,6 +40,24 @@ private Q_SLOTS:
         QCOMPARE(qRound(100 * QxStyleFactory::contrast(QColor(0x76, 0x76, 0x76), Qt::white)), 454);
     }
 
+    /// The button behind which a tool bar that is too narrow keeps its rest.
+    void signOfHiddenToolsIsSeen()
+    {
+        for (const QString &style : m_factory.styleNames().mid(1)) {
+            m_factory.setCurrentStyle(style);
+            const QIcon icon
+                = QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+            const QImage sign = icon.pixmap(16, 16).toImage();
+            const QColor panel = m_factory.color(Role::Panel);
+            int seen = 0;
+            for (int i = 0; i < sign.width() * sign.height(); ++i) {
+                const QColor dot = sign.pixelColor(i % sign.width(), i / sign.width());
+                seen += dot.alpha() > 128 && QxStyleFactory::contrast(dot, panel) >= 4.5 ? 1 : 0;
+            }
+            QVERIFY2(seen >= 8 && seen < 128, qPrintable(style));
+        }
+    }
+
     void textsAreReadable()
     {
         const Role grounds[] = {Role::ViewerGround, Role::Window, Role::Panel, Role::Raised};
