@@ -139,10 +139,9 @@ const ExViewerDBGroup *ExViewerDB::createGroup(
     if (group == nullptr) {
         return nullptr;
     }
-    const std::string id = nextGroupId(entry);
     const int position = entry.groups.append(group);
     group->m_viewers.append(viewers);
-    group->setGroupId(id);
+    group->setGroupId(nextGroupId(entry)); // A factory may have given it one, which counts too.
     for (const ExBaseViewer *viewer : viewers) {
         entry.groupOfViewer[viewer] = position;
         group->setViewerAttribute(viewer, ATT_ATTACHED, toString(attached));

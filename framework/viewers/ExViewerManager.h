@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 
 class ExBaseViewer;
 class ExContextToolBar;
@@ -22,6 +23,9 @@ class MOVARA_FRAMEWORK_EXPORT ExViewerManager
 public:
     using LessThan
         = std::function<bool(const McHandle<ExBaseViewer> &, const McHandle<ExBaseViewer> &)>;
+    template <typename Compare>
+    using ComparisonResult = std::invoke_result_t<Compare &, const McHandle<ExBaseViewer> &,
+        const McHandle<ExBaseViewer> &>;
 
     ExViewerManager(const ExViewerManager &) = delete;
     ExViewerManager &operator=(const ExViewerManager &) = delete;
@@ -40,6 +44,13 @@ public:
     [[nodiscard]] int viewerIndex(const ExBaseViewer *viewer) const;
     /// Sorts the viewers; not stable.
     void sortViewers(const LessThan &isLess);
+    /// The same with a comparison that says how two viewers compare: a value below, at or above 0.
+    template <typename Compare>
+    requires(!std::is_same_v<ComparisonResult<Compare>, bool>) void sortViewers(Compare compare)
+    {
+        sortViewers(LessThan(
+            [&compare](const auto &a, const auto &b) -> bool { return compare(a, b) < 0; }));
+    }
 
     /// Adds a viewer at the end and holds it. Its render widget gets an object name of the form
     /// "RenderWidget_%1" with the number after the highest in use. The active modal tools begin to

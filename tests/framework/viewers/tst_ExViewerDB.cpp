@@ -28,7 +28,9 @@ public:
     ~OwnFactory() override { ++goneFactories; }
     [[nodiscard]] ExViewerDBGroup *create(const std::string &type) const override
     {
-        return new Group(type);
+        auto *const group = new Group(type);
+        group->setGroupId("4");
+        return group;
     }
 };
 
@@ -61,6 +63,7 @@ private Q_SLOTS:
         DB::registerGroupType("Aa", factory);
         DB::registerGroupType("Aa", factory);
         QVERIFY(dynamic_cast<const OwnFactory::Group *>(DB::createGroup("Aa", {a}, true)));
+        QCOMPARE(DB::groupId("Aa", a), std::string("5")); // One more than its factory gave it.
         DB::registerGroupType("Aa", new ExViewerDBGroup::Factory);
         DB::clearGroups("Aa", nullptr);
         QCOMPARE(goneFactories + 10 * goneGroups, 11);

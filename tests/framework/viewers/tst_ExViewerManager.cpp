@@ -57,6 +57,9 @@ private Q_SLOTS:
             [](const auto &x, const auto &y) { return x->objectId() > y->objectId(); });
         QVERIFY(m_manager->numViewers() == 3 && m_manager->viewer(0) == c);
         QVERIFY(m_manager->viewerIndex(a) == 2 && m_manager->viewerIndex(nullptr) == -1);
+        m_manager->sortViewers(
+            [](const auto &x, const auto &y) { return x->objectId() - y->objectId(); });
+        QVERIFY(m_manager->viewer(0) == a && m_manager->viewerIndex(c) == 2);
         m_log.clear();
     }
 
