@@ -349,15 +349,6 @@
 <context>
     <name>ImportTab</name>
     <message>
-        <source>The studies/series you are trying to load do not belong to the locked patient:
-
-</source>
-        <extracomment>The locked patient is the patient that was selected and locked from the webclient. It is not possible to load any other patient as long as this patient is locked.</extracomment>
-        <translation>Die Studien/Serien, die geladen werden sollen, gehören nicht zum gesperrten Patienten:
-
-</translation>
-    </message>
-    <message>
         <source>Loading prohibited!
 </source>
         <translation>Laden nicht erlaubt!
@@ -412,6 +403,15 @@ Wenden Sie sich an Ihren Systemverwalter.</translation>
     <message>
         <source>Ignore</source>
         <translation>Ignorieren</translation>
+    </message>
+    <message>
+        <source>The studies/series you are trying to load do not belong to the locked patient:
+
+</source>
+        <comment>The locked patient is the patient that was selected and locked from the webclient. It is not possible to load any other patient as long as this patient is locked.</comment>
+        <translation>Die Studien/Serien, die geladen werden sollen, gehören nicht zum gesperrten Patienten:
+
+</translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,10 @@ ExPasswordInputWidget::ExPasswordInputWidget(const QString &message, QWidget *pa
         [this] { d->mPassword->setEchoMode(QLineEdit::Password); });
 }
 
+ExPasswordInputWidget::ExPasswordInputWidget(QWidget *parent)
+    : ExPasswordInputWidget(QString(), parent)
+{ }
+
 ExPasswordInputWidget::~ExPasswordInputWidget() = default;
 
 QString ExPasswordInputWidget::password() const

@@ -18,6 +18,8 @@ class MOVARA_FRAMEWORK_EXPORT ExPasswordInputWidget : public QDialog
 public:
     /// @param message what the password is for. @param parent may be null.
     explicit ExPasswordInputWidget(const QString &message, QWidget *parent = nullptr);
+    /// Without a message.
+    explicit ExPasswordInputWidget(QWidget *parent = nullptr);
     ~ExPasswordInputWidget() override;
 
     [[nodiscard]] QString password() const;

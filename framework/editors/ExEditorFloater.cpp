@@ -170,6 +170,8 @@ void ExEditorFloater::childEvent(QChildEvent *event)
         m_editor->setAbsoluteFloatingGeometry(geometry());
         m_editor->windowGone(this);
     }
-    hide();
+    // Whoever takes the panel out does not close the window with it; it goes by itself then, also
+    // when a dialog comes next, in whose loop it is not deleted yet.
+    QMetaObject::invokeMethod(this, &QWidget::hide, Qt::QueuedConnection);
     deleteLater();
 }

@@ -32,10 +32,10 @@ Zel::LoadIncompleteStudies loadPolicy()
 
 void tellLockedPatient(const std::string &lockedId, const std::string &id)
 {
-    //: The locked patient is the patient that was selected and locked from the webclient. It is not
-    //: possible to load any other patient as long as this patient is locked.
     const QString text = ImportTab::tr(
-        "The studies/series you are trying to load do not belong to the locked patient:\n\n");
+        "The studies/series you are trying to load do not belong to the locked patient:\n\n",
+        "The locked patient is the patient that was selected and locked from the webclient. It is "
+        "not possible to load any other patient as long as this patient is locked.");
     ExMessageBox::error(text % QString::fromStdString(lockedId) % u'\n' % QString::fromStdString(id)
         % u'\n' % ImportTab::tr("Loading prohibited!\n"));
 }

@@ -83,13 +83,15 @@ public:
     [[nodiscard]] Zel::LoadedList loadedList() const { return m_loadedList; }
     void setLoadedList(const Zel::LoadedList &list) { m_loadedList = list; }
 
-    // Bookkeeping of the caller. "take" moves the content out.
+    // Bookkeeping of the caller. "take" moves the content out, in place of what @p uids holds.
 
     void setOtherStudyUIDs(const McDArray<McString> &uids) { m_otherStudyUIDs = uids; }
     [[nodiscard]] McDArray<McString> takeOtherStudyUIDs();
+    void takeOtherStudyUIDs(McDArray<McString> &uids) { uids = takeOtherStudyUIDs(); }
     /// UIDs of series that were chosen, but of which the directory knows no file: they have to be
     /// fetched before their items can be loaded.
     [[nodiscard]] std::set<std::string> takeSeriesToBeQueried();
+    void takeSeriesToBeQueried(std::set<std::string> &uids) { uids = takeSeriesToBeQueried(); }
 
     /// Back to the initial state.
     void reset();

@@ -77,6 +77,13 @@ int DicomDirectoryEntry::numImages() const
         });
 }
 
+bool DicomDirectoryEntry::isImage() const
+{
+    return isStoredVolume() || m_numImages > 0
+        || std::any_of(m_children.begin(), m_children.end(),
+            [](const McHandle<DicomDirectoryEntry> &child) { return child->isImage(); });
+}
+
 const DicomDirectoryEntry *DicomDirectoryEntry::largestChild() const
 {
     const auto largest = std::max_element(m_children.begin(), m_children.end(),

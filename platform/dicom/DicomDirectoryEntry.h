@@ -114,8 +114,9 @@ public:
     /// Whether loading was ruled out, here or above.
     [[nodiscard]] bool isExcluded() const;
     void setExcluded(bool excluded) { m_excluded = excluded; }
-    /// Whether there are images to load in this entry or below.
-    [[nodiscard]] bool isImage() const { return numImages() > 0; }
+    /// Whether there are images in this entry or below, counted or not: stored volumes consist of
+    /// them.
+    [[nodiscard]] bool isImage() const;
     /// Whether this is a series of presentation states (modality "PR").
     [[nodiscard]] bool isPresentationState() const { return modality() == "PR"; }
 

@@ -135,7 +135,12 @@ McHandle<HxParamBundle> KxVolumeInfoCache::parameterBundle(const McFilename &fil
 
 bool KxVolumeInfoCache::haveCachedVolumeFile(const McFilename &file)
 {
-    return bool(parameterBundle(file));
+    bool hasReader = false;
+    {
+        const std::lock_guard lock(d->mutex);
+        hasReader = bool(d->reader);
+    }
+    return hasReader ? bool(parameterBundle(file)) : stampOf(file).has_value();
 }
 
 bool KxVolumeInfoCache::isStorageReadable(const McFilename &file)

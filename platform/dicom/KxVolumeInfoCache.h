@@ -32,7 +32,8 @@ public:
     /// The header attributes of a file; null when it cannot be read.
     [[nodiscard]] McHandle<HxParamBundle> parameterBundle(const McFilename &file);
 
-    /// Whether the file of a stored volume is there and its header can be read.
+    /// Whether the file of a stored volume is there and its header can be read; without a reader,
+    /// whether it is there. Clients that read headers in their own way must be able to load.
     [[nodiscard]] bool haveCachedVolumeFile(const McFilename &file);
     /// Whether the folder that holds @p file can be read at all; false when a disk or share is
     /// away.

@@ -123,7 +123,10 @@ private Q_SLOTS:
         QVERIFY(!a.show(false) && a.editorContainer() == nullptr);
         step(u"B* | C* |  -A"_s);
         a.show(true);
+        const QPointer<QWidget> left = a.floater();
         a.dockFloater(false);
+        QVERIFY(left != nullptr && left->isVisible());
+        QTRY_VERIFY(left == nullptr);
         step(u"B A* | C* | "_s);
         QVERIFY(panels.region->addEditor(&panels.c, 0)); // Empties the second one.
         QVERIFY(panels.region->editorContainer(1)->isHidden());

@@ -49,6 +49,7 @@ private Q_SLOTS:
         const EntryHandle report = child(*study, DicomDirectoryEntry::Series, "1.2");
         const EntryHandle scout = child(*scan, DicomDirectoryEntry::StoredVolume, "1.1.1");
         const EntryHandle stack = child(*scan, DicomDirectoryEntry::StoredVolume, "1.1.2");
+        QVERIFY(study->isImage() && study->numImages() == 0); // Not counted yet.
         scout->setNumImages(1);
         stack->setNumImages(60);
         QVERIFY(study->isComplete() && !study->isExcluded());

@@ -45,9 +45,10 @@ private Q_SLOTS:
     {
         KxVolumeInfoCache cache;
         const McFilename file = makeFile("a");
-        QVERIFY(!cache.parameterBundle(file)); // no reader
-        cache.setHeaderReader(notingReader());
         const McFilename absent = file.parent_path() / "absent";
+        QVERIFY(!cache.parameterBundle(file)); // no reader
+        QVERIFY(cache.haveCachedVolumeFile(file) && !cache.haveCachedVolumeFile(absent));
+        cache.setHeaderReader(notingReader());
         QVERIFY(!cache.parameterBundle(absent));
         QVERIFY(!cache.haveCachedVolumeFile(absent));
         QVERIFY(cache.haveCachedVolumeFile(file));
