@@ -1,5 +1,6 @@
 #include "framework/monitors/ExMonitorWidget.h"
 
+#include "framework/application/ExUIRegistry.h"
 #include "framework/monitors/ExMainWindow.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorManager.h"
@@ -128,6 +129,26 @@ private Q_SLOTS:
         KxBackendPeer::install(&dead);
         m_widget->menuBarAddOn()->mClose->click();
         QCOMPARE(m_application.log, (QStringList{u"quit"_s, u"quit"_s}));
+    }
+
+    void theApplicationKnowsTheMinimiseButton()
+    {
+        struct Names final : ExUIRegistry
+        {
+            void registerWidget(QWidget *widget, const QString &name) override
+            {
+                widgets.insert(name, widget);
+            }
+            void registerAction(QAction * /*action*/, const QString & /*name*/) override { }
+            QHash<QString, QWidget *> widgets;
+        };
+        Names names;
+        m_application.registry = &names;
+        const ExMonitorWidget *const made = ExMonitorManager::instance().createMonitorWidget();
+        m_application.registry = nullptr;
+        QCOMPARE(names.widgets,
+            (QHash<QString, QWidget *>{{u"Minimize"_s, made->menuBarAddOn()->mMinimize}}));
+        delete made;
     }
 
     void menuOfTheMainWindow()
