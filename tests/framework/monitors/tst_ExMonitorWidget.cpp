@@ -72,6 +72,16 @@ private Q_SLOTS:
         QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
     }
 
+    void namedMonitorLargerThanTheScreen()
+    {
+        ExMonitorManager &manager = ExMonitorManager::instance();
+        qputenv("MOVARA_MONITORS", "1280x1024");
+        manager.readMonitorConfiguration();
+        manager.setConfiguration(&m_content, {{0}, {}, {700, 600, 500, 400}, false, false});
+        m_widget->showNormal(true);
+        QCOMPARE(m_widget->geometry(), QRect(700, 600, 500, 400));
+    }
+
     void minimizeAndComeBack()
     {
         for (const bool fullScreen : {false, true}) {
