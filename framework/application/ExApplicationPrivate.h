@@ -20,8 +20,11 @@ public:
     /// What told of changed settings before.
     KxPropertyPool::PropagationHook previousHook;
 
-public Q_SLOTS:
+private Q_SLOTS:
     /// Shows the help for the topic of the action that sent the signal.
     void slotShowHelp();
     void slotColorSchemeChanged();
+
+private:
+    friend class ExApplication;
 };

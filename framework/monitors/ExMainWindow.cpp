@@ -23,17 +23,21 @@ QMenu *ExMainWindow::createPopupMenu()
     ExMonitorWidget *const monitorWidget = ExMonitorWidget::parentWidget(this);
     const bool allowed
         = Zel::UserFunctionPermissions::instance().haveToolPermission("View.ShowToolBars", true);
-    if (monitorWidget == nullptr || !allowed) {
+    if (!allowed) {
         return menu.release();
     }
     ExMonitorManager &manager = ExMonitorManager::instance();
     QAction *const showAll = menu->addAction(tr("Show All"));
     showAll->setCheckable(true);
     showAll->setChecked(!manager.areToolBarsHidden(monitorWidget));
-    connect(showAll, &QAction::triggered, monitorWidget, &ExMonitorWidget::toggleToolBars);
 
     QAction *const synchronize = menu->addAction(tr("Synchronize with other monitors"));
     synchronize->setData(QVariant::fromValue(manager.monitors(monitorWidget)));
+    if (monitorWidget == nullptr) {
+        menu->setEnabled(false);
+        return menu.release();
+    }
+    connect(showAll, &QAction::triggered, monitorWidget, &ExMonitorWidget::toggleToolBars);
     connect(synchronize, &QAction::triggered, monitorWidget, &ExMonitorWidget::synchronizeToolBars);
     return menu.release();
 }

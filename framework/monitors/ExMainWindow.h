@@ -14,7 +14,7 @@ public:
     explicit ExMainWindow(QWidget *parent = nullptr);
 
     /// A new menu about tool bars, for the caller to delete; empty without the right to the tool
-    /// "View.ShowToolBars" or outside a monitor widget.
+    /// "View.ShowToolBars", disabled outside a monitor widget.
     QMenu *createPopupMenu() override;
 
 protected:

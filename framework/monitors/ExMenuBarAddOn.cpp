@@ -1,5 +1,8 @@
 #include "framework/monitors/ExMenuBarAddOn.h"
 
+#include "framework/application/ExApplication.h"
+#include "framework/application/ExUIRegistry.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -20,6 +23,14 @@ ExMenuBarAddOn::ExMenuBarAddOn(QWidget *parent)
     mMinimize = addButton("mMinimize", tr("Minimize"), tr("Puts the window in the task bar."));
     mNormal = addButton("mNormal", tr("Restore"), tr("Gives the window its frame."));
     mClose = addButton("mClose", tr("Close"), tr("Ends the session."));
+    if (!ExApplication::hasInstance()) {
+        return;
+    }
+    ExApplication &application = ExApplication::instance();
+    if (ExUIRegistry *const registry = application.uiRegistry()) {
+        registry->registerWidget(mMinimize, QStringLiteral("Minimize"));
+    }
+    application.menuBarAddOnCreated(this);
 }
 
 void ExMenuBarAddOn::setWarning(const QString &text)

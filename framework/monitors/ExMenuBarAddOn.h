@@ -14,6 +14,7 @@ class MOVARA_FRAMEWORK_EXPORT ExMenuBarAddOn : public QWidget
     Q_OBJECT
 
 public:
+    /// Makes the minimise button known as "Minimize", and itself, to the application object.
     explicit ExMenuBarAddOn(QWidget *parent = nullptr);
 
     /// Shows a warning in orange; an empty text takes it away. Markup in it is shown as it stands.

@@ -131,6 +131,9 @@ public:
 
     // Windows.
 
+    /// A new window, hidden, without contents and not owned: the next applyConfigurations() gives
+    /// it contents that have none. The manager tracks it until it is destroyed.
+    ExMonitorWidget *createMonitorWidget();
     /// All windows, in the order in which they were made.
     [[nodiscard]] QList<ExMonitorWidget *> monitorWidgets() const;
     /// The window that is or was last the active one, else the first; null when there is none.
@@ -190,7 +193,6 @@ public Q_SLOTS:
 
 private:
     ExMonitorManager();
-    ExMonitorWidget *createMonitorWidget();
 
     friend class ExMonitorManagerPrivate;
 

@@ -31,15 +31,15 @@ std::map<std::string, RegisteredContent> &contentRegistry()
     return registry;
 }
 
-/// What the screen of a rectangle leaves free of panels; the rectangle of @p monitor when the
-/// toolkit knows no such screen.
-QRect freeArea(const QRect &rect, const QRect &monitor)
+/// What the screen of a monitor leaves free of panels; the whole monitor when it is on no screen,
+/// or larger than its screen, since then it is one that was named by hand.
+QRect freeArea(const QRect &monitor)
 {
-    const QScreen *screen = QGuiApplication::screenAt(rect.center());
-    if (screen == nullptr) {
-        screen = QGuiApplication::screenAt(monitor.center());
+    const QScreen *const screen = QGuiApplication::screenAt(monitor.center());
+    if (screen == nullptr || !screen->geometry().contains(monitor)) {
+        return monitor;
     }
-    const QRect area = screen == nullptr ? monitor : screen->availableGeometry() & monitor;
+    const QRect area = screen->availableGeometry() & monitor;
     return area.isValid() ? area : monitor;
 }
 
@@ -315,7 +315,7 @@ QRect ExMonitorManager::normalWindowRect(ExMonitorWidget *widget) const
     if (!wanted.isValid()) {
         wanted = MonitorMath::middle(monitor, 80);
     }
-    QRect area = freeArea(wanted, monitor);
+    QRect area = freeArea(monitor);
     if (widget != nullptr && area.height() > 2 * titleHeight(*widget)) {
         area.setTop(area.top() + titleHeight(*widget));
     }

@@ -112,8 +112,10 @@ void ExMonitorManager::positionDialog(QDialog *dialog, const QPoint &centre)
     if (dialog == nullptr) {
         return;
     }
-    const int width = dialog->frameGeometry().width();
-    const int height = dialog->frameGeometry().height();
+    // Of a dialog that was never shown the toolkit may answer with a frame one pixel too small.
+    const QSize frame = dialog->frameGeometry().size().expandedTo(dialog->size());
+    const int width = frame.width();
+    const int height = frame.height();
     QRect place(centre.x() - width / 2, centre.y() - height / 2, width, height);
     const QScreen *const screen = screenNearest(place.topLeft());
     if (screen == nullptr) {

@@ -1,6 +1,5 @@
 #include "framework/monitors/ExMonitorWidgetPrivate.h"
 
-#include "framework/application/ExApplication.h"
 #include "framework/monitors/ExMainWindow.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorLayout.h"
@@ -89,9 +88,6 @@ void ExMonitorWidgetPrivate::build()
     QObject::connect(
         addOn->mNormal, &QPushButton::clicked, &widget, &ExMonitorWidget::restoreWidget);
     QObject::connect(addOn->mClose, &QPushButton::clicked, &widget, &ExMonitorWidget::closeWidget);
-    if (ExApplication::hasInstance()) {
-        ExApplication::instance().menuBarAddOnCreated(addOn);
-    }
 }
 
 void ExMonitorWidgetPrivate::command(MonitorWindowSystem::Command command)

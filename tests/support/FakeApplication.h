@@ -16,7 +16,7 @@ public:
     ~FakeApplication() override = default;
 
     void quitApplication() override { log.append(QStringLiteral("quit")); }
-    ExUIRegistry *uiRegistry() override { return nullptr; }
+    ExUIRegistry *uiRegistry() override { return registry; }
     [[nodiscard]] QString userName() const override { return {}; }
     QWidget *dialogParent() override { return mainWidget; }
     int propertyBrowser(const std::list<KxVariant *> & /*properties*/,
@@ -53,6 +53,7 @@ public:
     FakeDecoration decorations;
     QPointer<QWidget> mainWidget;
     std::vector<ExActionUI *> actions;
+    ExUIRegistry *registry = nullptr;
     bool hasNoHelp = false;
     bool hidesProperties = false;
     bool showsIdentification = false;

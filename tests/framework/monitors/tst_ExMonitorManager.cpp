@@ -148,6 +148,10 @@ private Q_SLOTS:
         parent.setGeometry(100, 100, 400, 300);
         QDialog child(&parent);
         child.resize(200, 100);
+        QDialog hidden(&parent);
+        hidden.resize(200, 100);
+        ExMonitorManager::adjustDialogPosition(&hidden);
+        QCOMPARE(hidden.pos(), QPoint(200, 200));
         ExMonitorManager::installAutomaticFontAndDialogAdjustment();
         child.show();
         QCOMPARE(child.pos(), QPoint(200, 200));

@@ -1,5 +1,6 @@
 #include "framework/monitors/ExMonitorWidget.h"
 
+#include "framework/application/ExUIRegistry.h"
 #include "framework/monitors/ExMainWindow.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorManager.h"
@@ -71,6 +72,16 @@ private Q_SLOTS:
         QCOMPARE(m_widget->windowIcon().availableSizes().value(0), QSize(16, 16));
     }
 
+    void namedMonitorLargerThanTheScreen()
+    {
+        ExMonitorManager &manager = ExMonitorManager::instance();
+        qputenv("MOVARA_MONITORS", "1280x1024");
+        manager.readMonitorConfiguration();
+        manager.setConfiguration(&m_content, {{0}, {}, {700, 600, 500, 400}, false, false});
+        m_widget->showNormal(true);
+        QCOMPARE(m_widget->geometry(), QRect(700, 600, 500, 400));
+    }
+
     void minimizeAndComeBack()
     {
         for (const bool fullScreen : {false, true}) {
@@ -128,6 +139,26 @@ private Q_SLOTS:
         KxBackendPeer::install(&dead);
         m_widget->menuBarAddOn()->mClose->click();
         QCOMPARE(m_application.log, (QStringList{u"quit"_s, u"quit"_s}));
+    }
+
+    void theApplicationKnowsTheMinimiseButton()
+    {
+        struct Names final : ExUIRegistry
+        {
+            void registerWidget(QWidget *widget, const QString &name) override
+            {
+                widgets.insert(name, widget);
+            }
+            void registerAction(QAction * /*action*/, const QString & /*name*/) override { }
+            QHash<QString, QWidget *> widgets;
+        };
+        Names names;
+        m_application.registry = &names;
+        const ExMonitorWidget *const made = ExMonitorManager::instance().createMonitorWidget();
+        m_application.registry = nullptr;
+        QCOMPARE(names.widgets,
+            (QHash<QString, QWidget *>{{u"Minimize"_s, made->menuBarAddOn()->mMinimize}}));
+        delete made;
     }
 
     void menuOfTheMainWindow()
