@@ -73,11 +73,6 @@ public:
     {
         return &m_decoration;
     }
-    void editToolProperties(const std::list<KxVariant *> & /*properties*/,
-        const QList<QRegularExpression> & /*patterns*/) override
-    { }
-    [[nodiscard]] bool toolContextMenuHidesProperties() const override { return false; }
-    [[nodiscard]] bool toolContextMenuShowsIdentification() const override { return false; }
 
 private:
     Decoration m_decoration;

@@ -152,12 +152,6 @@ void WorkstationApplication::showBrowser(const std::list<KxVariant *> &propertie
     m_browser->show();
 }
 
-void WorkstationApplication::editToolProperties(
-    const std::list<KxVariant *> &properties, const QList<QRegularExpression> &patterns)
-{
-    showBrowser(properties, patterns, {});
-}
-
 void WorkstationApplication::showHelp(const QString &topic)
 {
     if (!m_help) {

@@ -53,8 +53,6 @@ public:
         const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden,
         bool modal) override;
     using ExApplication::propertyBrowser;
-    void editToolProperties(const std::list<KxVariant *> &properties,
-        const QList<QRegularExpression> &patterns) override;
     /// Topics are those of HelpWindow.
     void showHelp(const QString &topic) override;
     [[nodiscard]] QString helpHook(const QString &topic) override;
@@ -64,8 +62,6 @@ public:
     void menuBarAddOnCreated(ExMenuBarAddOn *addOn) override;
     void registerActionUI(ExActionUI *action) override;
     [[nodiscard]] const WorkstationDecoration *decoration(const char *key) const override;
-    [[nodiscard]] bool toolContextMenuHidesProperties() const override { return false; }
-    [[nodiscard]] bool toolContextMenuShowsIdentification() const override { return false; }
 
 private:
     void showBrowser(const std::list<KxVariant *> &properties,

@@ -86,11 +86,7 @@ public:
     {
         return 0;
     }
-    void editToolProperties(const std::list<KxVariant *> & /*properties*/,
-        const QList<QRegularExpression> & /*patterns*/) override
-    { }
     [[nodiscard]] bool toolContextMenuHidesProperties() const override { return true; }
-    [[nodiscard]] bool toolContextMenuShowsIdentification() const override { return false; }
     ExUIRegistry *uiRegistry() override { return nullptr; }
     [[nodiscard]] QString userName() const override { return qEnvironmentVariable("USER"); }
     void menuBarAddOnCreated(ExMenuBarAddOn * /*addOn*/) override { }

@@ -93,6 +93,27 @@ QString ExApplication::helpHook(const QString & /*topic*/)
     return {};
 }
 
+const ExDecoration *ExApplication::decoration(const char * /*key*/) const
+{
+    return nullptr;
+}
+
+void ExApplication::editToolProperties(
+    const std::list<KxVariant *> &properties, const QList<QRegularExpression> &patterns)
+{
+    propertyBrowser(properties, patterns, {}, false);
+}
+
+bool ExApplication::toolContextMenuHidesProperties() const
+{
+    return false;
+}
+
+bool ExApplication::toolContextMenuShowsIdentification() const
+{
+    return false;
+}
+
 KxProperty<QString> &ExApplication::styleProperty() const
 {
     KxPropertyPool &pool = KxPropertyPool::instance();

@@ -95,17 +95,18 @@ public:
     [[nodiscard]] virtual bool isQuitting() const = 0;
     /// Told of every new action, which is being constructed: only its address may be kept.
     virtual void registerActionUI(ExActionUI *action) = 0;
-    /// The provider of texts and icons for a decoration key; null when there is none.
-    [[nodiscard]] virtual const ExDecoration *decoration(const char *key) const = 0;
+    /// The provider of texts and icons for a decoration key; null when there is none. The base has
+    /// none: tools then show neither text nor icon.
+    [[nodiscard]] virtual const ExDecoration *decoration(const char *key) const;
     /// Lets the user edit the settings of a tool: those among @p properties whose keys match one of
-    /// the patterns.
+    /// the patterns. The base takes propertyBrowser() for it, and does not wait.
     virtual void editToolProperties(
-        const std::list<KxVariant *> &properties, const QList<QRegularExpression> &patterns)
-        = 0;
-    /// Whether the context menus of tools are to leave "Properties..." out.
-    [[nodiscard]] virtual bool toolContextMenuHidesProperties() const = 0;
-    /// Whether the context menus of tools are to show the tools' keys and shortcuts.
-    [[nodiscard]] virtual bool toolContextMenuShowsIdentification() const = 0;
+        const std::list<KxVariant *> &properties, const QList<QRegularExpression> &patterns);
+    /// Whether the context menus of tools are to leave "Properties..." out. The base does not.
+    [[nodiscard]] virtual bool toolContextMenuHidesProperties() const;
+    /// Whether the context menus of tools are to show the tools' keys and shortcuts. The base does
+    /// not.
+    [[nodiscard]] virtual bool toolContextMenuShowsIdentification() const;
 
     // Style.
 
