@@ -36,6 +36,20 @@ public:
         m_call = handler == nullptr ? nullptr : &callStored<Class>;
     }
 
+    /// Dead actions, without a handler or without a receiver: null constants have no type from
+    /// which the constructor above could tell the classes. Enough to remove an action by, too:
+    /// handlers are not compared then.
+    ExActionCore(
+        const Signal &actionSignal, ExActionHandlerCore *receiver, std::nullptr_t /*handler*/)
+        : signal(actionSignal)
+        , m_receiver(receiver)
+    { }
+    template <typename Class>
+    ExActionCore(const Signal &actionSignal, std::nullptr_t /*receiver*/,
+        bool (Class::* /*handler*/)(const Event &))
+        : signal(actionSignal)
+    { }
+
     /// An action whose handler is known when compiling; a little faster to call.
     template <auto handler, typename Receiver>
     static ExActionCore bound(const Signal &actionSignal, Receiver *receiver)

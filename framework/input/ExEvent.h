@@ -9,8 +9,10 @@ class QObject;
 class MOVARA_FRAMEWORK_EXPORT ExEvent : public ExSignal
 {
 public:
+    /// No signal, on nothing.
+    ExEvent() = default;
     /// No signal on @p eventObject, which is not owned and may be null.
-    explicit ExEvent(QObject *eventObject = nullptr)
+    explicit ExEvent(QObject *eventObject)
         : object(eventObject)
     { }
 
@@ -37,7 +39,7 @@ public:
     [[nodiscard]] ExBaseViewer *viewer() const;
 
     /// What received the toolkit's event; not owned; null after reading from a message.
-    QObject *object;
+    QObject *object = nullptr;
     /// Pointer position in the object's coordinates, in device-independent pixels; -1 when unknown.
     int x = -1;
     int y = -1;

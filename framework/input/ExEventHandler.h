@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <cstddef>
 #include <memory>
 
 class ExEventHandlerPrivate;
@@ -55,6 +56,8 @@ public:
     /// The last event on an object that no action has consumed; one without signal when the
     /// object's last event was no input, or when none is known.
     [[nodiscard]] ExEvent event(QObject *object) const;
+    /// No object is never seen. A null pointer constant would go to QObject::event() otherwise.
+    [[nodiscard]] ExEvent event(std::nullptr_t /*object*/) { return {}; }
     using QObject::event;
 
     /// True when an action has consumed the event: the toolkit is not to deliver it further. Mouse

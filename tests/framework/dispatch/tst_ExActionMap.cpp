@@ -253,10 +253,11 @@ private Q_SLOTS:
     {
         House house;
         Receiver *const a = house.receivers[u"a"_s].get();
-        house.map->addAction({{1}, static_cast<Receiver *>(nullptr), &Receiver::called});
+        house.map->addAction({{1}, nullptr, &Receiver::called});
         bool (Receiver::*const nothing)(const int &) = nullptr;
+        house.map->addAction({{1}, a, nullptr});
         house.map->addAction({{1}, a, nothing});
-        QCOMPARE(house.map->numEntries(1), 5U);
+        QCOMPARE(house.map->numEntries(1), 6U);
         {
             Receiver copy = *a; // Another receiver: it has no actions.
             house.map->removeReceiver(copy);

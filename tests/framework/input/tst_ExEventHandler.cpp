@@ -243,6 +243,7 @@ private Q_SLOTS:
         m_handler->connect(&second);
         m_handler->connect(nullptr);
         m_handler->disconnect(nullptr);
+        QVERIFY(!m_handler->event(nullptr).object);
         addToAll(m_logger);
         send(*m_widget, u"P1@1,1"_s);
         send(second, u"R1@1,1"_s);
