@@ -278,10 +278,15 @@ ExActionUI *ExToolBar::addToolPopup(ExToolGroup &group, ExTool *tool)
     QMenu *const menu = createMemberMenu(group);
     ExActionUI *const action = groupAction(group, tool);
     replaceInMenu(*menu, *action);
-    giveMenu(*action, menu);
     addAction(action);
     addToolsContextMenu(action);
-    if (auto *const button = qobject_cast<QToolButton *>(widgetForAction(action))) {
+    auto *const button = qobject_cast<QToolButton *>(widgetForAction(action));
+    if (button != nullptr) {
+        // Before the action has the menu: the button would lose it as soon as it got it.
+        button->setMenu(menu);
+    }
+    giveMenu(*action, menu);
+    if (button != nullptr) {
         button->setPopupMode(
             group.getUseInstantPopup() ? QToolButton::InstantPopup : QToolButton::MenuButtonPopup);
     }
@@ -351,13 +356,29 @@ void ExToolBar::dump() const
 
 bool ExToolBar::event(QEvent *event)
 {
+    const bool isHover = event->type() == QEvent::HoverMove;
+    if (isHover) {
+        keepCursor();
+    }
     const bool handled = QToolBar::event(event);
-    // The toolkit takes the cursor away beside the handle; a viewer's cursor is not to shine
-    // through.
-    if (event->type() == QEvent::HoverMove && !testAttribute(Qt::WA_SetCursor)) {
-        setCursor(Qt::ArrowCursor);
+    // Beside the handle the toolkit takes the cursor away, whoever has set it; a viewer's cursor is
+    // not to shine through.
+    if (isHover && !hasHandleCursor()) {
+        setCursor(m_ownCursor);
     }
     return handled;
+}
+
+void ExToolBar::keepCursor()
+{
+    if (!hasHandleCursor()) {
+        m_ownCursor = testAttribute(Qt::WA_SetCursor) ? cursor() : QCursor(Qt::ArrowCursor);
+    }
+}
+
+bool ExToolBar::hasHandleCursor() const
+{
+    return testAttribute(Qt::WA_SetCursor) && cursor().shape() == Qt::SizeAllCursor;
 }
 
 void ExToolBar::actionEvent(QActionEvent *event)

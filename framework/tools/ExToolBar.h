@@ -4,6 +4,7 @@
 #include "framework/tools/ExToolGroup.h"
 #include "framework/viewers/Ex.h"
 
+#include <QCursor>
 #include <QToolBar>
 
 class ExActionUI;
@@ -63,6 +64,7 @@ public:
     /// a configuration file as it is.
     void dump() const;
 
+    /// The cursor over the bar is what was set on it, or the arrow: never that of what is around.
     bool event(QEvent *event) override;
 
 public Q_SLOTS:
@@ -78,10 +80,14 @@ private:
     void initialize();
     void applyColors();
     void addToolsContextMenu(QAction *action);
+    void keepCursor();
+    [[nodiscard]] bool hasHandleCursor() const;
     [[nodiscard]] QMenu *createMemberMenu(const ExToolGroup &group);
     ExActionUI *groupAction(ExToolGroup &group, ExTool *tool);
 
     bool m_toolBarVisible = false;
+    /// What was set on the bar, to be set again when the toolkit has taken it away.
+    QCursor m_ownCursor{Qt::ArrowCursor};
     bool m_customDefined = false;
     Ex::ToolBarState m_initialState = Ex::TOOL_BAR_DOCKED;
 };

@@ -50,13 +50,11 @@ std::map<std::string, bool> &reportedTools()
     return *reported;
 }
 
-int logSetting()
+LogEnableType logSetting()
 {
     KxPropertyPool &pool = KxPropertyPool::instance();
     return pool
-        .property("Hidden.ToolLog", LogEnableType(LogEnableType::LET_ONCE_PER_STUDY),
-            pool.defaultSerializer())
-        .value()
+        .property("Hidden.ToolLog", LogEnableType::LET_ONCE_PER_STUDY, pool.defaultSerializer())
         .value();
 }
 
@@ -95,7 +93,7 @@ void logUse(const ExTool *tool, const char *use)
     if (key.empty()) {
         return;
     }
-    const int setting = logSetting();
+    const LogEnableType setting = logSetting();
     if (setting == LogEnableType::LET_NO || reportedTools().contains(key)) {
         return;
     }

@@ -10,15 +10,21 @@ class MOVARA_FRAMEWORK_EXPORT LogEnableType final : public KxTypedEnum<LogEnable
 {
 public:
     using KxTypedEnum::KxTypedEnum;
-    static const char *context() { return "Enumeration.LogEnableType"; }
+    static constexpr const char *context() { return "Enumeration.LogEnableType"; }
+    /// The value also stands for its number.
+    constexpr operator int() const { return value(); }
 
     /// Nothing.
-    static constexpr int LET_NO = 20;
+    static const LogEnableType LET_NO;
     /// A tool's first use, until ExToolLogger::clearReportedTools().
-    static constexpr int LET_ONCE_PER_STUDY = 21;
+    static const LogEnableType LET_ONCE_PER_STUDY;
     /// Every use.
-    static constexpr int LET_ALWAYS = 22;
+    static const LogEnableType LET_ALWAYS;
 };
+
+inline constexpr LogEnableType LogEnableType::LET_NO(20);
+inline constexpr LogEnableType LogEnableType::LET_ONCE_PER_STUDY(21);
+inline constexpr LogEnableType LogEnableType::LET_ALWAYS(22);
 
 /// Records which tools the user uses: a line in the log and an event to the back end for each use,
 /// as far as the setting "Hidden.ToolLog" has it (once per study by default). Null tools and tools

@@ -15,7 +15,7 @@
 class MOVARA_PLATFORM_EXPORT KxEnum
 {
 public:
-    [[nodiscard]] int value() const { return m_value; }
+    [[nodiscard]] constexpr int value() const { return m_value; }
     /// The registered name; empty when the value is not registered.
     [[nodiscard]] QString name() const;
     /// The label in the current language; empty when the value is not registered.
@@ -25,7 +25,7 @@ public:
 
 protected:
     /// @param context names the enumeration type and the translation context of its labels.
-    KxEnum(const char *context, int value)
+    constexpr KxEnum(const char *context, int value)
         : m_context(context)
         , m_value(value)
     { }
@@ -63,7 +63,8 @@ public:
     KxTypedEnum(const TypedEnumValue<E> &value)
         : KxEnum(E::context(), value.value())
     { }
-    explicit KxTypedEnum(int value)
+    /// A constant when the type's context is one.
+    constexpr explicit KxTypedEnum(int value)
         : KxEnum(E::context(), value)
     { }
 

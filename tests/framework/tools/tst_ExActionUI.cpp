@@ -53,8 +53,7 @@ private Q_SLOTS:
         QTest::failOnWarning(
             QRegularExpression(u"^(?!This plugin does not support propagateSize)"_s));
         KxPropertyPool &pool = KxPropertyPool::instance();
-        pool.property(
-            "Hidden.ToolLog", LogEnableType(LogEnableType::LET_ALWAYS), pool.defaultSerializer());
+        pool.property("Hidden.ToolLog", LogEnableType::LET_ALWAYS, pool.defaultSerializer());
         m_app = std::make_unique<FakeApplication>();
         m_manager = std::make_unique<FakeViewerManager>();
         takeLog();

@@ -115,6 +115,22 @@ private Q_SLOTS:
         factory.setCurrentStyle(u"Native Style"_s);
     }
 
+    void cursorStaysAsItWasSet()
+    {
+        QWidget window; // Only in one does the toolkit leave a bar without a cursor.
+        window.setCursor(Qt::WaitCursor);
+        m_bar->setParent(&window);
+        QHoverEvent hover(QEvent::HoverMove, QPointF(1, 1), QPointF(), QPointF());
+        m_bar->setCursor(Qt::CrossCursor);
+        for (const Qt::CursorShape shape : {Qt::CrossCursor, Qt::ArrowCursor}) {
+            QApplication::sendEvent(m_bar.get(), &hover);
+            QApplication::sendEvent(m_bar.get(), &hover);
+            QCOMPARE(m_bar->cursor().shape(), shape);
+            m_bar->unsetCursor();
+        }
+        m_bar->setParent(nullptr);
+    }
+
     void addingAndRemoving()
     {
         FakeTool *const zoom = makeTool("Zoom");
@@ -155,6 +171,7 @@ private Q_SLOTS:
         QCOMPARE(QString(popup->menu()->objectName() % u": " % texts(*popup->menu())),
             u"Measure: &Distance|&Angle"_s);
         QCOMPARE(button(popup)->popupMode(), QToolButton::MenuButtonPopup);
+        QCOMPARE(button(popup)->menu(), popup->menu());
         click(popup);
         QVERIFY(distance->isActive() && popup->isChecked());
         angle->setActive(true);
@@ -167,6 +184,7 @@ private Q_SLOTS:
         QCOMPARE(m_bar->addToolPopup(measure, angle), popup); // The group has its button already.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(menu.isNull() && button(popup)->popupMode() == QToolButton::InstantPopup);
+        QCOMPARE(button(popup)->menu(), popup->menu());
         angle->enabled = false;
         viewer->imageSets[0].reset();
         QCOMPARE(click(popup), u"&Distance|&Angle"_s);

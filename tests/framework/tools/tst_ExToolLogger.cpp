@@ -90,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(useTools(),
             QString(twice).insert(
                 twice.indexOf(u')') + 1, QString(u"[ToolLog] a untoggled" % event)));
-        setting->fromString(u"LET_NO"_s);
+        *setting = LogEnableType::LET_NO;
         QCOMPARE(useTools(), QString());
     }
 
