@@ -152,7 +152,6 @@ private Q_SLOTS:
         environment.insert(u"XDG_RUNTIME_DIR"_s, QDir::tempPath());
         environment.insert(u"XDG_DATA_HOME"_s, home.path());
         environment.insert(u"MOVARA_SETTINGS_FILE"_s, home.filePath(u"settings.ini"_s));
-        environment.insert(u"MOVARA_SITE_SETTINGS"_s, home.filePath(u"site.ini"_s));
         environment.insert(u"MOVARA_LOG_DIR"_s, home.path());
         const QString left
             = home.filePath(u"movara-workstation/autosave/autosave-1.movara-session"_s);
