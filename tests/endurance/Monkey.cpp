@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDrag>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -49,6 +50,8 @@ void endDialogs(bool accepts)
         question->buttons().constFirst()->click();
     } else if (auto *const dialog = qobject_cast<QDialog *>(modal)) {
         dialog->reject();
+    } else {
+        QDrag::cancel(); // It waits for the display's own mouse, which nobody moves.
     }
 }
 
