@@ -120,8 +120,10 @@ void WorkSession::connectSession()
         [this](const QString &name) { showMessage(tr("Closed: %1").arg(name)); });
     connect(&m_workstation->gate(), &LoadGate::patientLockChanged, this,
         [this](const QStringList &names) {
-            showMessage(names.isEmpty() ? tr("The patient is no longer locked.")
-                                        : tr("Locked: %1").arg(names.join(QStringLiteral("; "))));
+            m_status->setLocked(names);
+            if (names.isEmpty()) {
+                showMessage(tr("The patient is no longer locked."));
+            }
         });
     connect(&m_workstation->gate(), &LoadGate::changed, this,
         [] { WorkstationApplication::instance().refreshTools(); });

@@ -1515,6 +1515,17 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     </message>
 </context>
 <context>
+    <name>StatusLine</name>
+    <message>
+        <source>Locked: %1</source>
+        <translation>Gesperrt: %1</translation>
+    </message>
+    <message>
+        <source>Only %1 can be opened, until File &gt; Lock patient is switched off.</source>
+        <translation>Nur %1 kann geöffnet werden, bis Datei &gt; Patient sperren ausgeschaltet wird.</translation>
+    </message>
+</context>
+<context>
     <name>StudiesPart</name>
     <message>
         <source>Studies</source>
@@ -2548,10 +2559,6 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>The patient is no longer locked.</source>
         <translation>Der Patient ist nicht mehr gesperrt.</translation>
-    </message>
-    <message>
-        <source>Locked: %1</source>
-        <translation>Gesperrt: %1</translation>
     </message>
 </context>
 <context>

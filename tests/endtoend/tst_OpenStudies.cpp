@@ -15,6 +15,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -182,9 +183,11 @@ private Q_SLOTS:
             log += QString(QLatin1String(lock.isEnabled() ? "enabled" : "disabled")
                 % QLatin1String(lock.isChecked() ? " on" : " off"));
         };
+        const auto *const status = m_fixture->window().findChild<QStatusBar *>();
+        const auto *const locked = status->findChild<QLabel *>(u"LockedPatients"_s);
         const auto click = [&] {
             lock.trigger();
-            log += m_fixture->window().findChild<QStatusBar *>()->currentMessage();
+            log += locked->isVisible() ? locked->text() : status->currentMessage();
             tell();
         };
         tell();

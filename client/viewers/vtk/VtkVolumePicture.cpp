@@ -121,6 +121,7 @@ public:
         m_window->SetSize(scene.pixels.width(), scene.pixels.height());
         setCamera(scene);
         m_window->Render();
+        m_interrupted = nullptr;
         if (interrupted()) {
             return {};
         }
@@ -187,7 +188,7 @@ private:
     static void checkAbort(vtkObject *, unsigned long, void *self, void *)
     {
         auto &picture = *static_cast<VtkVolumePicture *>(self);
-        if ((*picture.m_interrupted)()) {
+        if (picture.m_interrupted != nullptr && (*picture.m_interrupted)()) {
             picture.m_window->SetAbortRender(1);
         }
     }
