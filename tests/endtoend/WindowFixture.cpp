@@ -1,10 +1,13 @@
 #include "tests/endtoend/WindowFixture.h"
 
 #include "client/links/LinkType.h"
+#include "framework/monitors/ExMonitorManager.h"
 #include "framework/viewers/ExViewerDB.h"
+#include "platform/properties/KxPropertyPool.h"
 
 #include <QApplication>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -31,6 +34,22 @@ bool hasWindows()
 
 } // namespace
 
+McHandle<NotificationWatch> watch(QStringList &log, std::vector<ExNotification::Type> types)
+{
+    const auto note = [&log](const ExNotification &n) {
+        const auto &viewer = static_cast<const WorkstationViewer &>(*n.viewer());
+        log += QLatin1String(ExNotification::Type2String(n.type())) % u' '
+            % QString::fromStdString(viewer.displaySetID());
+    };
+    return McHandle<NotificationWatch>(new NotificationWatch(std::move(types), note));
+}
+
+void setMonitors(const char *monitors)
+{
+    qputenv("MOVARA_MONITORS", monitors);
+    ExMonitorManager::instance().readMonitorConfiguration();
+}
+
 WindowFixture::WindowFixture()
     : m_session(std::make_unique<WorkSession>())
 {
@@ -39,6 +58,12 @@ WindowFixture::WindowFixture()
     if (!QTest::qWaitForWindowExposed(&window())) {
         qFatal("the window with the viewers is not shown");
     }
+}
+
+WindowFixture::WindowFixture(const McHandle<LoadedSeries> &series)
+    : WindowFixture()
+{
+    show(series);
 }
 
 WindowFixture::~WindowFixture()
@@ -60,6 +85,17 @@ PrivateSettings &WindowFixture::settings()
 {
     static PrivateSettings settings;
     return settings;
+}
+
+void WindowFixture::forgetSettings(const QString &pattern)
+{
+    settings();
+    for (KxVariant *setting : KxPropertyPool::instance().properties()) {
+        if (setting->key().contains(QRegularExpression(pattern))) {
+            setting->resetToDefault();
+            setting->serialize();
+        }
+    }
 }
 
 SliceViewer &WindowFixture::slice(int i)

@@ -1,14 +1,26 @@
 #pragma once
 
+#include "client/app/NotificationWatch.h"
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/desktop/Desktop.h"
 #include "client/viewers/SliceViewer.h"
 #include "client/viewers/ViewerRenderWidget.h"
+#include "framework/tools/ExTool.h"
 #include "tests/client/support/PhantomSeries.h"
 #include "tests/support/PrivateSettings.h"
 
-#include <QStringList>
+/// The tool with this key, made when it is not there yet.
+inline ExTool &tool(const char *key)
+{
+    return *ExTool::getToolByDecorationKey(key, true);
+}
+
+/// Writes "TYPE display-set" to a log for each notification of these types about a viewer.
+McHandle<NotificationWatch> watch(QStringList &log, std::vector<ExNotification::Type> types);
+
+/// Makes the program see other monitors, as text of MOVARA_MONITORS.
+void setMonitors(const char *monitors);
 
 /// The real workstation on the screen, with input as a user gives it. Checks at its end that
 /// nothing of its windows is left behind.
@@ -16,10 +28,14 @@ class WindowFixture
 {
 public:
     WindowFixture();
+    /// Shows a series in all viewers.
+    explicit WindowFixture(const McHandle<LoadedSeries> &series);
     ~WindowFixture();
 
     /// Settings and rights of the process; not those of whoever runs the tests.
     static PrivateSettings &settings();
+    /// Forgets the settings whose keys match a regular expression somewhere.
+    static void forgetSettings(const QString &pattern);
     [[nodiscard]] WorkSession &session() { return *m_session; }
     /// The one with the viewers.
     [[nodiscard]] ExMonitorWidget &window() { return *m_session->desktop().viewersWindow(); }

@@ -1,24 +1,12 @@
-#include "client/app/NotificationWatch.h"
-#include "client/desktop/MonitorMap.h"
 #include "client/desktop/PlacementDialog.h"
 #include "client/panels/ProgressLine.h"
 #include "client/panels/StudyTree.h"
 #include "framework/monitors/ExMonitorManager.h"
-#include "framework/tools/ExTool.h"
-#include "framework/tools/ExToolBar.h"
 #include "platform/properties/KxPropertyPool.h"
 #include "tests/endtoend/WindowFixture.h"
-#include "tests/support/Rows.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QTest>
-#include <QToolButton>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -27,12 +15,6 @@ namespace {
 ExMonitorManager &manager()
 {
     return ExMonitorManager::instance();
-}
-
-void setMonitors(const char *monitors)
-{
-    qputenv("MOVARA_MONITORS", monitors);
-    manager().readMonitorConfiguration();
 }
 
 } // namespace
@@ -45,14 +27,7 @@ class tst_Desktop : public QObject
 private Q_SLOTS:
     void init()
     {
-        WindowFixture::settings();
-        for (KxVariant *setting : KxPropertyPool::instance().properties()) {
-            if (setting->key().contains("Placement"_L1)
-                || setting->key().contains("ToolBarState"_L1)) {
-                setting->resetToDefault();
-                setting->serialize();
-            }
-        }
+        WindowFixture::forgetSettings(u"Placement|ToolBarState"_s);
         setMonitors("1600x1200,1600x1200");
     }
 
@@ -67,7 +42,7 @@ private Q_SLOTS:
             QVERIFY(manager().monitorRect(1).contains(fixture.window().geometry()));
             fixture.window().setGeometry(place);
             fixture.window().mainWindow()->addToolBar(Qt::LeftToolBarArea, bar(u"Mouse"_s));
-            ExTool::getToolByDecorationKey("View.ShowToolBars", true)->setActive(false);
+            tool("View.ShowToolBars").setActive(false);
             QVERIFY(!bar(u"Mouse"_s)->isVisible());
         }
         using Record = KxProperty<ExMonitorWidget::Configuration>;
@@ -114,13 +89,8 @@ private Q_SLOTS:
         QCOMPARE(viewers().back(), &other);
 
         QStringList log;
-        const McHandle<NotificationWatch> watch(new NotificationWatch(
-            {ExNotification::ABOUT_TO_DELETE_VIEWERS, ExNotification::ACTIVE_VIEWER_CHANGED},
-            [&log](const ExNotification &n) {
-                const auto *const viewer = static_cast<const WorkstationViewer *>(n.viewer());
-                log += QString::fromLatin1(ExNotification::Type2String(n.type())) % u' '
-                    % QString::fromStdString(viewer->displaySetID());
-            }));
+        const auto watching = watch(
+            log, {ExNotification::ABOUT_TO_DELETE_VIEWERS, ExNotification::ACTIVE_VIEWER_CHANGED});
         fixture.slice(1).setSliceIndex(7);
         const QPointer<QWidget> lost = other.widget();
         setMonitors("1600x1200");
@@ -135,8 +105,7 @@ private Q_SLOTS:
 
     void keptWithTheMonitor()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(PhantomSeries::Grid::Axial));
         fixture.slice(0).setSliceIndex(9);
         const WorkstationViewer *const before = &fixture.slice(0);
         desktop(fixture).place({{1}, 1}); // The area moves along.
@@ -166,9 +135,7 @@ private Q_SLOTS:
             QCOMPARE(desktop(fixture).windows().size(), 2);
             auto *const own = qobject_cast<ExMonitorWidget *>(tree->window());
             QCOMPARE(own->windowTitle(), u"Studies – Movara"_s);
-            QVERIFY(manager()
-                        .monitorRect(static_cast<unsigned int>(apart.studies))
-                        .contains(own->geometry()));
+            QVERIFY(manager().monitorRect(unsigned(apart.studies)).contains(own->geometry()));
             QCOMPARE(
                 own->menuBar()->actions().size(), fixture.window().menuBar()->actions().size());
             // What belongs to the viewers stays with them.
@@ -181,10 +148,10 @@ private Q_SLOTS:
         desktop(fixture).place({{0}, 0});
         QVERIFY(isBeside());
         // Full screen arranges the window anew.
-        ExTool::getToolByDecorationKey("Window.FullScreen", true)->setActive(true);
-        QVERIFY(fixture.window().isFullScreen() && isBeside());
-        ExTool::getToolByDecorationKey("Window.FullScreen", true)->setActive(false);
-        QVERIFY(!fixture.window().isFullScreen() && isBeside());
+        for (const bool on : {true, false}) {
+            tool("Window.FullScreen").setActive(on);
+            QVERIFY(fixture.window().isFullScreen() == on && isBeside());
+        }
     }
 
     void toolBarsThatDoNotFit()
@@ -213,17 +180,16 @@ private Q_SLOTS:
         WindowFixture fixture;
         const QWidget *const viewer = fixture.workstation().activeViewer()->widget();
         QTRY_COMPARE(fixture.window().focusWidget(), viewer);
-        ExTool *const fullScreen = ExTool::getToolByDecorationKey("Window.FullScreen", true);
         for (const bool on : {true, false}) {
             fixture.window().findChild<QToolButton *>()->setFocus();
-            fullScreen->setActive(on);
+            tool("Window.FullScreen").setActive(on);
             QTRY_COMPARE(fixture.window().focusWidget(), viewer);
         }
         // Not taken from where the user types.
         QLineEdit field(fixture.window().mainWindow());
         field.show();
         field.setFocus();
-        fullScreen->setActive(true);
+        tool("Window.FullScreen").setActive(true);
         QCoreApplication::processEvents();
         QTRY_COMPARE(fixture.window().focusWidget(), &field);
     }
@@ -236,8 +202,8 @@ private Q_SLOTS:
         dialog.show();
         const QList<QCheckBox *> boxes = dialog.findChildren<QCheckBox *>(); // 2 a monitor
         QCOMPARE(boxes.size(), 6);
-        const QPushButton *const ok
-            = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+        const auto *const buttons = dialog.findChild<QDialogButtonBox *>();
+        const QPushButton *const ok = buttons->button(QDialogButtonBox::Ok);
         const auto *const explanation = dialog.findChild<QLabel *>(u"Explanation"_s);
         const auto click = [&](int box) {
             QVERIFY(boxes[box]->height() >= 24);
@@ -254,8 +220,7 @@ private Q_SLOTS:
         QVERIFY(ok->isEnabled());
         click(3); // The list of studies leaves the first monitor.
         QVERIFY(!boxes[1]->isChecked());
-        QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply),
-            Qt::LeftButton);
+        buttons->button(QDialogButtonBox::Apply)->click();
         const Placement expected{{1, 2}, 1};
         QCOMPARE(desktop(fixture).placement(), expected);
         QCOMPARE(fixture.window().geometry(), QRect(1600, 0, 3200, 1200));

@@ -2,8 +2,6 @@
 #include "framework/monitors/ExMonitorManager.h"
 #include "tests/endtoend/WindowFixture.h"
 
-#include <QApplication>
-#include <QMainWindow>
 #include <QMenuBar>
 #include <QProcess>
 #include <QTest>

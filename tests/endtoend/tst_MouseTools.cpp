@@ -1,12 +1,7 @@
-#include "client/measurements/MeasurementView.h"
-#include "framework/tools/ExContextToolBar.h"
-#include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolBar.h"
 #include "tests/endtoend/WindowFixture.h"
-#include "tests/support/Rows.h"
 
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QTest>
 
@@ -20,7 +15,7 @@ namespace {
 
 void activate(const char *key)
 {
-    ExTool::getToolByDecorationKey(key, true)->setActive(true);
+    tool(key).setActive(true);
 }
 
 QStringList activeTools()
@@ -28,7 +23,7 @@ QStringList activeTools()
     QStringList keys;
     for (const char *key : {"Tool.WindowLevel", "Tool.Scroll", "Tool.Zoom", "Tool.Pan",
              "Tool.Rotate", "Measure.Distance", "Measure.Angle", "Measure.Region"}) {
-        if (ExTool::getToolByDecorationKey(key, true)->isActive()) {
+        if (tool(key).isActive()) {
             keys += QString::fromLatin1(key);
         }
     }
@@ -66,10 +61,10 @@ private Q_SLOTS:
         QVERIFY(
             slice(0).widget()->overlay().corners[OverlayContent::BottomRight].contains(u"Zoom"_s));
         // Switched off, the standard one takes over, and that one stays.
-        ExTool::getToolByDecorationKey("Tool.Zoom", true)->setActive(false);
-        QCOMPARE(activeTools(), QStringList{u"Tool.WindowLevel"_s});
-        ExTool::getToolByDecorationKey("Tool.WindowLevel", true)->setActive(false);
-        QCOMPARE(activeTools(), QStringList{u"Tool.WindowLevel"_s});
+        for (const char *key : {"Tool.Zoom", "Tool.WindowLevel"}) {
+            tool(key).setActive(false);
+            QCOMPARE(activeTools(), QStringList{u"Tool.WindowLevel"_s});
+        }
         // New viewers have it as well.
         m_fixture->session().setLayoutByName(u"1+3"_s);
         m_fixture->settle();
@@ -80,57 +75,24 @@ private Q_SLOTS:
     void otherButtonsStay()
     {
         activate("Measure.Distance");
-        const double zoom = slice(0).zoom();
-        m_fixture->drag(slice(0), Qt::RightButton, {0, -90});
-        QVERIFY(isNear(slice(0).zoom(), zoom * std::exp(90 / 200.0)));
-        const McVec3d under = slice(0).patientAt({100, 100});
-        m_fixture->drag(slice(0), Qt::MiddleButton, {30, 15});
-        QVERIFY((slice(0).patientAt({130, 115}) - under).length() < 1e-6);
+        QCOMPARE(changedBy(Qt::RightButton), u"zoom"_s);
+        QCOMPARE(changedBy(Qt::MiddleButton), u"center"_s);
         const int index = slice(0).sliceIndex();
         m_fixture->wheel(slice(0), -2);
         QCOMPARE(slice(0).sliceIndex(), index + 2);
-        m_fixture->drag(slice(0), Qt::LeftButton, {0, 60}, Qt::ControlModifier);
-        QCOMPARE(slice(0).plane(), PlaneKind::Oblique);
+        QCOMPARE(changedBy(Qt::LeftButton, Qt::ControlModifier), u"plane"_s);
         QVERIFY(list().all().empty());
-    }
-
-    void toolsDrag_data()
-    {
-        const Rows<QByteArray, QString> row("key", "changed");
-        row("window level", QByteArray("Tool.WindowLevel"), "window");
-        row("scroll", QByteArray("Tool.Scroll"), "slice");
-        row("zoom", QByteArray("Tool.Zoom"), "zoom");
-        row("pan", QByteArray("Tool.Pan"), "center");
-        row("turn", QByteArray("Tool.Rotate"), "plane");
     }
 
     void toolsDrag()
     {
-        QFETCH(const QByteArray, key);
-        QFETCH(const QString, changed);
-        activate(key);
-        const SliceViewer &viewer = slice(0);
-        const KxSlice before = viewer.shownSlice();
-        const int index = viewer.sliceIndex();
-        const double zoom = viewer.zoom();
-        m_fixture->drag(slice(0), Qt::LeftButton, {0, 60});
-        QStringList changes;
-        if (viewer.window().center != 0) {
-            changes += u"window"_s;
+        const std::pair<const char *, QString> rows[]
+            = {{"Tool.WindowLevel", u"window"_s}, {"Tool.Scroll", u"slice"_s},
+                {"Tool.Zoom", u"zoom"_s}, {"Tool.Pan", u"center"_s}, {"Tool.Rotate", u"plane"_s}};
+        for (const auto &[key, changed] : rows) {
+            activate(key);
+            QCOMPARE(changedBy(Qt::LeftButton), changed);
         }
-        if (viewer.plane() == PlaneKind::Oblique) {
-            changes += u"plane"_s;
-        } else if (viewer.sliceIndex() != index) {
-            changes += u"slice"_s;
-        }
-        if (viewer.zoom() != zoom) {
-            changes += u"zoom"_s;
-        }
-        const McVec3d shift = viewer.shownSlice().center() - before.center();
-        if ((shift - before.normal() * shift.dot(before.normal())).length() > 1e-9) {
-            changes += u"center"_s;
-        }
-        QCOMPARE(changes.join(u' '), changed);
     }
 
     void distance()
@@ -149,7 +111,7 @@ private Q_SLOTS:
         QVERIFY(isNear(MeasurementGeometry::distance(list().all()[1]), mm(100)));
         drag({300, 50}, {302, 52}); // a slip
         move({400, 300});
-        QTest::keyClick(slice(0).widget(), Qt::Key_Escape);
+        pressKey(Qt::Key_Escape);
         QCOMPARE(list().all().size(), 2U);
         QCOMPARE(slice(0).window().width, 2000.0);
     }
@@ -166,16 +128,16 @@ private Q_SLOTS:
         drag({150, 150}, {170, 150});
         QVERIFY(isNear((list().all()[0].points[1] - end).length(), mm(20)));
         click({40, 200}); // Beside it: nothing is picked, and a shape begun
-        QTest::keyClick(slice(0).widget(), Qt::Key_Escape);
+        pressKey(Qt::Key_Escape);
         QCOMPARE(list().picked(), 0);
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+        pressKey(Qt::Key_Delete);
         QCOMPARE(list().all().size(), 1U);
         click({170, 150});
         m_fixture->wheel(slice(0), 1);
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete); // It is not seen here.
+        pressKey(Qt::Key_Delete); // It is not seen here.
         QCOMPARE(list().all().size(), 1U);
         m_fixture->wheel(slice(0), -1);
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+        pressKey(Qt::Key_Delete);
         QVERIFY(list().all().empty());
     }
 
@@ -188,7 +150,7 @@ private Q_SLOTS:
         press({150, 100});
         move({150, 160});
         QVERIFY(!(list().all()[0] == before));
-        QTest::keyClick(slice(0).widget(), Qt::Key_Escape);
+        pressKey(Qt::Key_Escape);
         QVERIFY(list().all()[0] == before);
         release({150, 160});
         QVERIFY(list().all()[0] == before);
@@ -209,30 +171,29 @@ private Q_SLOTS:
         QStringList numCorners;
         const auto note = [&] {
             const Measurement *const draft = list().draft();
-            numCorners += draft == nullptr ? QStringLiteral("-")
-                                           : QString::number(draft->points.size() - 1);
+            numCorners += draft == nullptr ? u"-"_s : QString::number(draft->points.size() - 1);
         };
         click({60, 60});
         click({140, 60});
-        QTest::keyClick(slice(0).widget(), Qt::Key_Return); // Two corners are no polygon yet.
+        pressKey(Qt::Key_Return); // Two corners are no polygon yet.
         note();
-        click({140, 160});
-        note();
-        QTest::keyClick(slice(0).widget(), Qt::Key_Backspace);
-        note();
-        click({60, 220});
-        note();
-        for (int i = 0; i < 3; ++i) {
-            QTest::keyClick(slice(0).widget(), Qt::Key_Backspace);
+        for (const QPoint &corner : {QPoint(140, 160), QPoint(60, 220)}) {
+            click(corner);
+            note();
+            pressKey(Qt::Key_Backspace);
             note();
         }
-        QCOMPARE(numCorners.join(u' '), QStringLiteral("2 3 2 3 2 1 -"));
+        for (int i = 0; i < 2; ++i) {
+            pressKey(Qt::Key_Backspace);
+            note();
+        }
+        QCOMPARE(numCorners.join(u' '), u"2 3 2 3 2 1 -"_s);
         QVERIFY(list().all().empty());
     }
 
     void undone()
     {
-        ExTool &undo = *ExTool::getToolByDecorationKey("Edit.Undo", true);
+        ExTool &undo = tool("Edit.Undo");
         const auto pressUndo = [this] {
             QCoreApplication::processEvents(); // The tool becomes enabled.
             QTest::keyClick(m_fixture->window().windowHandle(), Qt::Key_Z, Qt::ControlModifier);
@@ -245,7 +206,7 @@ private Q_SLOTS:
         drag({150, 100}, {150, 140});
         const std::vector<Measurement> dragged = list().all();
         QVERIFY(dragged != drawn);
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+        pressKey(Qt::Key_Delete);
         QCOMPARE(list().all().size(), 1U);
         activate("Measure.DeleteAll");
         QVERIFY(list().all().empty());
@@ -255,7 +216,7 @@ private Q_SLOTS:
         press({150, 200});
         move({150, 260});
         QVERIFY(!undo.isEnabled(&slice(0))); // while one is dragged
-        QTest::keyClick(slice(0).widget(), Qt::Key_Escape);
+        pressKey(Qt::Key_Escape);
         release({150, 260});
         pressUndo();
         QVERIFY(list().all() == drawn);
@@ -264,16 +225,16 @@ private Q_SLOTS:
 
     void toolIsLeft()
     {
-        const ExTool &erase = *ExTool::getToolByDecorationKey("Measure.Delete", true);
+        const ExTool &erase = tool("Measure.Delete");
         activate("Measure.Region");
         drag({60, 60}, {160, 160});
         QVERIFY(erase.isEnabled(&slice(0)));
         QVERIFY(!erase.isEnabled(&slice(1))); // It is not seen there.
         activate("Tool.WindowLevel");
         QCOMPARE(list().picked(), 0);
-        QVERIFY(!slice(0).widget()->overlay().shapes.value(0).isPicked);
+        QVERIFY(!shape(0).isPicked);
         QVERIFY(!erase.isEnabled(&slice(0)));
-        const ExTool &region = *ExTool::getToolByDecorationKey("Measure.Region", true);
+        const ExTool &region = tool("Measure.Region");
         QVERIFY(region.isEnabled(&slice(0)));
         slice(0).setSeries({});
         QVERIFY(!region.isEnabled(&slice(0)) && !region.isEnabled(nullptr));
@@ -321,11 +282,11 @@ private Q_SLOTS:
         activate("Measure.Region");
         drag(ball - QPoint(half, half), ball + QPoint(half, half));
         QVERIFY2(result(0).contains(u"Mean 1000.0 ± 0.00 HU"_s), qPrintable(result(0)));
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+        pressKey(Qt::Key_Delete);
         activate("Measure.Rectangle");
         drag(ball - QPoint(60, 60), ball + QPoint(60, 60));
         QVERIFY2(result(0).contains(u"Min 0.00  Max 1000.0 HU"_s), qPrintable(result(0)));
-        QTest::keyClick(slice(0).widget(), Qt::Key_Delete);
+        pressKey(Qt::Key_Delete);
         activate("Measure.Polygon");
         for (const QPoint &corner : {QPoint(60, 60), QPoint(140, 60), QPoint(140, 160)}) {
             click(corner);
@@ -334,8 +295,7 @@ private Q_SLOTS:
         QVERIFY(slice(1).widget()->isVisible()); // It did not show the viewer on the full screen.
         QVERIFY(isNear(*MeasurementGeometry::area(list().all()[0]), mm(80) * mm(100), 0.1));
         press({200, 60});
-        for (const QPoint &at :
-            {QPoint(260, 60), QPoint(260, 120), QPoint(200, 120), QPoint(200, 66)}) {
+        for (const QPoint &at : QList<QPoint>{{260, 60}, {260, 120}, {200, 120}, {200, 66}}) {
             move(at);
         }
         release({200, 62});
@@ -375,19 +335,42 @@ private Q_SLOTS:
         find("Copy results")->trigger();
         const QString text = QGuiApplication::clipboard()->text();
         QVERIFY2(text.startsWith(u"Rectangle 1\tArea "_s), qPrintable(text));
-        find("Delete measurement")->trigger();
-        QVERIFY(list().all().empty());
-        drag({60, 60}, {160, 160});
-        drag({60, 200}, {160, 260});
-        QTRY_VERIFY(find("Delete all measurements")->isEnabled());
-        find("Delete all measurements")->trigger();
-        QVERIFY(list().all().empty());
+        for (const char *deletes : {"Delete measurement", "Delete all measurements"}) {
+            QTRY_VERIFY(find(deletes)->isEnabled());
+            find(deletes)->trigger();
+            QVERIFY(list().all().empty());
+            drag({60, 60}, {160, 160});
+            drag({60, 200}, {160, 260});
+        }
         activate("Tool.Scroll");
         QTRY_VERIFY(!bar->isVisible());
     }
 
 private:
     SliceViewer &slice(int i) { return m_fixture->slice(i); }
+
+    /// What of the first viewer differs after it was dragged on.
+    QString changedBy(Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {})
+    {
+        const SliceViewer &viewer = slice(0);
+        const KxSlice before = viewer.shownSlice();
+        const int index = viewer.sliceIndex();
+        const double zoom = viewer.zoom();
+        const double center = viewer.window().center;
+        m_fixture->drag(slice(0), button, {0, 60}, modifiers);
+        const bool isTurned = viewer.shownSlice().normal() != before.normal();
+        const McVec3d shift = viewer.shownSlice().center() - before.center();
+        const McVec3d across = shift - before.normal() * shift.dot(before.normal());
+        const std::pair<bool, QString> changes[] = {{viewer.window().center != center, u"window"_s},
+            {isTurned, u"plane"_s}, {!isTurned && viewer.sliceIndex() != index, u"slice"_s},
+            {viewer.zoom() != zoom, u"zoom"_s}, {across.length() > 1e-9, u"center"_s}};
+        QStringList names;
+        for (const auto &[isChanged, name] : changes) {
+            names += isChanged ? QStringList(name) : QStringList();
+        }
+        return names.join(u' ');
+    }
+
     MeasurementList &list() { return m_fixture->workstation().measurements(); }
 
     void press(const QPoint &at)
@@ -426,11 +409,10 @@ private:
         release(to);
     }
 
+    OverlayContent::Shape shape(int i) { return slice(0).widget()->overlay().shapes.value(i); }
     /// What a measurement says, its lines joined.
-    QString result(int i)
-    {
-        return slice(0).widget()->overlay().shapes.value(i).label.join(QLatin1Char('|'));
-    }
+    QString result(int i) { return shape(i).label.join(u'|'); }
+    void pressKey(Qt::Key key) { QTest::keyClick(slice(0).widget(), key); }
     [[nodiscard]] double mm(double pixels) { return pixels / slice(0).zoom(); }
 
     std::unique_ptr<WindowFixture> m_fixture;

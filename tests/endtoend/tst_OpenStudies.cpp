@@ -1,4 +1,3 @@
-#include "client/app/NotificationWatch.h"
 #include "client/layout/ViewerArea.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/StatusText.h"
@@ -8,21 +7,12 @@
 #include "framework/tools/ExActionUI.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
+#include "tests/support/DragAndDrop.h"
 #include "tests/support/NextDialog.h"
-#include "tests/support/Rows.h"
 
-#include <QAction>
-#include <QDialog>
-#include <QDir>
-#include <QDragEnterEvent>
-#include <QLabel>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QStatusBar>
 #include <QTest>
-#include <QTreeWidgetItemIterator>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -36,9 +26,10 @@ bool showsBright(const WorkstationViewer &viewer)
     return !frame.isNull() && qGray(frame.pixel(frame.rect().center())) == 255;
 }
 
-void clickOk(QWidget &dialog)
+auto click(QMessageBox::StandardButton button)
 {
-    dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Ok)->click();
+    return
+        [button](QWidget &dialog) { dynamic_cast<QMessageBox &>(dialog).button(button)->click(); };
 }
 
 } // namespace
@@ -83,10 +74,8 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->window().windowTitle(), u"Doe, Jane – Movara"_s);
         QCOMPARE(overlay.progress, 1.0);
         // Both series have a picture, of their own form.
-        QTreeWidgetItem *const study = tree().topLevelItem(0)->child(0);
-        for (int i = 0; i < study->childCount(); ++i) {
-            QVERIFY(!study->child(i)->icon(0).isNull());
-        }
+        const QTreeWidgetItem &study = *tree().topLevelItem(0)->child(0);
+        QVERIFY(!study.child(0)->icon(0).isNull() && !study.child(1)->icon(0).isNull());
     }
 
     void otherSeriesByDoubleClick()
@@ -94,10 +83,10 @@ private Q_SLOTS:
         largestSeriesIsShown();
         tree().setCurrentItem(tree().topLevelItem(0)->child(0)->child(0));
         Q_EMIT tree().itemActivated(tree().currentItem(), 0);
-        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        for (const WorkstationViewer *each : workstation().viewers()) {
             QCOMPARE(each->series()->uid(), std::string("2.25.1.1"));
         }
-        QTRY_VERIFY(m_fixture->workstation().isSettled());
+        m_fixture->settle();
         QCOMPARE(m_fixture->slice(0).stack().count(), 2);
     }
 
@@ -106,16 +95,11 @@ private Q_SLOTS:
         largestSeriesIsShown();
         QMimeData dragged;
         dragged.setData(ViewerArea::seriesMimeType, "2.25.1.1");
-        ViewerArea &area = *m_fixture->window().findChild<ViewerArea *>();
         const QPoint target = viewer(1).widget()->geometry().center();
-        QDragEnterEvent enter(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&area, &enter);
-        QVERIFY(enter.isAccepted());
-        QDropEvent drop(target, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&area, &drop);
+        QVERIFY(dragAndDrop(dragged, find<ViewerArea>(), target));
         QTRY_COMPARE(viewer(1).series()->uid(), std::string("2.25.1.1"));
         QCOMPARE(viewer(0).series()->uid(), std::string("2.25.1.2"));
-        QTRY_VERIFY(m_fixture->workstation().isSettled());
+        m_fixture->settle();
     }
 
     void phasesOfOneSeries()
@@ -133,14 +117,11 @@ private Q_SLOTS:
 
     void patientsAreNotMixedUnasked()
     {
-        addPatient("A", 1);
-        addPatient("B", 2);
-        addPatient("C", 3);
+        addPatients();
         openAndWait();
         QCOMPARE(viewer(0).series()->uid(), std::string("2.25.3.1")); // The largest one.
-        Workstation &workstation = m_fixture->workstation();
         QStringList log;
-        const QSignalSpy closed(&workstation.gate(), &LoadGate::patientClosed);
+        const QSignalSpy closed(&workstation().gate(), &LoadGate::patientClosed);
         const auto openIn = [&](std::size_t i, const char *uid, const char *button) {
             log += openAnswering(i, uid, button);
         };
@@ -149,11 +130,11 @@ private Q_SLOTS:
         openIn(2, "2.25.1.1", "none"); // Open already.
         openIn(2, "2.25.2.1", "Ignore"); // Another one, to both.
         openIn(3, "2.25.1.1", "none");
-        workstation.close({"2.25.1.1"});
+        workstation().close({"2.25.1.1"});
         QVERIFY(viewer(1).series() == nullptr && viewer(3).series() == nullptr);
         openIn(1, "2.25.3.1", "none"); // Stays open.
         openIn(1, "2.25.1.1", "Ignore"); // The answer went with the patient.
-        workstation.close({"2.25.2.1"});
+        workstation().close({"2.25.2.1"});
         ExLoadHelper &helper = *ExApplication::instance().loadHelper();
         helper.setPatientLockId("IDA");
         helper.setPatientLock(true);
@@ -167,15 +148,13 @@ private Q_SLOTS:
             u"IDA|IDB|Loading prohibited!|"_s, u"-"_s};
         QCOMPARE(log, expected);
         QCOMPARE(closed.count(), 2);
-        QCOMPARE(m_fixture->window().findChild<QStatusBar *>()->currentMessage(), u"Closed: B"_s);
-        QTRY_VERIFY(workstation.isSettled());
+        QCOMPARE(find<QStatusBar>().currentMessage(), u"Closed: B"_s);
+        m_fixture->settle();
     }
 
     void lockedPatientsKeepOthersOut()
     {
-        addPatient("A", 1);
-        addPatient("B", 2);
-        addPatient("C", 3);
+        addPatients();
         QAction &lock = *ExActionUI::createAction("File.LockPatient", nullptr);
         QStringList log;
         const auto tell = [&] {
@@ -183,11 +162,11 @@ private Q_SLOTS:
             log += QString(QLatin1String(lock.isEnabled() ? "enabled" : "disabled")
                 % QLatin1String(lock.isChecked() ? " on" : " off"));
         };
-        const auto *const status = m_fixture->window().findChild<QStatusBar *>();
-        const auto *const locked = status->findChild<QLabel *>(u"LockedPatients"_s);
+        const auto &status = find<QStatusBar>();
+        const auto *const locked = status.findChild<QLabel *>(u"LockedPatients"_s);
         const auto click = [&] {
             lock.trigger();
-            log += locked->isVisible() ? locked->text() : status->currentMessage();
+            log += locked->isVisible() ? locked->text() : status.currentMessage();
             tell();
         };
         tell();
@@ -195,14 +174,14 @@ private Q_SLOTS:
         tell();
         log += openAnswering(1, "2.25.1.1", "Ignore").last();
         click();
-        m_fixture->workstation().close({"2.25.1.1"}); // The lock outlasts it.
+        workstation().close({"2.25.1.1"}); // The lock outlasts it.
         log += openAnswering(2, "2.25.2.1", "OK");
         log += openAnswering(1, "2.25.1.1", "Ignore").last();
-        m_fixture->workstation().session().close();
+        workstation().session().close();
         tell();
         openAndWait(); // The largest one is of a locked patient.
         log += openAnswering(2, "2.25.2.1", "OK");
-        m_fixture->workstation().session().close();
+        workstation().session().close();
         click();
         const QStringList expected{u"disabled off"_s, u"enabled off"_s, u"2.25.1.1"_s,
             u"Locked: A; C"_s, u"enabled on"_s, u"IDA|IDB|Loading prohibited!|"_s, u"2.25.3.1"_s,
@@ -211,24 +190,26 @@ private Q_SLOTS:
         QCOMPARE(log, expected);
     }
 
-    void incompleteSeriesIsRefusedOnce()
+    void missingSlicesAreAskedAboutOnce()
     {
-        for (const int z : {0, 5, 10, 25, 30}) {
-            m_files->addSlice(z + 1, z);
+        m_files->addStackAt({0, 5, 10, 25, 30});
+        for (const auto answer : {QMessageBox::Cancel, QMessageBox::Ok}) {
+            const NextDialog ask(click(answer));
+            openAndWait(); // In all viewers.
+            QVERIFY(ask.hasAppeared());
+            for (const std::size_t i : {0U, 3U}) {
+                QCOMPARE(viewer(i).series() != nullptr, answer == QMessageBox::Ok);
+            }
         }
-        int asked = 0;
-        const auto cancel = [&asked](QWidget &dialog) {
-            ++asked;
-            dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Cancel)->click();
-        };
-        const NextDialog ask(cancel);
-        openAndWait(); // In all viewers.
-        QCOMPARE(asked, 1);
-        QVERIFY(viewer(0).series() == nullptr && viewer(3).series() == nullptr);
-        m_fixture->workstation().gate().setUnattended(true);
-        m_fixture->workstation().openInAll("2.25.1.1");
+        // The gap keeps its size: what is not there is empty, nothing moves together.
+        QCOMPARE(m_fixture->slice(0).stack().count(), 7);
+        QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
+        QVERIFY(viewer(0).widget()->overlay().warnings.first().startsWith(u"Images are missing"_s));
+        workstation().close({"2.25.1.1"});
+        workstation().gate().setUnattended(true);
+        workstation().openInAll("2.25.1.1");
         QVERIFY(viewer(0).series() != nullptr && viewer(3).series() != nullptr);
-        QTRY_VERIFY(m_fixture->workstation().isSettled());
+        m_fixture->settle();
     }
 
     void firstImageComesBeforeTheLast()
@@ -240,8 +221,7 @@ private Q_SLOTS:
                 = wasSeenEarly || (showsBright(viewer(0)) && !viewer(0).series()->isComplete());
         });
         openAndWait();
-        QVERIFY(wasSeenEarly);
-        QVERIFY(viewer(0).series()->isComplete());
+        QVERIFY(wasSeenEarly && viewer(0).series()->isComplete());
         QVERIFY(viewer(0).series()->remark().isEmpty());
     }
 
@@ -253,46 +233,42 @@ private Q_SLOTS:
             std::filesystem::create_hard_link(file, m_files->path("link" + std::to_string(i)));
         }
         m_fixture->settle(); // Painting is not to hold up the cancellation.
-        StudySession &session = m_fixture->workstation().session();
+        StudySession &session = workstation().session();
         connect(&session, &StudySession::progressChanged, this, [&session](int done) {
             if (done > 0 && session.isScanning()) {
                 session.cancel();
             }
         });
-        const NextDialog ask(clickOk);
+        const NextDialog ask(click(QMessageBox::Ok));
         openAndWait();
-        const QString incomplete = QStringLiteral("Opening was cancelled: the list is incomplete.");
-        const auto *const status = m_fixture->window().findChild<StatusText *>();
-        QVERIFY2(status->isWarning() && status->text().startsWith(incomplete),
-            qPrintable(status->text()));
+        const QString incomplete = u"Opening was cancelled: the list is incomplete."_s;
+        const StatusText &status = find<StatusText>();
+        QVERIFY2(
+            status.isWarning() && status.text().startsWith(incomplete), qPrintable(status.text()));
         QVERIFY(session.found().numFiles < listed);
-        auto *const button = m_fixture->window().findChild<ProblemsButton *>();
-        QVERIFY(button->isVisible());
-        QTest::mouseClick(button, Qt::LeftButton);
-        auto *const dialog
-            = m_fixture->window().findChild<QDialog *>(QStringLiteral("ProblemsDialog"));
-        QCOMPARE(dialog->findChild<StatusText *>()->text(), incomplete);
-        dialog->close();
+        const ProblemsButton &button = find<ProblemsButton>();
+        QVERIFY(button.isVisible());
+        QDialog &dialog = openProblems();
+        QCOMPARE(dialog.findChild<StatusText *>()->text(), incomplete);
+        dialog.close();
         session.close();
-        QVERIFY(!button->isVisible() && !status->isWarning());
+        QVERIFY(!button.isVisible() && !status.isWarning());
     }
 
     void cancelKeepsWhatWasRead()
     {
         addLargeSlices(60);
-        auto *const button = m_fixture->window().findChild<QPushButton *>(u"CancelButton"_s);
-        QVERIFY(!button->isVisible());
+        auto &button = find<QPushButton>(u"CancelButton"_s);
+        QVERIFY(!button.isVisible());
         bool wasClicked = false;
         QObject::connect(viewer(0).widget(), &ViewerRenderWidget::painted, this, [&] {
-            if (showsBright(viewer(0)) && !wasClicked) {
-                wasClicked = true;
-                QVERIFY(button->isVisible());
-                QTest::mouseClick(button, Qt::LeftButton);
+            if (showsBright(viewer(0)) && !std::exchange(wasClicked, true)) {
+                QVERIFY(button.isVisible());
+                QTest::mouseClick(&button, Qt::LeftButton);
             }
         });
         openAndWait();
-        QVERIFY(wasClicked);
-        QVERIFY(!button->isVisible());
+        QVERIFY(wasClicked && !button.isVisible());
         QVERIFY(viewer(0).series()->progress() < 1);
         QVERIFY(viewer(0).series()->remark().contains(u"cancelled"_s));
         QVERIFY(viewer(0).widget()->overlay().warnings.contains(viewer(0).series()->remark()));
@@ -305,10 +281,10 @@ private Q_SLOTS:
         const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
         open();
         QTRY_COMPARE(opened.count(), 1);
-        m_fixture->workstation().session().close();
-        QVERIFY(!m_fixture->workstation().session().isBusy());
+        workstation().session().close();
+        QVERIFY(!workstation().session().isBusy());
         QCOMPARE(treeTexts(), QStringList());
-        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        for (const WorkstationViewer *each : workstation().viewers()) {
             QVERIFY(each->series() == nullptr);
             QVERIFY(each->widget()->overlay().message.startsWith(u"No series. Open a folder"_s));
         }
@@ -325,40 +301,30 @@ private Q_SLOTS:
         QVERIFY(viewer(0).series()->isComplete());
     }
 
-    void nothingToShow_data()
-    {
-        const Rows<QString, QString> row("what", "text");
-        row("no such folder", "missing", "Nothing can be read from ");
-        row("no files", "empty", "There are no files here");
-        row("no images", "report", "There are no images here (files looked at: 1)");
-    }
-
     void nothingToShow()
     {
-        QFETCH(QString, what);
-        QFETCH(QString, text);
-        QString path = QString::fromStdString(m_files->folder().string());
-        if (what == QLatin1String("missing")) {
-            path += u"/not-there"_s;
-        } else if (what == QLatin1String("report")) {
-            const auto report = DicomFixture::attributes(1,
-                {{"G0008-0016", "1.2.840.10008.5.1.4.1.1.88.11"}, {"G0008-0060", "SR"},
-                    {"G0028-0010", ""}, {"G0028-0011", ""}});
-            m_files->add("report.dcm", *report, {});
-        }
-        const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
-        m_fixture->session().open({path});
-        QTRY_COMPARE(opened.count(), 1);
-        QVERIFY2(m_fixture->session().openProblem().startsWith(text),
-            qPrintable(m_fixture->session().openProblem()));
-        QVERIFY(viewer(0).series() == nullptr);
-        if (what == QLatin1String("report")) {
-            QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
-            QVERIFY(item->text(0).startsWith(u"SR"_s));
-            QVERIFY(item->toolTip(0).contains(u"Cannot be opened"_s));
-            Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
+        const DicomFixture empty;
+        const auto report = DicomFixture::attributes(1,
+            {{"G0008-0016", "1.2.840.10008.5.1.4.1.1.88.11"}, {"G0008-0060", "SR"},
+                {"G0028-0010", ""}, {"G0028-0011", ""}});
+        m_files->add("report.dcm", *report, {});
+        const std::pair<QString, QString> rows[]
+            = {{empty.folderName() % u"/not-there", u"Nothing can be read from "_s},
+                {empty.folderName(), u"There are no files here"_s},
+                {m_files->folderName(), u"There are no images here (files looked at: 1)"_s}};
+        for (const auto &[path, text] : rows) {
+            const QSignalSpy opened(&m_fixture->session(), &WorkSession::opened);
+            m_fixture->session().open({path});
+            QTRY_COMPARE(opened.count(), 1);
+            const QString &problem = m_fixture->session().openProblem();
+            QVERIFY2(problem.startsWith(text), qPrintable(problem));
             QVERIFY(viewer(0).series() == nullptr);
         }
+        QTreeWidgetItem *const item = tree().topLevelItem(0)->child(0)->child(0);
+        QVERIFY(item->text(0).startsWith(u"SR"_s));
+        QVERIFY(item->toolTip(0).contains(u"Cannot be opened"_s));
+        Q_EMIT tree().itemActivated(item, 0); // Nothing to open.
+        QVERIFY(viewer(0).series() == nullptr);
     }
 
     void whatIsOpenStaysWithoutImages()
@@ -369,64 +335,55 @@ private Q_SLOTS:
         QTRY_COMPARE(opened.count(), 1);
         const QStringList listed = treeTexts();
         const DicomFixture empty;
-        m_fixture->session().open({QString::fromStdString(empty.folder().string())});
+        m_fixture->session().open({empty.folderName()});
         QTRY_COMPARE(opened.count(), 2);
         QTRY_VERIFY(m_fixture->session().isSettled());
         QCOMPARE(treeTexts(), listed);
         QVERIFY(viewer(0).series() != nullptr && viewer(0).series()->isComplete());
         QVERIFY(viewer(0).series()->remark().isEmpty());
-        const auto *const status = m_fixture->window().findChild<StatusText *>();
-        QVERIFY(status->isWarning() && status->text() == m_fixture->session().openProblem());
-        QVERIFY2(status->text().startsWith(QStringLiteral("There are no files here")),
-            qPrintable(status->text()));
+        const StatusText &status = find<StatusText>();
+        QVERIFY(status.isWarning() && status.text() == m_fixture->session().openProblem());
+        QVERIFY2(status.text().startsWith(u"There are no files here"), qPrintable(status.text()));
         viewer(0).setSeries(nullptr);
-        QVERIFY(viewer(0).widget()->overlay().message.contains(QStringLiteral("Double-click one")));
+        QVERIFY(viewer(0).widget()->overlay().message.contains(u"Double-click one"_s));
     }
 
     void problemsAreListed()
     {
-        m_files->addSlice(1, 0);
-        m_files->addSlice(2, 5);
+        m_files->addStack(2);
         m_files->addText("notes.dcm", "no DICOM at all");
         openAndWait();
-        auto *const button = m_fixture->window().findChild<ProblemsButton *>();
-        QVERIFY(button->isVisible());
-        QCOMPARE(button->text(), u"Files that could not be used: 1…"_s);
-        QTest::mouseClick(button, Qt::LeftButton);
-        auto *const dialog = m_fixture->window().findChild<QDialog *>(u"ProblemsDialog"_s);
-        QVERIFY(dialog != nullptr);
-        auto *const list = dialog->findChild<QTreeWidget *>();
+        const ProblemsButton &button = find<ProblemsButton>();
+        QVERIFY(button.isVisible());
+        QCOMPARE(button.text(), u"Files that could not be used: 1…"_s);
+        QDialog &dialog = openProblems();
+        auto *const list = dialog.findChild<QTreeWidget *>();
         QCOMPARE(list->topLevelItemCount(), 1);
         QCOMPARE(list->topLevelItem(0)->text(0), u"notes.dcm"_s);
         QVERIFY(!list->topLevelItem(0)->text(1).isEmpty());
-        dialog->close();
-        m_fixture->workstation().session().close();
-        QVERIFY(!button->isVisible());
-    }
-
-    void sidesAreToldOnlyWhenKnown_data()
-    {
-        const Rows<bool, bool, QString, int> row("hasPosition", "hasSpacing", "letter", "lines");
-        row("in the patient", true, true, "L", 4);
-        row("lengths only", false, true, "", 3);
-        row("pixels only", false, false, "", 2);
+        dialog.close();
+        workstation().session().close();
+        QVERIFY(!button.isVisible());
     }
 
     void sidesAreToldOnlyWhenKnown()
     {
-        QFETCH(bool, hasPosition);
-        QFETCH(bool, hasSpacing);
-        for (int i = 1; i <= 2; ++i) {
-            m_files->addSlice(i, 5 * i,
-                {{"G0020-0032", hasPosition ? "0\\0\\" + std::to_string(5 * i) : std::string()},
-                    {"G0020-0037", hasPosition ? "1\\0\\0\\0\\1\\0" : ""},
-                    {"G0028-0030", hasSpacing ? "0.5\\0.25" : ""}});
+        // Place and spacing are known; the letter at the right, lines in the corner
+        const std::tuple<bool, bool, QString, qsizetype> rows[]
+            = {{true, true, u"L"_s, 4}, {false, true, QString(), 3}, {false, false, QString(), 2}};
+        for (const auto &[hasPosition, hasSpacing, letter, lines] : rows) {
+            for (int i = 1; i <= 2; ++i) {
+                m_files->addSlice(i, 5 * i,
+                    {{"G0020-0032", hasPosition ? "0\\0\\" + std::to_string(5 * i) : std::string()},
+                        {"G0020-0037", hasPosition ? "1\\0\\0\\0\\1\\0" : ""},
+                        {"G0028-0030", hasSpacing ? "0.5\\0.25" : ""}});
+            }
+            openAndWait();
+            const OverlayContent &overlay = viewer(0).widget()->overlay();
+            QCOMPARE(overlay.letters[OverlayContent::Right], letter);
+            QCOMPARE(overlay.mmPerPixel > 0, hasSpacing);
+            QCOMPARE(overlay.corners[OverlayContent::BottomLeft].size(), lines);
         }
-        openAndWait();
-        const OverlayContent &overlay = viewer(0).widget()->overlay();
-        QTEST(overlay.letters[OverlayContent::Right], "letter");
-        QCOMPARE(overlay.mmPerPixel > 0, hasSpacing);
-        QTEST(int(overlay.corners[OverlayContent::BottomLeft].size()), "lines");
     }
 
     void refusedSeriesSaysWhy()
@@ -435,7 +392,7 @@ private Q_SLOTS:
             m_files->addSlice(i + 1, i / 2 * 17 + i % 2);
         }
         openAndWait();
-        for (const WorkstationViewer *each : m_fixture->workstation().viewers()) {
+        for (const WorkstationViewer *each : workstation().viewers()) {
             QVERIFY(each->volume(0) == nullptr);
             QCOMPARE(each->widget()->overlay().message,
                 u"The images are spaced too unevenly to make a volume."_s);
@@ -444,29 +401,11 @@ private Q_SLOTS:
         m_fixture->drag(viewer(0), Qt::LeftButton, {30, 30});
     }
 
-    void missingSlicesAreTold()
-    {
-        for (const int z : {0, 5, 10, 25, 30}) {
-            m_files->addSlice(z + 1, z);
-        }
-        const NextDialog ask(clickOk);
-        openAndWait();
-        QVERIFY(ask.hasAppeared());
-        // The gap keeps its size: what is not there is empty, nothing moves together.
-        QCOMPARE(m_fixture->slice(0).stack().count(), 7);
-        QCOMPARE(m_fixture->slice(0).stack().step(), 5.0);
-        QVERIFY(viewer(0).widget()->overlay().warnings.first().startsWith(u"Images are missing"_s));
-    }
-
     void unreadableSlicesAreTold()
     {
-        for (int i = 1; i <= 3; ++i) {
-            m_files->addSlice(i, 5 * i);
-        }
-        // The header is whole, the pixels are cut off.
-        const QByteArray whole = m_files->read("3.dcm");
-        m_files->addText("3.dcm", whole.left(whole.size() - 10));
-        const NextDialog ask(clickOk);
+        m_files->addStack(3);
+        m_files->cutOff("3.dcm", 10); // The header is whole.
+        const NextDialog ask(click(QMessageBox::Ok));
         openAndWait();
         QVERIFY(ask.hasAppeared());
         QCOMPARE(
@@ -474,7 +413,22 @@ private Q_SLOTS:
     }
 
 private:
-    void open() { m_fixture->session().open({QString::fromStdString(m_files->folder().string())}); }
+    Workstation &workstation() { return m_fixture->workstation(); }
+
+    /// A widget of the window.
+    template <typename Kind>
+    Kind &find(const QString &name = {})
+    {
+        return *m_fixture->window().findChild<Kind *>(name);
+    }
+
+    QDialog &openProblems()
+    {
+        QTest::mouseClick(&find<ProblemsButton>(), Qt::LeftButton);
+        return find<QDialog>(u"ProblemsDialog"_s);
+    }
+
+    void open() { m_fixture->session().open({m_files->folderName()}); }
 
     void openAndWait()
     {
@@ -500,8 +454,17 @@ private:
             }
             box.reject(); // Not expected.
         });
-        m_fixture->workstation().openIn(viewer(i), uid);
+        workstation().openIn(viewer(i), uid);
         return log << QString::fromStdString(viewer(i).series() ? viewer(i).series()->uid() : "-");
+    }
+
+    /// A, B, C with one, two, three slices.
+    void addPatients()
+    {
+        int slices = 0;
+        for (const char *name : {"A", "B", "C"}) {
+            addPatient(name, ++slices);
+        }
     }
 
     /// A patient with one series of so many slices, UID "2.25.<slices>.1".
@@ -540,11 +503,8 @@ private:
         return texts;
     }
 
-    [[nodiscard]] StudyTree &tree() { return *m_fixture->window().findChild<StudyTree *>(); }
-    [[nodiscard]] WorkstationViewer &viewer(std::size_t i)
-    {
-        return *m_fixture->workstation().viewers()[i];
-    }
+    [[nodiscard]] StudyTree &tree() { return find<StudyTree>(); }
+    [[nodiscard]] WorkstationViewer &viewer(std::size_t i) { return *workstation().viewers()[i]; }
 
     std::unique_ptr<DicomFixture> m_files;
     std::unique_ptr<WindowFixture> m_fixture;

@@ -6,8 +6,6 @@
 #include "framework/editors/ExEditorRegion.h"
 #include "framework/editors/ExSplitter.h"
 #include "framework/monitors/ExMonitorManager.h"
-#include "framework/tools/ExTool.h"
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/endtoend/WindowFixture.h"
 
 #include <QMenu>
@@ -19,15 +17,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void setMonitors(const char *monitors)
+ExTool &command(const std::string &panel)
 {
-    qputenv("MOVARA_MONITORS", monitors);
-    ExMonitorManager::instance().readMonitorConfiguration();
+    return tool(("Panel." + panel).c_str());
 }
 
-ExTool &command(const char *panel)
+void show(std::initializer_list<const char *> panels)
 {
-    return *ExTool::getToolByDecorationKey((std::string("Panel.") + panel).c_str(), true);
+    for (const char *panel : panels) {
+        command(panel).setActive(true);
+    }
 }
 
 /// As a plug-in registers a panel.
@@ -101,13 +100,7 @@ class tst_Panels : public QObject
 private Q_SLOTS:
     void init()
     {
-        WindowFixture::settings();
-        for (KxVariant *setting : KxPropertyPool::instance().properties()) {
-            if (setting->key().contains("Placement"_L1)) {
-                setting->resetToDefault();
-                setting->serialize();
-            }
-        }
+        WindowFixture::forgetSettings(u"Placement"_s);
         setMonitors("1600x1200,1600x1200");
     }
 
@@ -119,8 +112,7 @@ private Q_SLOTS:
         QVERIFY(command("Studies").isActive() && !command("Links").isActive());
         QVERIFY(!page.region(ViewerPage::Right).isVisible());
         const int alone = page.area().width();
-        command("Measurements").setActive(true);
-        command("Links").setActive(true);
+        show({"Measurements", "Links"});
         QCOMPARE(places(fixture), u"0.Left: 0Studies*; 0.Right: 0Measurements 0Links*"_s);
         QVERIFY(page.region(ViewerPage::Right).isVisible() && page.area().width() < alone);
         QVERIFY(!command("Measurements").isActive());
@@ -147,9 +139,7 @@ private Q_SLOTS:
         {
             WindowFixture fixture;
             ViewerPage &page = *fixture.session().desktop().pages().first();
-            for (const char *name : {"Links", "Measurements", "Log", "Properties"}) {
-                command(name).setActive(true);
-            }
+            show({"Links", "Measurements", "Log", "Properties"});
             page.region(ViewerPage::Left).addEditor(PanelEditors::editor(u"Links"_s), 1);
             page.setExtent(ViewerPage::Left, {350, false});
             page.setExtent(ViewerPage::Below, {200, true});
@@ -218,11 +208,8 @@ private Q_SLOTS:
 
     void keyboardVisitsEachPanelThatIsSeen()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
-        for (const char *name : {"Links", "Measurements", "Log", "Properties"}) {
-            command(name).setActive(true);
-        }
+        WindowFixture fixture(PhantomSeries::make(PhantomSeries::Grid::Axial));
+        show({"Links", "Measurements", "Log", "Properties"});
         PanelEditors::editor(u"Properties"_s)->show(true);
         command("Measurements").setActive(true); // In front of the links.
         fixture.workstation().activeViewer()->widget()->setFocus();
@@ -240,40 +227,30 @@ private Q_SLOTS:
         QCOMPARE(log, forth + back);
         fixture.session().desktop().pages().first()->setExtent(ViewerPage::Below, {200, true});
         PanelEditors::editor(u"Properties"_s)->floater()->close();
-        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
-        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
-        QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(&fixture.window(), Qt::Key_F6, Qt::ShiftModifier);
+        }
         QCOMPARE(focused(), u"Properties"_s); // Not the log: it is folded away.
-    }
-
-    void damagedRecordsGiveTheUsualPlaces_data()
-    {
-        QTest::addColumn<QByteArray>("part");
-        QTest::addColumn<QByteArray>("instead");
-        QTest::newRow("cut off") << QByteArray("\"studies\"") << QByteArray();
-        QTest::newRow("another version")
-            << QByteArray("\"version\":1}") << QByteArray("\"version\":99}");
-        QTest::newRow("a size that cannot be") << QByteArray("288") << QByteArray("-5");
-        QTest::newRow("a panel twice in a region")
-            << QByteArray("[\\\"Studies\\\"]") << QByteArray("[\\\"Studies\\\",\\\"Studies\\\"]");
     }
 
     void damagedRecordsGiveTheUsualPlaces()
     {
-        QFETCH(QByteArray, part);
-        QFETCH(QByteArray, instead);
+        // Another version, a size that cannot be, a panel twice in a region; cut off
+        const std::pair<const char *, const char *> rows[]
+            = {{R"("version":1})", R"("version":99})"}, {"288", "-5"},
+                {R"([\"Studies\"])", R"([\"Studies\",\"Studies\"])"}, {R"("studies")", nullptr}};
         WindowFixture fixture;
         PanelPlaces &panels = fixture.session().panels();
-        command("Links").setActive(true);
-        QByteArray layout = panels.layout();
-        QVERIFY(panels.setLayout(layout));
-        QCOMPARE(places(fixture), u"0.Left: 0Studies*; 0.Right: 0Links*"_s);
-        QVERIFY(layout.contains(part));
-        if (instead.isEmpty()) {
-            layout.truncate(layout.indexOf(part));
+        for (const auto &[part, instead] : rows) {
+            command("Links").setActive(true);
+            QByteArray layout = panels.layout();
+            QVERIFY(panels.setLayout(layout));
+            QCOMPARE(places(fixture), u"0.Left: 0Studies*; 0.Right: 0Links*"_s);
+            QVERIFY(layout.contains(part));
+            layout.truncate(instead == nullptr ? layout.indexOf(part) : layout.size());
+            QVERIFY(!panels.setLayout(layout.replace(part, instead)));
+            QCOMPARE(places(fixture), u"0.Left: 0Studies*"_s);
         }
-        QVERIFY(!panels.setLayout(layout.replace(part, instead)));
-        QCOMPARE(places(fixture), u"0.Left: 0Studies*"_s);
     }
 
     void noneIsLostWithAMonitor()

@@ -4,7 +4,6 @@
 #include "client/links/LinkType.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "framework/tools/ExModal.h"
-#include "framework/tools/ExTool.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
 #include "platform/render/KxEngine.h"
@@ -16,10 +15,10 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <numeric>
 #include <tuple>
 
@@ -154,8 +153,7 @@ void Monkey::beginStep()
 WorkstationViewer *Monkey::someViewer()
 {
     const auto viewers = m_fixture.workstation().viewers();
-    return viewers.empty() ? nullptr
-                           : viewers[static_cast<std::size_t>(below(int(viewers.size())))];
+    return viewers.empty() ? nullptr : oneOf(viewers);
 }
 
 /// A viewer as a rule, else whatever is there in one of the windows.
@@ -167,7 +165,7 @@ QWidget *Monkey::somePlace()
     if (below(3) != 0 || windows.isEmpty()) {
         return viewer == nullptr ? nullptr : viewer->widget();
     }
-    QWidget *const window = windows[below(int(windows.size()))];
+    QWidget *const window = oneOf(windows);
     QWidget *const place = window->childAt(somePoint(*window));
     return place == nullptr || isTabooed(*place) ? nullptr : place;
 }
@@ -175,12 +173,7 @@ QWidget *Monkey::somePlace()
 QString Monkey::someSeries()
 {
     static const std::array<const char *, 3> all{"2.25.1.1", "2.25.1.2", "2.25.2.1"};
-    return QLatin1String(all[static_cast<std::size_t>(below(int(all.size())))]);
-}
-
-QString Monkey::sessionFile() const
-{
-    return QString::fromStdString(m_files.path("saved.session").string());
+    return QLatin1String(oneOf(all));
 }
 
 QPoint Monkey::somePoint(const QWidget &widget)
@@ -192,7 +185,7 @@ Qt::KeyboardModifiers Monkey::someModifiers()
 {
     static const std::array<Qt::KeyboardModifiers, 6> all{Qt::NoModifier, Qt::NoModifier,
         Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier};
-    return all[static_cast<std::size_t>(below(int(all.size())))];
+    return oneOf(all);
 }
 
 void Monkey::sendMouse(QEvent::Type type, Qt::MouseButton button)
@@ -220,7 +213,7 @@ QString Monkey::pressMouse()
 {
     static const std::array buttons{
         Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::MiddleButton, Qt::RightButton};
-    const Qt::MouseButton button = buttons[static_cast<std::size_t>(below(int(buttons.size())))];
+    const Qt::MouseButton button = oneOf(buttons);
     if (!m_held) {
         m_pressedOn = somePlace();
         m_position = m_pressedOn == nullptr ? QPoint() : somePoint(*m_pressedOn);
@@ -282,18 +275,17 @@ QString Monkey::command()
     std::vector<std::string> keys;
     ExTool::getDecorationKeyList(keys, false);
     std::erase_if(keys, isLeftOut);
-    const std::string key = keys[static_cast<std::size_t>(below(int(keys.size())))];
-    ExTool *const tool = ExTool::getToolByDecorationKey(key.c_str(), true);
-    if (tool != nullptr && tool->isEnabled(ExViewerManager::getInstance().activeViewer())) {
-        tool->setActive(!tool->isActivatable() || !tool->isActive());
+    const std::string key = oneOf(keys);
+    ExTool *const chosen = ExTool::getToolByDecorationKey(key.c_str(), true);
+    if (chosen != nullptr && chosen->isEnabled(ExViewerManager::getInstance().activeViewer())) {
+        chosen->setActive(!chosen->isActivatable() || !chosen->isActive());
     }
     return QString::fromStdString(key);
 }
 
 QString Monkey::chooseLayout()
 {
-    const auto &layouts = LayoutTable::all();
-    const ViewerLayout &layout = layouts[static_cast<std::size_t>(below(int(layouts.size())))];
+    const ViewerLayout &layout = oneOf(LayoutTable::all());
     m_fixture.session().setLayoutByName(layout.name);
     return u"layout "_s + layout.name;
 }
@@ -311,7 +303,7 @@ QString Monkey::showSeries()
 
 QString Monkey::openStudies()
 {
-    m_fixture.session().open({QString::fromStdString(m_files.folder().string())});
+    m_fixture.session().open({m_files.folderName()});
     return u"open the folder"_s;
 }
 
@@ -331,25 +323,21 @@ QString Monkey::closeSeries()
 
 QString Monkey::saveSession()
 {
-    const QString problem = m_sessions.save(sessionFile());
-    return u"save the session "_s + problem;
+    return u"save the session "_s + m_sessions.save(m_sessionFile);
 }
 
 QString Monkey::openSession()
 {
-    const QString problem = m_sessions.open(sessionFile());
-    return u"open the session "_s + problem;
+    return u"open the session "_s + m_sessions.open(m_sessionFile);
 }
 
 QString Monkey::changeMonitors()
 {
     static const std::array<const char *, 5> sets{"1600x1200", "1600x1200 1280x1024",
         "1280x1024-1280+0 1600x1200+0+0", "1024x768 1024x768 1024x768", "800x600"};
-    const char *const monitors = sets[static_cast<std::size_t>(below(int(sets.size())))];
-    qputenv("MOVARA_MONITORS", monitors);
-    ExMonitorManager &manager = ExMonitorManager::instance();
-    manager.readMonitorConfiguration();
-    manager.applyConfigurations();
+    const char *const monitors = oneOf(sets);
+    setMonitors(monitors);
+    ExMonitorManager::instance().applyConfigurations();
     return u"monitors "_s + QLatin1String(monitors);
 }
 
@@ -357,20 +345,10 @@ QString Monkey::changeWindow()
 {
     ExMonitorWidget &window = m_fixture.window();
     const int choice = below(4);
-    switch (choice) {
-    case 0:
-        window.showFullScreen();
-        break;
-    case 1:
-        window.restoreWidget();
-        break;
-    case 2:
-        window.minimizeWidget();
-        break;
-    default:
-        window.showStored();
-        break;
-    }
+    const std::array<std::function<void()>, 4> changes{[&] { window.showFullScreen(); },
+        [&] { window.restoreWidget(); }, [&] { window.minimizeWidget(); },
+        [&] { window.showStored(); }};
+    changes[static_cast<std::size_t>(choice)]();
     return u"window state %1"_s.arg(choice);
 }
 
@@ -383,8 +361,8 @@ QString Monkey::resizeWindow()
 
 QString Monkey::destroyTool()
 {
-    const McHandle<ExTool> tool(new ShortLivedTool);
-    tool->setActive(true);
+    const McHandle<ExTool> shortLived(new ShortLivedTool);
+    shortLived->setActive(true);
     moveMouse();
     return u"destroy a tool at work"_s;
 }
@@ -400,10 +378,9 @@ QString Monkey::settle()
 {
     releaseMouse();
     // Cine shows the next image for ever, and is switched off where it plays.
-    ExTool *const cine = ExTool::getToolByDecorationKey("Phase.Cine", true);
     for (WorkstationViewer *viewer : m_fixture.workstation().viewers()) {
         ExViewerManager::getInstance().setActiveViewer(viewer);
-        cine->setActive(false);
+        tool("Phase.Cine").setActive(false);
     }
     m_isSettled = true;
     std::ignore = QTest::qWaitFor([this] { return brokenRest().isEmpty(); });

@@ -50,10 +50,14 @@ private:
     void addStudies();
     void beginStep();
     int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(m_random); }
+    template <typename All>
+    const auto &oneOf(const All &all)
+    {
+        return *std::next(std::begin(all), below(static_cast<int>(std::size(all))));
+    }
     [[nodiscard]] WorkstationViewer *someViewer();
     [[nodiscard]] QWidget *somePlace();
     [[nodiscard]] QString someSeries();
-    [[nodiscard]] QString sessionFile() const;
     QPoint somePoint(const QWidget &widget);
     Qt::KeyboardModifiers someModifiers();
     void sendMouse(QEvent::Type type, Qt::MouseButton button);
@@ -67,6 +71,7 @@ private:
     unsigned m_step = 0;
     std::mt19937 m_random;
     DicomFixture m_files;
+    QString m_sessionFile = m_files.folderName() % u"/saved.session";
     WindowFixture m_fixture;
     WorkstationSessions m_sessions{m_fixture.workstation()};
     std::vector<McHandle<LoadedSeries>> m_series;

@@ -5,8 +5,6 @@
 #include "platform/toolkit/QxApplication.h"
 #include "tests/endurance/Monkey.h"
 
-#include <QTest>
-
 #include <cstdio>
 
 int main(int argc, char *argv[])

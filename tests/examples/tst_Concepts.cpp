@@ -14,7 +14,6 @@
 #include "tests/support/Recorder.h"
 
 #include <QTest>
-#include <QToolButton>
 #include <QWheelEvent>
 
 #include <thread>

@@ -27,12 +27,15 @@ inline void require(bool holds)
 }
 
 /// One file, in memory where the system has a place for that, with the bytes of the present input.
+/// What is logged about it goes to memory, too.
 class FuzzFile
 {
 public:
     explicit FuzzFile(const char *name)
         : m_name(m_folder.filePath(QLatin1String(name)))
-    { }
+    {
+        qputenv("MOVARA_LOG_DIR", "/dev/shm");
+    }
 
     const QString &write(const QByteArray &bytes)
     {

@@ -3,12 +3,6 @@
 #include "platform/dicomio/DicomScanner.h"
 #include "tests/fuzz/FuzzInput.h"
 
-int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
-{
-    qputenv("MOVARA_LOG_DIR", "/dev/shm");
-    return 0;
-}
-
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static FuzzFile file("image.dcm");

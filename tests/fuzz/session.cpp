@@ -18,11 +18,6 @@ void readAndWrite(const QByteArray &bytes)
 
 } // namespace
 
-int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
-{
-    return 0;
-}
-
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);

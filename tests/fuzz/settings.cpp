@@ -4,12 +4,6 @@
 
 #include <QDir>
 
-int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
-{
-    qputenv("MOVARA_LOG_DIR", "/dev/shm");
-    return 0;
-}
-
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static FuzzFile file("settings.ini");

@@ -21,11 +21,6 @@ void checkBars(const ToolBarLayout &layout)
 
 } // namespace
 
-int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
-{
-    return 0;
-}
-
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray content = bytesOf(data, size);

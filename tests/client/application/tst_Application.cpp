@@ -11,19 +11,8 @@
 #include "tests/support/NextDialog.h"
 #include "tests/support/PrivateSettings.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QSpinBox>
 #include <QTest>
-#include <QTextBlock>
-#include <QTextBrowser>
-#include <QToolButton>
-#include <QTreeWidget>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
@@ -55,9 +44,8 @@ QStringList values()
 QStringList shownRows(const PropertyBrowser &browser)
 {
     QStringList rows;
-    for (QTreeWidgetItemIterator item(
-             browser.findChild<QTreeWidget *>(), QTreeWidgetItemIterator::NotHidden);
-         *item != nullptr; ++item) {
+    auto *const tree = browser.findChild<QTreeWidget *>();
+    for (QTreeWidgetItemIterator item(tree, QTreeWidgetItemIterator::NotHidden); *item; ++item) {
         rows += (*item)->text(0);
     }
     return rows;
@@ -70,9 +58,7 @@ QStringList links(const QTextDocument &page)
     for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
         for (auto each = block.begin(); !each.atEnd(); ++each) {
             const QUrl url(each.fragment().charFormat().anchorHref());
-            if (url.isRelative() && !url.isEmpty() && !found.contains(url.path())) {
-                found += url.path();
-            }
+            found += url.isRelative() && !url.isEmpty() ? QStringList(url.path()) : QStringList();
         }
     }
     return found;
@@ -175,8 +161,8 @@ private Q_SLOTS:
         const QTextBrowser &text = *window->findChild<QTextBrowser *>();
         QCOMPARE(text.verticalScrollBar()->value(), 0);
         m_application->showHelp(u"Settings"_s);
-        QVERIFY(text.verticalScrollBar()->value() > 0);
         const int settings = text.verticalScrollBar()->value();
+        QVERIFY(settings > 0);
         m_application->showHelp(u"no such topic"_s);
         QVERIFY(text.verticalScrollBar()->value() < settings);
         QCOMPARE(QApplication::topLevelWidgets().size(), 1);
@@ -195,9 +181,8 @@ private Q_SLOTS:
             for (qsizetype i = 0; i < pages.size(); ++i) {
                 text.setSource(text.source().resolved(QUrl(pages[i])));
                 QVERIFY2(text.document()->characterCount() > 1000, qPrintable(pages[i]));
-                const QStringList linked = links(*text.document());
-                std::copy_if(linked.begin(), linked.end(), std::back_inserter(pages),
-                    [&pages](const QString &each) { return !pages.contains(each); });
+                pages += links(*text.document());
+                pages.removeDuplicates();
             }
             pages.sort();
             QCOMPARE(pages, (QStringList{u"session-file.md"_s, u"troubleshooting.md"_s, manual}));
@@ -248,17 +233,15 @@ private Q_SLOTS:
         QCOMPARE(line->findChild<QLabel *>()->text(), u"Still counting"_s);
         QCOMPARE(control.wasInterrupted(), 0);
         // What the user presses while the work does not let the event loop run.
-        const auto click = [&](QWidget *button) {
-            const QPoint at = button->mapTo(&window, button->rect().center());
-            QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
-        };
-        QMetaObject::invokeMethod(
-            &window, [&] { click(other); }, Qt::QueuedConnection);
-        QCOMPARE(control.wasInterrupted(), 0);
+        for (QPushButton *button : {other, cancel}) {
+            const auto click = [&] {
+                const QPoint at = button->mapTo(&window, button->rect().center());
+                QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+            };
+            QMetaObject::invokeMethod(&window, click, Qt::QueuedConnection);
+            QCOMPARE(control.wasInterrupted() != 0, button == cancel);
+        }
         QCOMPARE(otherClicks, 0);
-        QMetaObject::invokeMethod(
-            &window, [&] { click(cancel); }, Qt::QueuedConnection);
-        QVERIFY(control.wasInterrupted() != 0);
         control.stopWorking();
         QVERIFY(!line->isVisible());
         QxTimedWorkAreaControl timed(0);

@@ -2,6 +2,7 @@
 #include "client/measurements/MeasurementTexts.h"
 #include "client/measurements/MeasurementView.h"
 #include "client/overlay/ShapePainter.h"
+#include "tests/client/support/Drawn.h"
 #include "tests/client/support/ShownViewer.h"
 
 #include <QTest>
@@ -16,18 +17,6 @@ using Kind = Measurement::Kind;
 
 namespace {
 
-Measurement drawn(Kind kind, const SliceViewer &viewer, const std::vector<McVec3d> &points)
-{
-    Measurement measurement;
-    measurement.kind = kind;
-    measurement.plane = viewer.shownSlice();
-    measurement.seriesUid = viewer.series()->uid();
-    measurement.frameOfReference = viewer.series()->info().frameOfReference;
-    measurement.points = points;
-    measurement.isComplete = true;
-    return measurement;
-}
-
 /// A box of the plane, so many mm wide and high.
 std::vector<McVec3d> boxAround(
     const KxSlice &plane, const McVec3d &middle, double width, double height)
@@ -41,16 +30,13 @@ std::pair<QPointF, QPointF> bodyInMiddleRow(const SliceViewer &viewer)
 {
     const QImage &frame = viewer.widget()->frame();
     const int y = frame.height() / 2;
-    const auto isBody = [&](int x) { return qGray(frame.pixel(x, y)) > 64; };
-    int first = 0;
-    int last = frame.width() - 1;
-    while (first < last && !isBody(first)) {
-        ++first;
+    QList<int> body;
+    for (int x = 0; x < frame.width(); ++x) {
+        if (qGray(frame.pixel(x, y)) > 64) {
+            body += x;
+        }
     }
-    while (first < last && !isBody(last)) {
-        --last;
-    }
-    return {QPointF(first, y), QPointF(last + 1, y)};
+    return {QPointF(body.value(0), y), QPointF(body.value(body.size() - 1) + 1, y)};
 }
 
 } // namespace
@@ -63,30 +49,24 @@ class tst_Measurements : public QObject
 private Q_SLOTS:
     void bodyAndBall()
     {
-        struct Case
-        {
-            Grid grid;
-            PlaneKind plane;
-            double turn;
-            double body; ///< how wide the plane cuts it
-        };
         const double oblique = 120 / std::cos(0.5);
-        for (const Case &c : {Case{Grid::Axial, PlaneKind::Axial, 0, 120},
-                 Case{Grid::Axial, PlaneKind::Sagittal, 0, 90},
-                 Case{Grid::Sagittal, PlaneKind::Coronal, 0, 120},
-                 Case{Grid::Axial, PlaneKind::Axial, 0.5, oblique},
-                 Case{Grid::Oblique, PlaneKind::Axial, 0, 120},
-                 Case{Grid::Tilted, PlaneKind::Original, 0, 120},
-                 Case{Grid::Tilted, PlaneKind::Coronal, 0.5, oblique}}) {
-            const ShownViewer shown(c.plane, PhantomSeries::make(c.grid));
+        // Images, plane, how far it is turned, how wide it cuts the body
+        const std::tuple<Grid, PlaneKind, double, double> rows[] = {
+            {Grid::Axial, PlaneKind::Axial, 0, 120}, {Grid::Axial, PlaneKind::Sagittal, 0, 90},
+            {Grid::Sagittal, PlaneKind::Coronal, 0, 120},
+            {Grid::Axial, PlaneKind::Axial, 0.5, oblique},
+            {Grid::Oblique, PlaneKind::Axial, 0, 120}, {Grid::Tilted, PlaneKind::Original, 0, 120},
+            {Grid::Tilted, PlaneKind::Coronal, 0.5, oblique}};
+        for (const auto &[grid, plane, turn, body] : rows) {
+            const ShownViewer shown(plane, PhantomSeries::make(grid));
             SliceViewer &viewer = *shown.viewer;
-            viewer.rotate(viewer.shownSlice().down(), c.turn);
+            viewer.rotate(viewer.shownSlice().down(), turn);
             shown.draw();
             const auto [left, right] = bodyInMiddleRow(viewer);
             const Measurement across
                 = drawn(Kind::Distance, viewer, {viewer.patientAt(left), viewer.patientAt(right)});
             const double width = MeasurementGeometry::distance(across); // to a voxel
-            QVERIFY2(isNear(width, c.body, 2.6), qPrintable(QString::number(width)));
+            QVERIFY2(isNear(width, body, 2.6), qPrintable(QString::number(width)));
 
             viewer.scrollTo(PhantomSeries::ball);
             const KxSlice &slice = viewer.shownSlice();
@@ -248,9 +228,8 @@ private Q_SLOTS:
         MeasurementList list;
         const ShownViewer shown(PlaneKind::Axial, PhantomSeries::make(Grid::Axial, "phases", 2));
         const KxSlice &slice = shown.viewer->shownSlice();
-        const Measurement region
-            = drawn(Kind::Rectangle, *shown.viewer, boxAround(slice, slice.center(), 12, 9));
-        const int id = list.add(region);
+        const int id = list.add(
+            drawn(Kind::Rectangle, *shown.viewer, boxAround(slice, slice.center(), 12, 9)));
         const auto text = [&](int phase) {
             return MeasurementTexts::result(*list.find(id), list, *shown.viewer->series(), phase)
                 .join(QLatin1Char('|'));

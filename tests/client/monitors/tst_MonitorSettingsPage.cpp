@@ -108,23 +108,17 @@ private Q_SLOTS:
         QVERIFY(readFile(siteFile() + u".old"_s).startsWith("; of the site"));
     }
 
-    void whereTheSiteCannotBeSaved_data()
-    {
-        QTest::addColumn<QString>("file");
-        writeFile(m_settings.path("file.ini"), "");
-        writeFile(m_settings.path("damaged.ini"), QByteArray("\x01\x02no\n", 5));
-        QTest::newRow("in no folder") << m_settings.path("file.ini/site.ini");
-        QTest::newRow("damaged") << m_settings.path("damaged.ini");
-        QTest::newRow("no name") << QString();
-    }
-
     void whereTheSiteCannotBeSaved()
     {
-        QFETCH(QString, file);
-        const MonitorSettingsPage page(file, nullptr);
-        QVERIFY(!field<QPushButton>(page, "SaveForSite").isEnabled());
-        const QString text = field<StatusText>(page, "SiteMessage").text();
-        QVERIFY2(text.contains(u"cannot be saved") && text.contains(file), qUtf8Printable(text));
+        writeFile(m_settings.path("file.ini"), "");
+        writeFile(m_settings.path("damaged.ini"), QByteArray("\x01\x02no\n", 5));
+        for (const QString &file :
+            {m_settings.path("file.ini/site.ini"), m_settings.path("damaged.ini"), QString()}) {
+            const MonitorSettingsPage page(file, nullptr);
+            QVERIFY(!field<QPushButton>(page, "SaveForSite").isEnabled());
+            const QString text = field<StatusText>(page, "SiteMessage").text();
+            QVERIFY2(text.contains(u"cannot be saved") && text.contains(file), qPrintable(text));
+        }
     }
 
 private:

@@ -42,18 +42,18 @@ QByteArray fingerprint(const QTemporaryDir &folder)
     return hash.result();
 }
 
-McHandle<KxImageSeries> load(const DicomDirectoryEntry &series)
+/// The volume of a series with one phase; null when it cannot be read.
+McHandle<KxVolume> load(const DicomDirectoryEntry &series)
 {
     DicomVolumeReader reader;
     if (!reader.prepare(series)) {
         return nullptr;
     }
-    const McHandle<KxImageSeries> volumes = reader.series();
-    reader.readSlices([&volumes](DicomVolumeReader::Slice &&slice) {
-        std::memcpy(
-            volumes->volume(slice.phase)->slice(slice.z), slice.bytes.data(), slice.bytes.size());
+    const McHandle<KxVolume> volume(reader.series()->volume(0));
+    reader.readSlices([&volume](DicomVolumeReader::Slice &&slice) {
+        std::memcpy(volume->slice(slice.z), slice.bytes.data(), slice.bytes.size());
     });
-    return volumes;
+    return volume;
 }
 
 /// Mean and number of the voxels whose centres lie within a ball and whose values lie within a
@@ -68,17 +68,15 @@ Voxels voxelsAround(const KxVolume &volume, const McVec3d &center, double radius
 {
     Voxels voxels;
     const auto [columns, rows, slices] = volume.dimensions();
-    for (int z = 0; z < slices; ++z) {
-        for (int y = 0; y < rows; ++y) {
-            for (int x = 0; x < columns; ++x) {
-                const McVec3d point
-                    = volume.voxelToPatient().map({double(x), double(y), double(z)});
-                const double value = volume.value(x, y, z);
-                if ((point - center).length() <= radius && value >= lowest) {
-                    voxels.mean += value;
-                    ++voxels.count;
-                }
-            }
+    for (int i = 0; i < columns * rows * slices; ++i) {
+        const int x = i % columns;
+        const int y = i / columns % rows;
+        const int z = i / columns / rows;
+        const McVec3d point = volume.voxelToPatient().map({double(x), double(y), double(z)});
+        const double value = volume.value(x, y, z);
+        if ((point - center).length() <= radius && value >= lowest) {
+            voxels.mean += value;
+            ++voxels.count;
         }
     }
     voxels.mean /= voxels.count;
@@ -155,9 +153,9 @@ private Q_SLOTS:
     void objectsToMeasure()
     {
         for (const char *description : {"Trunk soft 2.5", "Trunk sharp coronal 3"}) {
-            const McHandle<KxImageSeries> volumes = load(series(description));
-            QVERIFY(volumes);
-            const KxVolume &volume = *volumes->volume(0);
+            const McHandle<KxVolume> loaded = load(series(description));
+            QVERIFY(loaded);
+            const KxVolume &volume = *loaded;
             const double voxel = std::abs(volume.voxelToPatient().determinant());
             const double radius = SampleStudy::sphereDiameter / 2;
             const double sphere = 4.0 / 3 * M_PI * std::pow(radius, 3);

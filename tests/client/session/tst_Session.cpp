@@ -1,9 +1,9 @@
-#include "client/measurements/MeasurementTexts.h"
 #include "client/session/SessionFile.h"
 #include "client/session/SessionState.h"
 #include "client/session/WorkstationSessions.h"
 #include "client/viewers/VolumeViewer.h"
 #include "framework/viewers/ExViewerDB.h"
+#include "tests/client/support/Drawn.h"
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/Files.h"
@@ -45,8 +45,18 @@ void writePhantom(DicomFixture &files)
     }
 }
 
+void moveSecondSeries(const DicomFixture &from, const DicomFixture &to)
+{
+    for (const char *name : {"100.dcm", "101.dcm", "102.dcm", "103.dcm"}) {
+        std::filesystem::rename(from.path(name), to.path(name));
+    }
+}
+
 struct Opened
 {
+    Opened() = default;
+    explicit Opened(const DicomFixture &files) { openFolder(files); }
+
     std::unique_ptr<WindowFixture> fixture = std::make_unique<WindowFixture>();
     std::unique_ptr<WorkstationSessions> sessions
         = std::make_unique<WorkstationSessions>(fixture->workstation());
@@ -58,7 +68,7 @@ struct Opened
     }
     void openFolder(const DicomFixture &files) const
     {
-        fixture->session().open({QString::fromStdString(files.folder().string())});
+        fixture->session().open({files.folderName()});
         QTRY_VERIFY(!workstation().session().paths().isEmpty() && workstation().isSettled());
     }
     /// Opens a session and waits for all it shows. @return the message.
@@ -75,11 +85,11 @@ struct Opened
         fixture->settle();
         return finished[0][0].toBool() == expected ? finished[0][1].toString() : u"unexpected"_s;
     }
-    [[nodiscard]] std::vector<QImage> pictures() const
+    [[nodiscard]] QList<QImage> pictures() const
     {
-        std::vector<QImage> all;
+        QList<QImage> all;
         for (const SliceViewer *viewer : workstation().sliceViewers()) {
-            all.push_back(viewer->widget()->frame());
+            all += viewer->widget()->frame();
         }
         return all;
     }
@@ -109,14 +119,11 @@ void change(const Opened &opened)
     // A group of its own, though it would be linked by its kind.
     ExViewerDB::clearGroups(ExViewerDB::WINDOWLEVEL_GROUP, &first);
     ExViewerDB::createGroup(ExViewerDB::WINDOWLEVEL_GROUP, {&first}, true);
-    Measurement distance;
-    distance.seriesUid = first.series()->uid();
-    distance.plane = first.shownSlice();
-    distance.points = {{1, 2, 9}, {4, 6, 9}};
-    distance.isComplete = true;
-    workstation.measurements().add(distance);
-    workstation.measurements().remove(workstation.measurements().add(distance));
-    workstation.measurements().add(distance);
+    const Measurement distance = drawn(Measurement::Kind::Distance, first, {{1, 2, 9}, {4, 6, 9}});
+    MeasurementList &measurements = workstation.measurements();
+    measurements.add(distance);
+    measurements.remove(measurements.add(distance));
+    measurements.add(distance);
     ExViewerManager::instancePointer()->setActiveViewer(&second);
     opened.fixture->settle();
 }
@@ -156,10 +163,9 @@ private Q_SLOTS:
 
     void everythingComesBack()
     {
-        std::vector<QImage> before;
+        QList<QImage> before;
         {
-            const Opened opened;
-            opened.openFolder(m_files);
+            const Opened opened(m_files);
             change(opened);
             before = opened.pictures();
             QCOMPARE(WorkstationSessions::unsaved(), QStringList(u"Measurements"_s));
@@ -181,26 +187,19 @@ private Q_SLOTS:
     void whatIsMissingIsTold()
     {
         {
-            const Opened opened;
-            opened.openFolder(m_files);
+            const Opened opened(m_files);
             opened.workstation().openIn(opened.viewer(0), "2.25.1.2");
             opened.fixture->settle();
             QCOMPARE(opened.sessions->save(m_name), QString());
         }
-        DicomFixture elsewhere;
-        for (const McFilename &file : std::filesystem::directory_iterator(m_files.folder())) {
-            if (file.filename().string().starts_with('1')) {
-                std::filesystem::rename(file, elsewhere.path(file.filename().string()));
-            }
-        }
+        const DicomFixture elsewhere;
+        moveSecondSeries(m_files, elsewhere);
+        const auto putBack = qScopeGuard([&] { moveSecondSeries(elsewhere, m_files); });
         const Opened opened;
         const QString message = opened.open(m_name);
         QVERIFY2(message.contains(u"the series CT second"_s), qPrintable(message));
         QCOMPARE(opened.viewer(0).series(), nullptr);
         QVERIFY(opened.viewer(1).series() != nullptr);
-        for (const McFilename &file : std::filesystem::directory_iterator(elsewhere.folder())) {
-            std::filesystem::rename(file, m_files.path(file.filename().string()));
-        }
     }
 
     void nothingIsChangedByWhatCannotBeOpened()
@@ -210,8 +209,7 @@ private Q_SLOTS:
         session.setBlock(u"Viewers"_s, SessionState::Viewers{{u"1x1"_s}, {}}.toBytes());
         session.setBlock(u"Links"_s, SessionState::Links().toBytes());
         session.setBlock(u"Measurements"_s, SessionState::Measurements().toBytes());
-        const Opened opened;
-        opened.openFolder(m_files);
+        const Opened opened(m_files);
         QCOMPARE(SessionFile::write(m_name, SessionFile::toBytes(session)), QString());
         QVERIFY(opened.open(m_name, false).contains(u"/nonexistent"_s));
         session.setBlock(u"Measurements"_s, "\x01");
@@ -225,8 +223,7 @@ private Q_SLOTS:
     /// autosave for ever.
     void userDoesSomethingElseMeanwhile()
     {
-        const Opened opened;
-        opened.openFolder(m_files);
+        const Opened opened(m_files);
         QCOMPARE(opened.sessions->save(m_name), QString());
         QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
         QCOMPARE(opened.sessions->open(m_name), QString());
@@ -274,8 +271,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString left = folder.filePath(u"autosave-1.movara-session"_s);
         {
-            const Opened opened;
-            opened.openFolder(m_files);
+            const Opened opened(m_files);
             QCOMPARE(opened.sessions->save(m_name), QString());
         }
         const auto leave = [&] { return QFile::exists(left) || QFile::copy(m_name, left); };

@@ -95,8 +95,8 @@ McHandle<KxVolume> PhantomSeries::makeVolume(Grid grid, KxVolume::ScalarType typ
     return volume;
 }
 
-McHandle<LoadedSeries> PhantomSeries::make(
-    Grid grid, const std::string &uid, int phases, const std::string &frameOfReference)
+McHandle<LoadedSeries> PhantomSeries::make(Grid grid, const std::string &uid, int phases,
+    const std::string &frameOfReference, const QString &modality)
 {
     constexpr double brighter = 100;
     const McHandle<KxImageSeries> images(new KxImageSeries(uid));
@@ -106,7 +106,7 @@ McHandle<LoadedSeries> PhantomSeries::make(
     }
     SeriesInfo info;
     info.patientName = QStringLiteral("Phantom");
-    info.modality = QStringLiteral("CT");
+    info.modality = modality;
     info.frameOfReference = frameOfReference;
     const McHandle<LoadedSeries> series(new LoadedSeries(uid, info));
     series->setImages(images);

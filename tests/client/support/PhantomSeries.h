@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <string>
-#include <vector>
 
 /// A body of 0 HU with a ball of 1000 HU in it, in air of -1000 HU, on grids that scanners use. The
 /// ball lies at the patient's left, front and head side of the middle, so that no view of it looks
@@ -32,7 +31,8 @@ public:
     /// A complete series. @param phases so many volumes, of which each next one is 100 HU brighter
     /// throughout.
     static McHandle<LoadedSeries> make(Grid grid, const std::string &uid = "phantom",
-        int phases = 1, const std::string &frameOfReference = "frame");
+        int phases = 1, const std::string &frameOfReference = "frame",
+        const QString &modality = QStringLiteral("CT"));
     static McHandle<KxVolume> makeVolume(
         Grid grid, KxVolume::ScalarType type = KxVolume::ScalarType::Int16, double offset = 0);
 };

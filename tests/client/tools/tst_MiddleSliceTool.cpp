@@ -1,4 +1,3 @@
-#include "framework/tools/ExTool.h"
 #include "tests/endtoend/WindowFixture.h"
 
 #include <QMenu>
@@ -16,19 +15,20 @@ class tst_MiddleSliceTool : public QObject
 private Q_SLOTS:
     void isThereAndWorks()
     {
+        const QString key = u"View.MiddleSlice"_s;
         WindowFixture fixture;
-        const QList<QAction *> menus = fixture.window().menuBar()->actions();
-        const auto tools = std::find_if(menus.begin(), menus.end(),
-            [](const QAction *menu) { return menu->text() == u"&Tools"_s; });
-        QVERIFY(tools != menus.end());
-        const QList<QAction *> actions = (*tools)->menu()->actions();
-        const auto action = std::find_if(actions.begin(), actions.end(),
-            [](const QAction *each) { return each->objectName() == u"View.MiddleSlice"_s; });
-        QVERIFY(action != actions.end());
-        QCOMPARE((*action)->toolTip(), u"Scroll to the middle of the images (M)"_s);
-        QTRY_VERIFY(!(*action)->isEnabled()); // There are no images.
+        const QAction *action = nullptr;
+        for (const QAction *menu : fixture.window().menuBar()->actions()) {
+            for (const QAction *each : menu->menu()->actions()) {
+                const bool isIt = menu->text() == u"&Tools" && each->objectName() == key;
+                action = isIt ? each : action;
+            }
+        }
+        QVERIFY(action != nullptr);
+        QCOMPARE(action->toolTip(), u"Scroll to the middle of the images (M)"_s);
+        QTRY_VERIFY(!action->isEnabled()); // There are no images.
         fixture.show(PhantomSeries::make(PhantomSeries::Grid::Axial));
-        QTRY_VERIFY((*action)->isEnabled());
+        QTRY_VERIFY(action->isEnabled());
         fixture.slice(0).setSliceIndex(3);
         QTest::keyClick(fixture.slice(0).widget(), Qt::Key_M);
         QCOMPARE(fixture.slice(0).sliceIndex(), fixture.slice(0).stack().count() / 2);

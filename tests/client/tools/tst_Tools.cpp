@@ -1,4 +1,3 @@
-#include "client/app/NotificationWatch.h"
 #include "client/application/Translations.h"
 #include "client/application/WorkstationDecoration.h"
 #include "client/panels/StudyTree.h"
@@ -10,33 +9,14 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/support/NextDialog.h"
 
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QKeySequence>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPainter>
-#include <QPushButton>
 #include <QTest>
-#include <QTextBrowser>
-#include <QToolButton>
-#include <QTreeWidget>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Grid = PhantomSeries::Grid;
-
-ExTool &tool(const char *key)
-{
-    return *ExTool::getToolByDecorationKey(key, true);
-}
 
 void collectKeys(const QList<QAction *> &actions, QStringList &keys)
 {
@@ -62,6 +42,11 @@ QStringList shownKeys(ExMonitorWidget &window)
     return keys;
 }
 
+void press(WindowFixture &fixture, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+{
+    QTest::keyClick(fixture.window().windowHandle(), key, modifiers);
+}
+
 /// Of an icon's pixels against the window's ground; 0 for a picture of the wrong size.
 double bestContrast(const QIcon &icon, QIcon::Mode mode, double scale)
 {
@@ -76,6 +61,12 @@ double bestContrast(const QIcon &icon, QIcon::Mode mode, double scale)
         best = std::max(best, QxStyleFactory::contrast(color, ground));
     }
     return best;
+}
+
+template <typename... Kinds>
+bool isOneOf(const QWidget *widget)
+{
+    return ((qobject_cast<const Kinds *>(widget) != nullptr) || ...);
 }
 
 QString helpText(WindowFixture &fixture)
@@ -99,8 +90,7 @@ private Q_SLOTS:
         WindowFixture::settings().setPolicy(
             R"({"deniedTools": ["View.Invert", "Phase.*", "Link.*"]})");
         {
-            WindowFixture fixture;
-            fixture.show(PhantomSeries::make(Grid::Axial));
+            WindowFixture fixture(PhantomSeries::make(Grid::Axial));
             QTest::mouseClick(fixture.slice(0).widget(), Qt::RightButton);
             QStringList keys = shownKeys(fixture.window());
             collectKeys(fixture.slice(0).widget()->findChild<QMenu *>()->actions(), keys);
@@ -176,15 +166,12 @@ private Q_SLOTS:
         tool("Edit.Settings").setActive(true);
         QStringList nameless;
         for (QWidget *widget : fixture.window().findChildren<QWidget *>()) {
-            const bool isNamed = qobject_cast<QAbstractButton *>(widget) != nullptr
-                || qobject_cast<QTreeWidget *>(widget) != nullptr
-                || qobject_cast<QComboBox *>(widget) != nullptr
-                || qobject_cast<QAbstractSpinBox *>(widget) != nullptr
-                || qobject_cast<QLineEdit *>(widget) != nullptr;
+            const bool isNamed
+                = isOneOf<QAbstractButton, QTreeWidget, QComboBox, QAbstractSpinBox, QLineEdit>(
+                    widget);
             // Parts that the toolkit makes are known by the whole.
             const bool isPart = widget->objectName().startsWith(u"qt_"_s)
-                || qobject_cast<QLineEdit *>(widget->parentWidget()) != nullptr
-                || qobject_cast<QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
+                || isOneOf<QLineEdit, QAbstractSpinBox>(widget->parentWidget());
             if (!isNamed || isPart) {
                 continue;
             }
@@ -199,8 +186,7 @@ private Q_SLOTS:
 
     void keyActsOnce()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         QWidget floating(&fixture.window(), Qt::Tool);
         floating.setFocusPolicy(Qt::StrongFocus);
         floating.show();
@@ -229,13 +215,12 @@ private Q_SLOTS:
 
     void keysLeaveTextsAndDialogsAlone()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         QLineEdit line(fixture.window().mainWindow()->centralWidget());
         line.show();
         line.setFocus();
         QTRY_COMPARE(QApplication::focusWidget(), &line);
-        QTest::keyClick(fixture.window().windowHandle(), Qt::Key_H);
+        press(fixture, Qt::Key_H);
         QCOMPARE(line.text(), u"h"_s);
         QVERIFY(!fixture.slice(0).isFlipped(Qt::Horizontal));
         const NextDialog dialog([&](QWidget &box) {
@@ -249,12 +234,10 @@ private Q_SLOTS:
 
     void altOpensMenus()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         for (const QAction *action : fixture.window().menuBar()->actions()) {
             const QString letter = action->text().section(u'&', 1).left(1).toUpper();
-            QTest::keyClick(fixture.window().windowHandle(),
-                static_cast<Qt::Key>(letter.at(0).unicode()), Qt::AltModifier);
+            press(fixture, static_cast<Qt::Key>(letter.at(0).unicode()), Qt::AltModifier);
             QVERIFY2(action->menu()->isVisible(), qPrintable(letter));
             action->menu()->close();
         }
@@ -262,47 +245,39 @@ private Q_SLOTS:
 
     void keyboardChoosesTheActiveViewer()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         auto *const list = fixture.window().findChild<StudyTree *>();
-        list->setFocus();
-        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-            QTest::keyClick(fixture.window().windowHandle(), key, modifiers);
-        };
         const auto isAt = [&](int i) {
             const WorkstationViewer *const viewer
                 = fixture.workstation().viewers()[static_cast<std::size_t>(i)];
             return fixture.workstation().activeViewer() == viewer
                 && QApplication::focusWidget() == viewer->widget();
         };
-        for (int i = 0; i < 4; ++i) {
-            press(Qt::Key_Tab);
-            QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+        // Then in a layout with other viewers: those that stay and those that come, in its order.
+        for (const QString &layout : {u"2x2"_s, u"1+3"_s}) {
+            QVERIFY(fixture.session().setLayoutByName(layout));
+            list->setFocus();
+            for (int i = 0; i < 4; ++i) {
+                press(fixture, Qt::Key_Tab);
+                QVERIFY2(isAt(i), qPrintable(QString::number(i)));
+            }
         }
-        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        press(fixture, Qt::Key_Backtab, Qt::ShiftModifier);
         QVERIFY(isAt(2));
-        press(Qt::Key_F6);
+        press(fixture, Qt::Key_F6);
         auto *const button = qobject_cast<QToolButton *>(QApplication::focusWidget());
         QVERIFY(button != nullptr && button->isEnabled());
-        press(Qt::Key_F6);
+        press(fixture, Qt::Key_F6);
         QCOMPARE(QApplication::focusWidget(), list);
-        press(Qt::Key_F6);
+        press(fixture, Qt::Key_F6);
         QVERIFY(isAt(2));
-        // A layout with other viewers; those that stay and those that come, in its order.
-        QVERIFY(fixture.session().setLayoutByName(QStringLiteral("1+3")));
-        list->setFocus();
-        for (int i = 0; i < 4; ++i) {
-            press(Qt::Key_Tab);
-            QVERIFY2(isAt(i), qPrintable(QString::number(i)));
-        }
-        press(Qt::Key_F6, Qt::ShiftModifier);
+        press(fixture, Qt::Key_F6, Qt::ShiftModifier);
         QCOMPARE(QApplication::focusWidget(), list);
     }
 
     void invertedInLinkedViewers()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         const auto greys = [&fixture] {
             QList<int> all;
             for (const int i : {0, 1}) {
@@ -328,8 +303,7 @@ private Q_SLOTS:
         const std::tuple<bool, bool, const char *> rows[]
             = {// Across, down; the letters at the left, right, top, bottom
                 {true, false, "LRAP"}, {false, true, "RLPA"}, {true, true, "LRPA"}};
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         SliceViewer &viewer = fixture.slice(0);
         for (const auto &[across, down, letters] : rows) {
             viewer.scrollTo(PhantomSeries::ball);
@@ -362,8 +336,7 @@ private Q_SLOTS:
 
     void cinePlaysAllPhases()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial, "phases", 3));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial, "phases", 3));
         KxPropertyPool::instance().find<int>("Cine.FramesPerSecond")->change(30);
         SliceViewer &viewer = fixture.slice(0);
         viewer.setZoom(3);
@@ -392,8 +365,7 @@ private Q_SLOTS:
 
     void pictureOfViewer()
     {
-        WindowFixture fixture;
-        fixture.show(PhantomSeries::make(Grid::Axial));
+        WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         const QString name = WindowFixture::settings().path("viewer.png");
         const auto saveAs = [&](const QString &file) {
             const NextDialog dialog([&file](QWidget &box) {

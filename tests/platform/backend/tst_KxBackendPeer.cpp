@@ -25,16 +25,11 @@ private Q_SLOTS:
         qputenv("MOVARA_AUDIT_FILE", name.toUtf8());
         const QDateTime before = QDateTime::currentDateTimeUtc();
         KxBackendPeer::instance()->logEvent(1063, "View.Zoom", 0, -1, 1, QString());
-        KxBackendPeer::instance()->logEvent(7,
-            "Gr\xC3\xB6\xC3\x9F"
-            "e {}",
-            1, 2, 3, u"two\nlines \"%1\" {0}"_s);
+        KxBackendPeer::instance()->logEvent(7, "Größe {}", 1, 2, 3, u"two\nlines \"%1\" {0}"_s);
 
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::ReadOnly));
         QStringList lines;
-        while (!file.atEnd()) {
-            QJsonObject event = QJsonDocument::fromJson(file.readLine()).object();
+        for (const QByteArray &line : readFile(name).trimmed().split('\n')) {
+            QJsonObject event = QJsonDocument::fromJson(line).object();
             const QDateTime time
                 = QDateTime::fromString(event.take(u"time"_s).toString(), Qt::ISODateWithMs);
             QVERIFY(time.timeSpec() == Qt::UTC && before.msecsTo(time) >= 0);
@@ -42,9 +37,9 @@ private Q_SLOTS:
             lines.append(QString::fromUtf8(QJsonDocument(event).toJson(QJsonDocument::Compact)));
         }
         QCOMPARE(lines.join(u'\n'),
-            QString::fromUtf8("{\"arguments\":[0,-1,1],\"event\":1063,\"key\":\"View.Zoom\"}\n"
-                              "{\"arguments\":[1,2,3],\"event\":7,\"key\":\"Gr\xC3\xB6\xC3\x9F"
-                              "e {}\",\"text\":\"two\\nlines \\\"%1\\\" {0}\"}"));
+            u"{\"arguments\":[0,-1,1],\"event\":1063,\"key\":\"View.Zoom\"}\n"
+            "{\"arguments\":[1,2,3],\"event\":7,\"key\":\"Größe {}\","
+            "\"text\":\"two\\nlines \\\"%1\\\" {0}\"}"_s);
     }
 
     void clientsOwnPeers()
@@ -94,12 +89,10 @@ private Q_SLOTS:
             KxAuditFile audit(name);
             audit.append({{u"number"_s, 1}});
             audit.append({{u"number"_s, 2}});
-            const QStringList lines = m_log.take();
-            QCOMPARE(lines.size(), 3);
-            QVERIFY(lines[0].startsWith(
+            QStringList lines = m_log.take();
+            QVERIFY(lines.takeFirst().startsWith(
                 u"W WARNING - the audit file %1 cannot be written"_s.arg(name)));
-            QCOMPARE(lines[1], u"I [Audit] {\"number\":1}"_s);
-            QCOMPARE(lines[2], u"I [Audit] {\"number\":2}"_s);
+            QCOMPARE(lines.join(u'|'), uR"(I [Audit] {"number":1}|I [Audit] {"number":2})"_s);
         }
     }
 

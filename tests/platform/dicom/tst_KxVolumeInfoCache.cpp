@@ -49,8 +49,7 @@ private Q_SLOTS:
         QVERIFY(!cache.parameterBundle(file)); // no reader
         QVERIFY(cache.haveCachedVolumeFile(file) && !cache.haveCachedVolumeFile(absent));
         cache.setHeaderReader(notingReader());
-        QVERIFY(!cache.parameterBundle(absent));
-        QVERIFY(!cache.haveCachedVolumeFile(absent));
+        QVERIFY(!cache.parameterBundle(absent) && !cache.haveCachedVolumeFile(absent));
         QVERIFY(cache.haveCachedVolumeFile(file));
         QVERIFY(KxVolumeInfoCache::isStorageReadable(absent));
         QVERIFY(!KxVolumeInfoCache::isStorageReadable(absent / "deeper"));
@@ -114,13 +113,12 @@ private:
     KxVolumeInfoCache::HeaderReader notingReader()
     {
         return [this](const McFilename &name) {
-            QFile file(name);
             m_log << QString::fromStdString(name.filename().string());
-            if (!file.open(QIODevice::ReadOnly)) {
-                return McHandle<HxParamBundle>();
+            const QByteArray content = readFile(QString::fromStdString(name.string()));
+            McHandle<HxParamBundle> bundle(content.isEmpty() ? nullptr : new HxParamBundle);
+            if (bundle) {
+                bundle->set("G0010-0010", content.toStdString());
             }
-            McHandle<HxParamBundle> bundle(new HxParamBundle);
-            bundle->set("G0010-0010", file.readAll().toStdString());
             return bundle;
         };
     }

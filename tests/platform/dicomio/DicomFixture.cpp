@@ -1,10 +1,8 @@
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/Files.h"
 
-#include "platform/dicomio/DicomScanner.h"
 #include "platform/dicomio/DicomWriter.h"
 
-#include <cstdio>
 #include <numeric>
 
 namespace {
@@ -32,11 +30,6 @@ constexpr std::pair<const char *, const char *> basicAttributes[]{
 };
 
 } // namespace
-
-McFilename DicomFixture::folder() const
-{
-    return McFilename(m_folder.path().toStdString());
-}
 
 McHandle<HxParamBundle> DicomFixture::attributes(int instance, Changes changes)
 {
@@ -83,6 +76,14 @@ void DicomFixture::addStack(int count, Changes changes)
     }
 }
 
+void DicomFixture::addStackAt(std::initializer_list<double> heights, Changes changes)
+{
+    int instance = 0;
+    for (const double height : heights) {
+        addSlice(++instance, height, changes);
+    }
+}
+
 McFilename DicomFixture::add(const std::string &name, const HxParamBundle &attributes,
     const std::vector<std::int16_t> &pixels)
 {
@@ -112,7 +113,7 @@ QByteArray DicomFixture::read(const std::string &name) const
 
 McHandle<Zel::DicomDirectoryEntry> DicomFixture::onlySeries()
 {
-    m_patients = DicomScanner::scanNow({folder()}).patients;
+    m_patients = scan().patients;
     if (m_patients.size() != 1 || m_patients.first()->children().size() != 1
         || m_patients.first()->children().first()->children().size() != 1) {
         qFatal("the folder holds not exactly one series");

@@ -5,7 +5,6 @@
 #include "tests/support/Rows.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QTest>
 
 #include <map>

@@ -1,9 +1,8 @@
 #include "platform/display/ExDisplayConfig.h"
 #include "tests/support/Files.h"
+#include "tests/support/Process.h"
 
 #include <QGuiApplication>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -72,7 +71,7 @@ private Q_SLOTS:
 
 private:
     /// What a process on these screens says about them.
-    QString displaysSeenOn(const QStringList &screens, const QString &scaleFactor = {})
+    QString displaysSeenOn(const QStringList &screens, const QString &scaleFactor = u"1"_s)
     {
         QStringList list;
         for (const QString &screen : screens) { // "name x y width height scale"
@@ -83,14 +82,9 @@ private:
         }
         const QString file = m_folder.filePath(u"screens.json"_s);
         writeFile(file, R"({"screens":[)" + list.join(u',').toUtf8() + "]}");
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen:configfile="_s + file);
-        environment.insert(u"QT_SCALE_FACTOR"_s, scaleFactor.isEmpty() ? u"1"_s : scaleFactor);
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(QCoreApplication::applicationFilePath(), {u"--displays"_s});
-        return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput())
-                                         : process.errorString();
+        return answerTo("--displays",
+            {{"QT_QPA_PLATFORM", u"offscreen:configfile="_s + file},
+                {"QT_SCALE_FACTOR", scaleFactor}});
     }
 
     QTemporaryDir m_folder;

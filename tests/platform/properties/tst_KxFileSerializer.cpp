@@ -3,7 +3,6 @@
 #include "platform/properties/KxSiteSettings.h"
 #include "tests/platform/properties/ProgramLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/SmallDisk.h"
 
 #include <QDir>
@@ -102,16 +101,15 @@ private Q_SLOTS:
     void otherProcessesLoseNothing()
     {
         const QStringList names{u"first"_s, u"other"_s, u"third"_s};
-        std::vector<std::unique_ptr<QProcess>> processes;
-        for (const QString &name : names) {
-            processes.push_back(std::make_unique<QProcess>());
-            processes.back()->setProcessChannelMode(QProcess::ForwardedChannels);
-            processes.back()->start(
-                QCoreApplication::applicationFilePath(), {u"--write"_s, m_file, name});
+        std::array<QProcess, 3> processes;
+        for (std::size_t i = 0; i < processes.size(); ++i) {
+            processes[i].setProcessChannelMode(QProcess::ForwardedChannels);
+            processes[i].start(QCoreApplication::applicationFilePath(),
+                {u"--write"_s, m_file, names[static_cast<qsizetype>(i)]});
         }
-        for (const auto &process : processes) {
-            QVERIFY(process->waitForFinished(100000));
-            QCOMPARE(process->exitCode(), 0);
+        for (QProcess &process : processes) {
+            QVERIFY(process.waitForFinished(100000));
+            QCOMPARE(process.exitCode(), 0);
         }
         const KxFileSerializer store(m_file);
         for (const QString &name : names) {
@@ -191,51 +189,46 @@ private Q_SLOTS:
                         "a folder that cannot be made"_s});
     }
 
-    void whatCannotBeWrittenIsWrittenLater_data()
-    {
-        const Rows<bool> row("isReadOnly");
-        row("full disk", false);
-        row("read-only folder", true);
-    }
-
     void whatCannotBeWrittenIsWrittenLater()
     {
-        QFETCH(const bool, isReadOnly);
-        const SmallDisk disk;
-        if (!disk.isMounted()) {
-            QSKIP("only root can mount a small disk");
+        for (const bool isReadOnly : {false, true}) { // A full disk, a read-only folder
+            const SmallDisk disk;
+            if (!disk.isMounted()) {
+                QSKIP("only root can mount a small disk");
+            }
+            const QString name = disk.path() % u"/settings.ini";
+            QStringList told;
+            KxFileSerializer store(name);
+            store.setProblemHandler([&told](const QString &place) { told += place; });
+            KxProperty<int> kept("UI.A", 8, store);
+            QVERIFY(kept.change(1) && store.write(u"UI.Gone"_s, u"1"_s));
+            const QByteArray before = readFile(name);
+
+            disk.fill();
+            QVERIFY(disk.setReadOnly(isReadOnly));
+            QVERIFY(
+                kept.change(2) && !store.write(u"UI.B"_s, u"x"_s) && !store.remove(u"UI.Gone"_s));
+            QVERIFY(!store.flush());
+            QCOMPARE(told, QStringList{name});
+            QCOMPARE(m_log.take().size(), 1);
+            QCOMPARE(readFile(name), before);
+            QCOMPARE(values(store), u"2 x -"_s); // For those who ask while it lasts.
+            QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s); // A restart finds what was saved.
+            // Not even where no room is left for other files.
+            qputenv("TMPDIR", disk.path().toUtf8());
+            QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s);
+            qunsetenv("TMPDIR");
+
+            QVERIFY(disk.setReadOnly(false));
+            disk.makeRoom();
+            QVERIFY(store.flush());
+            QCOMPARE(values(KxFileSerializer(name)), u"2 x -"_s);
+            QCOMPARE(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+            disk.fill();
+            QVERIFY(kept.change(3));
+            QCOMPARE(told.size(), 2); // Once for each time it fails.
+            m_log.take();
         }
-        const QString name = disk.path() % u"/settings.ini";
-        QStringList told;
-        KxFileSerializer store(name);
-        store.setProblemHandler([&told](const QString &place) { told += place; });
-        KxProperty<int> kept("UI.A", 8, store);
-        QVERIFY(kept.change(1) && store.write(u"UI.Gone"_s, u"1"_s));
-        const QByteArray before = readFile(name);
-
-        disk.fill();
-        QVERIFY(disk.setReadOnly(isReadOnly));
-        QVERIFY(kept.change(2) && !store.write(u"UI.B"_s, u"x"_s) && !store.remove(u"UI.Gone"_s));
-        QVERIFY(!store.flush());
-        QCOMPARE(told, QStringList{name});
-        QCOMPARE(m_log.take().size(), 1);
-        QCOMPARE(readFile(name), before);
-        QCOMPARE(values(store), u"2 x -"_s); // For those who ask while it lasts.
-        QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s); // A restart finds what was saved.
-        // Not even where no room is left for other files.
-        qputenv("TMPDIR", disk.path().toUtf8());
-        QCOMPARE(values(KxFileSerializer(name)), u"1 - 1"_s);
-        qunsetenv("TMPDIR");
-
-        QVERIFY(disk.setReadOnly(false));
-        disk.makeRoom();
-        QVERIFY(store.flush());
-        QCOMPARE(values(KxFileSerializer(name)), u"2 x -"_s);
-        QCOMPARE(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
-        disk.fill();
-        QVERIFY(kept.change(3));
-        QCOMPARE(told.size(), 2); // Once for each time it fails.
-        m_log.take();
     }
 
     void linkIsKept()

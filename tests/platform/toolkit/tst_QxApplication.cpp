@@ -1,8 +1,7 @@
 #include "platform/toolkit/QxApplication.h"
 #include "platform/toolkit/QxNotifyHook.h"
+#include "tests/support/Process.h"
 
-#include <QEvent>
-#include <QProcess>
 #include <QTest>
 #include <QThread>
 
@@ -79,15 +78,9 @@ QString runHooks()
     send();
     first->action = [] { return true; };
     send();
-    first->action = [&] {
-        second.reset();
-        return false;
-    };
+    first->action = [&] { return second.reset(), false; };
     send();
-    first->action = [&] {
-        receiver.reset();
-        return false;
-    };
+    first->action = [&] { return receiver.reset(), false; };
     send();
     first.reset();
     receiver = std::make_unique<Receiver>(events);
@@ -127,13 +120,7 @@ private Q_SLOTS:
         QCOMPARE(events.join(u' '), u"hook hook object"_s);
     }
 
-    void hooksUnderAnotherApplicationClass()
-    {
-        QProcess client;
-        client.start(QCoreApplication::applicationFilePath(), {u"--plain"_s});
-        QVERIFY(client.waitForFinished());
-        QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), expectedRun);
-    }
+    void hooksUnderAnotherApplicationClass() { QCOMPARE(answerTo("--plain"), expectedRun); }
 
     void eventsOfOtherThreadsPassBy()
     {

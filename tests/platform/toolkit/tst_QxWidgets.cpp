@@ -53,7 +53,7 @@ private Q_SLOTS:
         QxTaskControl control;
         QStringList events;
         connect(&control, &QxTaskControl::progressChanged, this,
-            [&](float fraction) { events.append(QString::number(static_cast<double>(fraction))); });
+            [&](float fraction) { events.append(QString::number(double(fraction))); });
         connect(&control, &QxTaskControl::textChanged, this, [&](const QString &text) {
             QCOMPARE(QThread::currentThread(), thread());
             events.append(text);
@@ -61,16 +61,13 @@ private Q_SLOTS:
         control.reportProgress(0.25F);
         McProgressInterface &progress = control;
         progress.setProgressValue(0.5F);
-        progress.setProgressInfo("L\xC3\xA4"
-                                 "dt");
+        progress.setProgressInfo("Lädt");
         progress.setProgressInfo(nullptr);
         const std::unique_ptr<QThread> worker(
             QThread::create([&control] { control.reportText(u"read"_s); }));
         worker->start();
         QVERIFY(worker->wait());
-        QTRY_COMPARE(events.join(u'|'),
-            QString::fromUtf8("0.25|0.5|L\xC3\xA4"
-                              "dt||read"));
+        QTRY_COMPARE(events.join(u'|'), u"0.25|0.5|Lädt||read"_s);
     }
 
     void taskLifetime()
