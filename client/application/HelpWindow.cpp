@@ -49,7 +49,7 @@ QString anchorOf(const QString &heading)
     return QString(heading).remove(others).toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
 }
 
-QString toolAnchor(QString key)
+QString toolAnchor(const QString &key)
 {
     return QLatin1String("tool-") % key.toLower().replace(QLatin1Char('.'), QLatin1Char('-'));
 }

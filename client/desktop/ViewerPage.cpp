@@ -97,7 +97,7 @@ void ViewerPage::build()
 
 std::optional<ViewerPage::Place> ViewerPage::placeOf(const ExEditorRegion *region) const
 {
-    const auto found = std::find(m_regions.begin(), m_regions.end(), region);
+    const auto *const found = std::find(m_regions.begin(), m_regions.end(), region);
     return found == m_regions.end() ? std::nullopt
                                     : std::optional(static_cast<Place>(found - m_regions.begin()));
 }

@@ -73,8 +73,8 @@ std::unique_ptr<QWidget> makeLog(WorkSession & /*session*/)
 
 struct PanelRow
 {
-    const char *name;
-    std::unique_ptr<QWidget> (*make)(WorkSession &session);
+    const char *name = nullptr;
+    std::unique_ptr<QWidget> (*make)(WorkSession &session) = nullptr;
     PanelEditors::Home home;
 };
 
@@ -175,7 +175,7 @@ ExEditor *PanelEditors::livingEditor(const QString &name)
 
 PanelEditors::Home PanelEditors::homeOf(const QString &name)
 {
-    const auto found = std::find_if(panels.begin(), panels.end(),
+    const auto *const found = std::find_if(panels.begin(), panels.end(),
         [&name](const PanelRow &row) { return name == QLatin1String(row.name); });
     return found == panels.end() ? Home() : found->home;
 }

@@ -193,8 +193,8 @@ void PanelPlaces::moveTo(ExEditor &editor, ExEditorRegion &region, int subRegion
 void PanelPlaces::placeStudies()
 {
     ViewerPage *const page = m_desktop.studiesPage();
-    const bool isMoved = m_studiesPage && *m_studiesPage != page;
-    m_studiesPage = page;
+    const bool isMoved = m_haveStudiesStood && m_studiesPage != page;
+    noteStudiesPage(page);
     ExEditorRegion &own = m_desktop.studiesRegion();
     ExEditor *const editor = PanelEditors::editor(studies());
     if (page != nullptr) {
@@ -214,6 +214,12 @@ void PanelPlaces::placeStudies()
         own.addEditor(editor, 0);
         own.activateEditor(editor, 0);
     }
+}
+
+void PanelPlaces::noteStudiesPage(ViewerPage *page)
+{
+    m_studiesPage = page;
+    m_haveStudiesStood = true;
 }
 
 /// The page that they are docked in; null for their own window. While they are docked nowhere, the
@@ -341,7 +347,7 @@ bool PanelPlaces::setLayout(const QByteArray &layout)
         clear();
         isGood = restore(*record);
         m_awaiting = record->pages.size() > m_pages.size() ? layout : QByteArray();
-        m_studiesPage = pageOfStudies();
+        noteStudiesPage(pageOfStudies());
         placeStudies();
     }
     if (!isGood) {

@@ -8,8 +8,6 @@
 #include <QPointer>
 #include <QTimer>
 
-#include <optional>
-
 class Desktop;
 class ExEditor;
 class ExEditorRegion;
@@ -64,6 +62,7 @@ private:
     static void moveTo(ExEditor &editor, ExEditorRegion &region, int subRegion);
     void bringForward();
     void placeStudies();
+    void noteStudiesPage(ViewerPage *page);
     [[nodiscard]] ViewerPage *pageOfStudies() const;
     [[nodiscard]] bool restore(const PanelRecord &record);
     [[nodiscard]] static bool restorePage(const PanelRecord::Page &record, ViewerPage &page);
@@ -74,8 +73,9 @@ private:
     PanelsPart m_part;
     QList<QPointer<ViewerPage>> m_pages;
     int m_numMonitors = 0;
-    /// Beside which viewers the studies stood last, null for their own window; nothing before.
-    std::optional<QPointer<ViewerPage>> m_studiesPage;
+    /// Beside which viewers the studies stood last; null for their own window.
+    QPointer<ViewerPage> m_studiesPage;
+    bool m_haveStudiesStood = false;
     /// A layout of more pages than there are yet.
     QByteArray m_awaiting;
     QTimer m_write;

@@ -79,7 +79,7 @@ std::optional<PanelRecord> PanelRecord::fromBytes(const QByteArray &bytes)
     }
     PanelRecord record;
     record.studies = all.value(studiesKey).toString().toUtf8();
-    for (const QJsonValue &each : pages) {
+    for (const auto &each : pages) {
         const auto page = pageOf(each.toObject());
         if (!page) {
             return std::nullopt;

@@ -118,7 +118,7 @@ private:
 
     [[nodiscard]] QString toolTipText() const
     {
-        const QString details = EntryTexts::details(*entry);
+        QString details = EntryTexts::details(*entry);
         if (!isLoadable(*entry)) {
             return details;
         }

@@ -102,7 +102,7 @@ private:
     QString readTool()
     {
         allowAttributes({QStringLiteral("Id")});
-        const QString id = attribute("Id");
+        QString id = attribute("Id");
         m_toolLines.emplace(id, m_xml.lineNumber());
         endElement();
         return id;
@@ -150,7 +150,7 @@ private:
     /// Must be there and not be empty.
     QString attribute(const char *name)
     {
-        const QString value = m_xml.attributes().value(QLatin1String(name)).toString();
+        QString value = m_xml.attributes().value(QLatin1String(name)).toString();
         if (value.isEmpty()) {
             fail(Texts::tr("<%1> needs the attribute \"%2\".")
                      .arg(m_xml.name().toString(), QLatin1String(name)));

@@ -31,7 +31,7 @@ QString filter()
 /// Made when it is first wanted, for its owner only.
 QString folder()
 {
-    const QString name = WorkstationSessions::defaultFolder();
+    QString name = WorkstationSessions::defaultFolder();
     if (QDir().mkpath(name)) {
         QFile::setPermissions(
             name, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);

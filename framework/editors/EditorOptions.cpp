@@ -8,9 +8,6 @@
 
 namespace {
 
-using EditorPointer = QPointer<ExEditor>;
-using RegionPointer = QPointer<ExEditorRegion>;
-
 QString placeName(const ExEditorRegion &region, int subRegion, bool withRegion)
 {
     const QString title = region.subRegionTitle(subRegion);
@@ -21,19 +18,19 @@ QString placeName(const ExEditorRegion &region, int subRegion, bool withRegion)
 
 void addPlaces(QMenu &menu, const ExEditorRegion &present, ExEditor &editor)
 {
-    const EditorPointer moved(&editor);
     for (ExEditorRegion *other : ExEditorRegion::regions()) {
         for (int i = 0; i < other->subRegionCount(); ++i) {
             const ExEditorContainer *const place = other->editorContainer(i);
             if (place->contains(&editor) || !place->acceptsEditor(&editor)) {
                 continue;
             }
-            menu.addAction(
-                placeName(*other, i, other != &present), [moved, i, region = RegionPointer(other)] {
-                    if (region != nullptr && region->addEditor(moved, i)) {
-                        region->activateEditor(moved, i);
+            QAction *const entry = menu.addAction(
+                placeName(*other, i, other != &present), other, [other, i, &editor] {
+                    if (other->addEditor(&editor, i)) {
+                        other->activateEditor(&editor, i);
                     }
                 });
+            QObject::connect(&editor, &QObject::destroyed, entry, [entry] { delete entry; });
         }
     }
     menu.setEnabled(!menu.isEmpty());
@@ -43,8 +40,8 @@ void addClosed(QMenu &menu, ExEditorRegion &region)
 {
     const QList<ExEditor *> closed = region.closedEditors();
     for (ExEditor *editor : closed) {
-        menu.addAction(EditorOptions::titleOf(*editor), &region,
-            [&region, shown = EditorPointer(editor)] { region.showEditor(shown); });
+        menu.addAction(EditorOptions::titleOf(*editor), editor,
+            [&region, editor] { region.showEditor(editor); });
     }
     menu.setEnabled(!closed.isEmpty());
 }
@@ -57,16 +54,17 @@ QString EditorOptions::titleOf(const ExEditor &editor)
     return title.isEmpty() ? editor.name() : title;
 }
 
+/// Entries are not heard any more once their editors are gone; the region outlives the menu, which
+/// it owns.
 QMenu *EditorOptions::makeMenu(ExEditorRegion &region, int subRegion)
 {
     auto *const menu = new QMenu(&region);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (ExEditor *const current = region.editorContainer(subRegion)->currentEditor()) {
-        const EditorPointer editor(current);
         menu->addAction(ExEditorRegion::tr("&Float"), current, [current] { current->show(true); });
         addPlaces(*menu->addMenu(ExEditorRegion::tr("&Move to")), region, *current);
-        menu->addAction(ExEditorRegion::tr("&Close"), &region,
-            [&region, editor] { region.closeEditor(editor); });
+        menu->addAction(ExEditorRegion::tr("&Close"), current,
+            [&region, current] { region.closeEditor(current); });
     }
     addClosed(*menu->addMenu(ExEditorRegion::tr("&Show")), region);
     return menu;
