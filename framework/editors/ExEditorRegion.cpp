@@ -98,7 +98,9 @@ void ExEditorRegion::removeLastContainer()
 {
     const int last = subRegionCount() - 1;
     for (ExEditor *editor : d->containers.constLast()->editors()) {
-        insertEditor(editor, last - 1, -1);
+        if (!insertEditor(editor, last - 1, -1)) {
+            takeOut(*editor); // Its widget is not to go with the tabs.
+        }
     }
     for (ExEditor *editor : d->members) {
         if (editor->subRegionIndex() == last) { // Floats, or its widget was taken.

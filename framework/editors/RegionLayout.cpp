@@ -1,5 +1,7 @@
 #include "framework/editors/RegionLayout.h"
 
+#include "platform/properties/KxPropertyTrait.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -24,15 +26,6 @@ constexpr QLatin1String editorKey("editor");
 constexpr QLatin1String subRegionKey("subRegion");
 constexpr QLatin1String geometryKey("geometry");
 constexpr QLatin1String relativeKey("relative");
-
-QString toText(const QRect &rect)
-{
-    return QStringLiteral("%1|%2|%3|%4")
-        .arg(rect.x())
-        .arg(rect.y())
-        .arg(rect.width())
-        .arg(rect.height());
-}
 
 QJsonArray toArray(const McBox2f &box)
 {
@@ -88,18 +81,10 @@ public:
 
     QRect rect(const QJsonValue &value)
     {
-        const QStringList parts = text(value).split(QLatin1Char('|'));
-        constexpr int numberOfParts = 4;
         constexpr int farthest = 1 << 20;
-        int numbers[numberOfParts] = {};
-        expect(parts.size() == numberOfParts);
-        for (int i = 0; i < numberOfParts && m_good; ++i) {
-            bool isNumber = false;
-            numbers[i] = parts.at(i).toInt(&isNumber);
-            expect(isNumber && std::abs(numbers[i]) <= farthest);
-        }
-        const QRect result(numbers[0], numbers[1], numbers[2], numbers[3]);
-        expect(result.isValid());
+        constexpr QRect anywhere(QPoint(-farthest, -farthest), QPoint(farthest, farthest));
+        const QRect result = KxPropertyTrait<QRect>::fromString(text(value)).value_or(QRect());
+        expect(result.isValid() && anywhere.contains(result));
         return result;
     }
 
@@ -108,7 +93,7 @@ public:
         constexpr int numberOfParts = 4;
         constexpr double farthest = 100;
         expect(array.size() == numberOfParts);
-        for (const QJsonValue &value : array) {
+        for (const auto &value : array) {
             expect(value.isDouble() && std::abs(value.toDouble()) <= farthest);
         }
         const auto part
@@ -127,7 +112,7 @@ RegionLayout::SubRegion readSubRegion(Reader &reader, const QJsonObject &object)
 {
     constexpr int largest = 1 << 20;
     RegionLayout::SubRegion result;
-    for (const QJsonValue &name : reader.array(object, editorsKey)) {
+    for (const auto &name : reader.array(object, editorsKey)) {
         result.editors.append(reader.editor(name));
     }
     result.current = reader.text(object.value(currentKey));
@@ -152,7 +137,8 @@ QByteArray RegionLayout::toBytes() const
     QJsonArray floatingArray;
     for (const Floating &place : floating) {
         floatingArray.append(QJsonObject{{editorKey, place.editor}, {subRegionKey, place.subRegion},
-            {geometryKey, toText(place.geometry)}, {relativeKey, toArray(place.relative)}});
+            {geometryKey, KxPropertyTrait<QRect>::toString(place.geometry)},
+            {relativeKey, toArray(place.relative)}});
     }
     const QJsonObject all{{formatKey, QString(formatName)}, {versionKey, version},
         {subRegionsKey, subRegionArray}, {closedKey, closedArray}, {floatingKey, floatingArray}};
@@ -167,7 +153,7 @@ std::optional<RegionLayout> RegionLayout::fromBytes(const QByteArray &bytes)
     }
     Reader reader;
     RegionLayout result;
-    for (const QJsonValue &value : reader.array(all, subRegionsKey)) {
+    for (const auto &value : reader.array(all, subRegionsKey)) {
         result.subRegions.append(readSubRegion(reader, reader.object(value)));
     }
     const auto count = static_cast<int>(result.subRegions.size());
@@ -175,11 +161,11 @@ std::optional<RegionLayout> RegionLayout::fromBytes(const QByteArray &bytes)
     const auto place = [&reader, count](const QJsonObject &object) {
         return reader.number(object.value(subRegionKey), 0, count - 1);
     };
-    for (const QJsonValue &value : reader.array(all, closedKey)) {
+    for (const auto &value : reader.array(all, closedKey)) {
         const QJsonObject object = reader.object(value);
         result.closed.append({reader.editor(object.value(editorKey)), place(object)});
     }
-    for (const QJsonValue &value : reader.array(all, floatingKey)) {
+    for (const auto &value : reader.array(all, floatingKey)) {
         const QJsonObject object = reader.object(value);
         result.floating.append({reader.editor(object.value(editorKey)), place(object),
             reader.rect(object.value(geometryKey)), reader.box(reader.array(object, relativeKey))});

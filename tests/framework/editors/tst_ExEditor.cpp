@@ -197,6 +197,28 @@ private Q_SLOTS:
         QVERIFY(panels->a.panel != nullptr && !panels->a.isFloating() && panels->a.isDisabled());
     }
 
+    void fewerSubRegions()
+    {
+        class Choosy final : public ExEditorRegion
+        {
+        public:
+            using ExEditorRegion::ExEditorRegion;
+            [[nodiscard]] bool acceptsEditor(const ExEditor & /*editor*/, int place) const override
+            {
+                return place == 1;
+            }
+        };
+        Panels panels;
+        Choosy choosy(Qt::Vertical, 2, &panels.window);
+        QVERIFY(choosy.addEditor(&panels.a, 1));
+        choosy.setSubRegionCount(1); // Its own widget is not the region's to destroy.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(panels.a.panel != nullptr);
+        QCOMPARE(panels.a.subRegionIndex(), 0);
+        panels.region->setSubRegionCount(1);
+        QCOMPARE(panels.state(), u"B* C"_s);
+    }
+
     void savedLayout()
     {
         Panels panels;
@@ -217,6 +239,7 @@ private Q_SLOTS:
                  other.replace("\"version\":1", "\"version\":2"),
                  QByteArray(saved).replace("\"B\"]", "\"B\",\"A\"]"),
                  QByteArray(saved).replace("70|80", "70|x"),
+                 QByteArray(saved).replace("70|80", "-2147483648|80"),
                  QByteArray(saved).replace("\"subRegion\":1", "\"subRegion\":2")}) {
             QVERIFY(!panels.region->restoreLayout(damaged));
             QCOMPARE(panels.state(), before);
