@@ -145,6 +145,7 @@ void WorkSession::showMessage(const QString &text)
 
 void WorkSession::open(const QStringList &paths)
 {
+    giveUpSample();
     m_openProblem.clear();
     m_workstation->session().open(paths);
     setEmptyText(tr("Looking for DICOM files…"));
@@ -188,6 +189,9 @@ void WorkSession::setEmptyText(const QString &text)
 
 void WorkSession::openSample()
 {
+    if (m_sample != nullptr) {
+        return;
+    }
     m_sample = new SampleMaker(this);
     connect(m_sample, &SampleMaker::progressChanged, this, [this](int percent) {
         constexpr int whole = 100;
@@ -197,6 +201,17 @@ void WorkSession::openSample()
     setEmptyText(tr("Making the sample study…"));
     showBusy(true);
     m_sample->start();
+}
+
+void WorkSession::giveUpSample()
+{
+    if (m_sample == nullptr) {
+        return;
+    }
+    m_sample->disconnect(this);
+    connect(m_sample, &SampleMaker::finished, m_sample, &QObject::deleteLater);
+    m_sample->cancel();
+    m_sample = nullptr;
 }
 
 void WorkSession::sampleFinished(const QString &problem)

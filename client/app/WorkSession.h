@@ -34,7 +34,7 @@ public:
     [[nodiscard]] Desktop &desktop() { return *m_desktop; }
     [[nodiscard]] PanelPlaces &panels() { return *m_panels; }
     /// Opens folders or files; the largest series found is shown in all viewers. What is open stays
-    /// when there are no images.
+    /// when there are no images. A sample study that is still being made is given up.
     void open(const QStringList &paths);
     /// Opens series or volumes that were chosen together: one in all viewers, of several each in a
     /// viewer of its own as far as there are viewers. Asks the user once for all of them, if at
@@ -73,6 +73,8 @@ private:
     void tellNothingFound(const DicomScanner::Result &result);
     void showBusy(bool busy);
     void sampleFinished(const QString &problem);
+    /// Something else is to be opened than the sample study that is being made.
+    void giveUpSample();
     void cancel();
     void setProblem(const QString &problem);
     void clearFound();

@@ -1,4 +1,5 @@
 #include "client/layout/ViewerArea.h"
+#include "client/loading/SampleMaker.h"
 #include "client/panels/ProblemsButton.h"
 #include "client/panels/StatusText.h"
 #include "client/panels/StudyTree.h"
@@ -10,7 +11,9 @@
 #include "tests/support/DragAndDrop.h"
 #include "tests/support/NextDialog.h"
 
+#include <QScopeGuard>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QtWidgets>
 
@@ -290,6 +293,21 @@ private Q_SLOTS:
         }
         m_fixture->settle();
         QVERIFY(viewer(0).widget()->frame().isNull());
+    }
+
+    void openWhileSampleIsMade()
+    {
+        const QTemporaryDir cache;
+        qputenv("XDG_CACHE_HOME", cache.path().toLocal8Bit());
+        const auto restore = qScopeGuard([] { qunsetenv("XDG_CACHE_HOME"); });
+        m_files->addStack(2);
+        m_fixture->session().openSample();
+        m_fixture->session().openSample(); // It is under way.
+        openAndWait();
+        const QStringList wanted = treeTexts();
+        QTRY_VERIFY(m_fixture->session().findChildren<SampleMaker *>().isEmpty());
+        QTRY_VERIFY(m_fixture->session().isSettled());
+        QCOMPARE(treeTexts(), wanted); // The sample study does not take its place.
     }
 
     void openWhileReading()
