@@ -65,6 +65,9 @@ int LogModel::columnCount(const QModelIndex &parent) const
 QVariant LogModel::data(const QModelIndex &index, int role) const
 {
     using Color = QxStyleFactory::ColorRole;
+    if (!index.isValid()) {
+        return {};
+    }
     const Line &line = m_lines[static_cast<std::size_t>(index.row())];
     const QString &cell = line.cells[static_cast<std::size_t>(index.column())];
     switch (role) {
@@ -87,7 +90,8 @@ QVariant LogModel::data(const QModelIndex &index, int role) const
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    const bool isTitle = role == Qt::DisplayRole && orientation == Qt::Horizontal;
+    if (!isTitle || section < 0 || section >= numColumns) {
         return {};
     }
     const std::array<QString, numColumns> names{tr("Time"), tr("Level"), tr("Text")};

@@ -1,8 +1,10 @@
+#include "client/panels/LogModel.h"
 #include "client/panels/LogPanel.h"
 #include "client/panels/SearchField.h"
 #include "platform/util/McLogFile.h"
 #include "tests/support/PrivateSettings.h"
 
+#include <QAbstractItemModelTester>
 #include <QComboBox>
 #include <QTableView>
 #include <QTest>
@@ -32,6 +34,18 @@ private Q_SLOTS:
         panel.findChild<SearchField *>()->setText(u"MULLER note"_s);
         QVERIFY(panel.text().endsWith(u"\tNote\ta note on Müller\n"_s));
         QCOMPARE(panel.text().count(u'\n'), 1);
+    }
+
+    void modelAnswersWhateverIsAsked()
+    {
+        LogModel model;
+        const QAbstractItemModelTester tester(
+            &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        McLogFile::infof("first");
+        model.update();
+        QVERIFY(model.rowCount() > 0);
+        QVERIFY(!model.data({}, Qt::DisplayRole).isValid());
+        QVERIFY(!model.headerData(-1, Qt::Horizontal, Qt::DisplayRole).isValid());
     }
 
     void manyLinesFromThreads()
