@@ -118,8 +118,11 @@ QWidget *PropertyEditor::makeText()
 
 void PropertyEditor::enter(const QString &text)
 {
-    if (text != m_property.toString() && !m_property.changeFromString(text)) {
-        Q_EMIT refused(text);
-        m_show();
+    if (text == m_property.toString() || m_property.changeFromString(text)) {
+        return;
     }
+    if (!m_property.fromString(text)) { // Otherwise it is the present value, written differently.
+        Q_EMIT refused(text);
+    }
+    m_show();
 }

@@ -11,6 +11,7 @@
 #include "tests/support/NextDialog.h"
 #include "tests/support/PrivateSettings.h"
 
+#include <QSignalSpy>
 #include <QTest>
 #include <QtWidgets>
 
@@ -88,8 +89,14 @@ private Q_SLOTS:
         auto *const text = browser.findChild<QLineEdit *>(u"Test.Text"_s);
         QTest::keyClicks(text, u"d\r"_s);
         auto *const place = browser.findChild<QLineEdit *>(u"Test.Place"_s);
-        QTest::keyClicks(place, u"x\r"_s); // No rectangle: refused.
+        const QSignalSpy refused(
+            qobject_cast<PropertyEditor *>(place->parentWidget()), &PropertyEditor::refused);
+        QTest::keyClicks(place, u"x\r"_s); // No rectangle.
         QCOMPARE(place->text(), u"1|2|3|4"_s);
+        place->setText(u"1| 2|3|4"_s); // The same rectangle.
+        QTest::keyClick(place, Qt::Key_Return);
+        QCOMPARE(place->text(), u"1|2|3|4"_s);
+        QCOMPARE(refused.size(), 1);
         auto *const real = browser.findChild<QDoubleSpinBox *>(u"Other.Real"_s);
         real->stepUp();
         QCOMPARE(values(),
