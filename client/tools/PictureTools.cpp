@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QSaveFile>
 #include <QStandardPaths>
@@ -20,14 +21,18 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(PictureTools)
 };
 
-/// A name that sorts by time, in the folder of pictures or, from the second time on, where the last
-/// picture went.
+/// The folder of pictures or, from the second time on, where the last picture went.
+QString &folder()
+{
+    static QString name = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return name;
+}
+
+/// A name that sorts by time.
 QString defaultName()
 {
-    static const QString folder
-        = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    return folder % QLatin1String("/movara-") % time % QLatin1String(".png");
+    return folder() % QLatin1String("/movara-") % time % QLatin1String(".png");
 }
 
 /// Empty when the user has thought better of it.
@@ -53,6 +58,7 @@ void save(const QPixmap &picture, WorkSession &session)
     const bool isSaved = file.open(QIODevice::WriteOnly) && picture.save(&file, format.constData())
         && file.commit();
     if (isSaved) {
+        folder() = QFileInfo(name).absolutePath();
         session.showMessage(Texts::tr("Saved: %1").arg(name));
     } else {
         ExMessageBox::error(

@@ -367,13 +367,15 @@ private Q_SLOTS:
     {
         WindowFixture fixture(PhantomSeries::make(Grid::Axial));
         const QString name = WindowFixture::settings().path("viewer.png");
+        QDir folder;
         const auto saveAs = [&](const QString &file) {
-            const NextDialog dialog([&file](QWidget &box) {
+            const NextDialog dialog([&](QWidget &box) {
                 auto *const chooser = qobject_cast<QFileDialog *>(&box);
                 if (chooser == nullptr) {
                     QTest::keyClick(&box, Qt::Key_Escape); // the message that it cannot be written
                     return;
                 }
+                folder = chooser->directory();
                 chooser->findChild<QLineEdit *>()->setText(file);
                 QMetaObject::invokeMethod(chooser, "accept");
             });
@@ -385,6 +387,8 @@ private Q_SLOTS:
         QCOMPARE(saved.size(), fixture.slice(0).widget()->pixelSize());
         QCOMPARE(saved.convertToFormat(QImage::Format_RGB32),
             fixture.slice(0).widget()->grab().toImage().convertToFormat(QImage::Format_RGB32));
+        QVERIFY(saveAs(WindowFixture::settings().path("second.png")));
+        QCOMPARE(folder, QFileInfo(name).dir()); // Where the first one went.
     }
 };
 
