@@ -1,5 +1,6 @@
 #include "client/app/BenchmarkVolume.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <vector>

@@ -212,7 +212,7 @@ std::vector<FocusOrder::Area> FocusOrder::areas() const
     return areas;
 }
 
-std::vector<QWidget *> FocusOrder::buttons() const
+std::vector<QWidget *> FocusOrder::buttons()
 {
     std::vector<QWidget *> found;
     for (const QToolBar *bar : toolBars()) {

@@ -53,7 +53,7 @@ private:
     /// Which of them has the focus, or -1.
     [[nodiscard]] static int currentArea(const std::vector<Area> &areas);
     /// Of the tool bars of all windows.
-    [[nodiscard]] std::vector<QWidget *> buttons() const;
+    [[nodiscard]] static std::vector<QWidget *> buttons();
 
     QPointer<QWidget> m_list;
     Workstation &m_workstation;

@@ -19,9 +19,8 @@ class Workstation;
 class WorkstationApplication final : public ExApplication
 {
 public:
-    /// Puts the language in force and runs the start-up callbacks of tools and
-    /// editors, those only once in the
-    /// process. @param language as for Translations::install().
+    /// Puts the language in force and runs the start-up callbacks of tools and editors, those only
+    /// once in the process. @param language as for Translations::install().
     explicit WorkstationApplication(const QString &language = {});
     ~WorkstationApplication() override;
 

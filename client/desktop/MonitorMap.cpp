@@ -4,7 +4,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -32,8 +31,8 @@ double scaleFor(const QList<QRect> &monitors)
     const QSizeF total = totalOf(monitors).size();
     double scale = std::min(usual.width() / total.width(), usual.height() / total.height());
     for (const QRect &monitor : monitors) {
-        scale = std::max({scale, double(smallest.width()) / monitor.width(),
-            double(smallest.height()) / monitor.height()});
+        scale = std::max({scale, static_cast<double>(smallest.width()) / monitor.width(),
+            static_cast<double>(smallest.height()) / monitor.height()});
     }
     return scale;
 }
@@ -120,30 +119,29 @@ void MonitorMap::chooseStudies(int monitor, bool on)
     Q_EMIT changed();
 }
 
-QSize MonitorMap::sizeHint() const
+QList<QRect> MonitorMap::desktops() const
 {
     QList<QRect> all;
     for (const Monitor &monitor : m_monitors) {
         all.append(monitor.desktop);
     }
-    if (all.isEmpty()) {
-        return smallest;
-    }
-    const QSizeF size = totalOf(all).size() * scaleFor(all);
-    return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
+    return all;
+}
+
+QSize MonitorMap::sizeHint() const
+{
+    const QList<QRect> all = desktops();
+    return all.isEmpty() ? smallest : totalOf(all).size() * scaleFor(all);
 }
 
 void MonitorMap::arrange()
 {
-    QList<QRect> all;
-    for (const Monitor &monitor : m_monitors) {
-        all.append(monitor.desktop);
-    }
+    const QList<QRect> all = desktops();
     const QRect total = totalOf(all);
+    const double scale = scaleFor(all);
     const QSize hint = sizeHint();
     const QPoint first((width() - hint.width()) / 2, (height() - hint.height()) / 2);
     for (Monitor &monitor : m_monitors) {
-        const double scale = scaleFor(all);
         const QPointF corner = QPointF(monitor.desktop.topLeft() - total.topLeft()) * scale;
         const QSizeF size = QSizeF(monitor.desktop.size()) * scale;
         monitor.shown = QRectF(first + corner, size).toRect().adjusted(gap, gap, -gap, -gap);

@@ -44,6 +44,7 @@ private:
         QCheckBox *studies = nullptr;
     };
 
+    [[nodiscard]] QList<QRect> desktops() const;
     void addMonitor(const QRect &desktop);
     QCheckBox *addBox(const QString &text, const QString &toolTip);
     void arrange();

@@ -94,6 +94,17 @@ bool ViewersContent::occupies(const QList<int> &monitors) const
 void ViewersContent::occupy(const QList<int> &monitors)
 {
     const QList<ViewerArea *> before = areas();
+    const std::vector<Page> left = movePages(monitors); // Destroyed when all have been told.
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        m_pages[i].widget->setNumber(m_pages.size() == 1 ? 0 : static_cast<int>(i) + 1);
+    }
+    if (areas() != before) {
+        Q_EMIT areasChanged(areas());
+    }
+}
+
+std::vector<ViewersContent::Page> ViewersContent::movePages(const QList<int> &monitors)
+{
     std::vector<Page> left = std::exchange(m_pages, {});
     for (const int monitor : monitors) {
         Page page{monitor, identityOf(monitor), nullptr};
@@ -113,10 +124,5 @@ void ViewersContent::occupy(const QList<int> &monitors)
             page.widget = std::make_unique<ViewerPage>();
         }
     }
-    for (std::size_t i = 0; i < m_pages.size(); ++i) {
-        m_pages[i].widget->setNumber(m_pages.size() == 1 ? 0 : static_cast<int>(i) + 1);
-    }
-    if (areas() != before) {
-        Q_EMIT areasChanged(areas());
-    }
+    return left;
 }

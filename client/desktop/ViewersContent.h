@@ -47,6 +47,8 @@ private:
 
     [[nodiscard]] bool occupies(const QList<int> &monitors) const;
     void occupy(const QList<int> &monitors);
+    /// Gives each monitor its page. @return those that none is left for.
+    [[nodiscard]] std::vector<Page> movePages(const QList<int> &monitors);
 
     std::vector<Page> m_pages;
 };

@@ -6,6 +6,7 @@
 
 #include <QPoint>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -73,16 +74,15 @@ bool ScrollInteraction::wheel(const ExEvent &event)
 bool ScrollInteraction::key(const ExEvent &event)
 {
     WorkstationViewer *const viewer = viewerOf(event);
-    for (const KeyStep &step : keySteps) {
-        if (viewer == nullptr || step.key != event.buttonOrKey) {
-            continue;
-        }
-        if (step.phases != 0) {
-            LinkedActions::stepPhase(*viewer, step.phases);
-        } else if (SliceViewer *const slice = sliceViewerOf(event)) {
-            LinkedActions::scroll(*slice, step.planes);
-        }
-        return true;
+    const auto *const step = std::find_if(keySteps.begin(), keySteps.end(),
+        [&event](const KeyStep &each) { return each.key == event.buttonOrKey; });
+    if (viewer == nullptr || step == keySteps.end()) {
+        return false;
     }
-    return false;
+    if (step->phases != 0) {
+        LinkedActions::stepPhase(*viewer, step->phases);
+    } else if (SliceViewer *const slice = sliceViewerOf(event)) {
+        LinkedActions::scroll(*slice, step->planes);
+    }
+    return true;
 }

@@ -2,10 +2,11 @@
 
 #include "client/interaction/ViewerInteraction.h"
 
-class QObject;
+#include <QObject>
+#include <QPointer>
 
 /// The wheel scrolls, with Ctrl it zooms, with Alt it steps through the phases; in 3D it zooms.
-/// Arrow and page keys do the same.
+/// Arrow and page keys scroll and step through the phases.
 class ScrollInteraction final : public ViewerInteraction
 {
 public:
@@ -17,6 +18,6 @@ private:
     /// Whole wheel steps; what is left of finer wheels waits for the next event on the same widget.
     int takeSteps(const ExEvent &event);
 
-    const QObject *m_lastObject = nullptr;
+    QPointer<const QObject> m_lastObject;
     int m_remainder = 0;
 };

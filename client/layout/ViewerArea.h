@@ -1,8 +1,7 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
-
-#include <functional>
 
 class QMimeData;
 

@@ -196,7 +196,15 @@ void PropertiesPanel::filter(const QString &text)
             % u'\n' % row.property->key();
         row.item->setHidden(!SearchText::holdsAll(SearchText::folded(searched), words));
     }
-    bool anyFound = false;
+    const bool anyFound = hideEmptyGroups();
+    m_message->setText(m_rows.empty() ? tr("There are no settings here.")
+                                      : tr("No setting has “%1” in its name.").arg(text));
+    m_message->setVisible(!anyFound);
+}
+
+bool PropertiesPanel::hideEmptyGroups()
+{
+    bool anyShown = false;
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem &group = *m_tree->topLevelItem(i);
         bool hasShown = false;
@@ -204,11 +212,9 @@ void PropertiesPanel::filter(const QString &text)
             hasShown = hasShown || !group.child(k)->isHidden();
         }
         group.setHidden(!hasShown);
-        anyFound = anyFound || hasShown;
+        anyShown = anyShown || hasShown;
     }
-    m_message->setText(m_rows.empty() ? tr("There are no settings here.")
-                                      : tr("No setting has “%1” in its name.").arg(text));
-    m_message->setVisible(!anyFound);
+    return anyShown;
 }
 
 void PropertiesPanel::resetAll()

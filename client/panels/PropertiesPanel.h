@@ -33,7 +33,8 @@ public:
     void setProperties(const std::list<KxVariant *> &properties);
     /// Those that the program keeps for itself, not to be shown.
     [[nodiscard]] static QList<QRegularExpression> internalSettings();
-    /// How many settings were changed since they were first shown here, each counted once.
+    /// How many settings were changed since the panel was filled last, each counted once: by
+    /// setProperties(), or when it has come up with settings of the pool that are new.
     [[nodiscard]] int numChanged() const;
 
 protected:
@@ -55,6 +56,8 @@ private:
     void addRow(KxVariant &property);
     QTreeWidgetItem *groupFor(const KxVariant &property);
     void filter(const QString &text);
+    /// @return whether a group is left.
+    bool hideEmptyGroups();
     void resetAll();
     void updateButtons();
 

@@ -30,6 +30,16 @@ using Zel::DicomDirectoryEntry;
 
 constexpr int space = 4;
 
+/// Tools look there for what is selected.
+void tellSelection(const std::vector<McHandle<DicomDirectoryEntry>> &selected)
+{
+    Zel::DicomDirectory::Selection chosen;
+    for (const McHandle<DicomDirectoryEntry> &each : selected) {
+        chosen.append(each);
+    }
+    Zel::DicomDirectory::instance().setSelection(chosen);
+}
+
 /// Adds the identifiers of all series in an entry.
 void addSeries(const DicomDirectoryEntry &entry, QStringList &uids)
 {
@@ -167,10 +177,7 @@ void StudyPanel::selectedChanged()
     const qsizetype count = m_tree->selectedUids().size();
     const auto selected = m_tree->selectedEntries();
     const bool isAnything = !selected.empty();
-    Zel::DicomDirectory::Selection chosen;
-    std::for_each(selected.begin(), selected.end(),
-        [&chosen](const McHandle<Entry> &each) { chosen.append(each); });
-    Zel::DicomDirectory::instance().setSelection(chosen);
+    tellSelection(selected);
     m_openAction->setEnabled(count > 0);
     m_open->setEnabled(count > 0);
     m_open->setText(count > 1 ? tr("Open (%1)").arg(count) : tr("Open"));

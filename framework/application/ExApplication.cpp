@@ -203,10 +203,7 @@ void ExApplication::addRunningProcess(ExWorker *worker)
 
 void ExApplication::removeRunningProcess(ExWorker *worker)
 {
-    const auto found = std::find(d->runningProcesses.begin(), d->runningProcesses.end(), worker);
-    if (found != d->runningProcesses.end()) {
-        d->runningProcesses.erase(found);
-    }
+    d->runningProcesses.remove(worker);
 }
 
 bool ExApplication::runningProcessIsRegistered(ExWorker *worker)

@@ -4,16 +4,16 @@
 #include <QCursor>
 
 ExTempCursorHandle::ExTempCursorHandle()
-    : m_cursor(QApplication::overrideCursor())
+    : m_isOverriding(QApplication::overrideCursor() != nullptr)
 {
-    if (m_cursor != nullptr) {
+    if (m_isOverriding) {
         QApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
     }
 }
 
 ExTempCursorHandle::~ExTempCursorHandle()
 {
-    if (m_cursor != nullptr) {
+    if (m_isOverriding) {
         QApplication::restoreOverrideCursor();
     }
 }

@@ -43,7 +43,7 @@ private:
     void release();
 
     QPointer<ExEditor> m_editor;
-    /// Only compared with the child that leaves.
+    /// The panel, for as long as it is a child of the window.
     QObject *m_content = nullptr;
     QVBoxLayout *m_layout;
     bool m_isEnding = false;

@@ -139,25 +139,12 @@ void ExMonitorManager::applyConfigurations()
 
     const std::vector<ExMonitorManagerPrivate::Group> groups = d->groups();
     QList<ExMonitorWidget *> taken = d->existingWidgets(groups);
-    std::vector<std::pair<ExMonitorWidget *, QList<Content *>>> arranged;
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        ExMonitorWidget *&widget = taken[static_cast<qsizetype>(i)];
+    for (ExMonitorWidget *&widget : taken) {
         if (widget == nullptr) {
             widget = createMonitorWidget();
         }
-        arranged.emplace_back(widget, groups[i].contents);
     }
-    for (auto &[widget, shown] : d->widgets) {
-        shown.clear();
-        for (const auto &[other, contents] : arranged) {
-            shown.append(other == widget ? contents : QList<Content *>());
-        }
-    }
-    for (const auto &[widget, contents] : arranged) {
-        for (Content *const content : contents) {
-            d->entries.at(content).widget = widget;
-        }
-    }
+    d->assign(groups, taken);
     for (ExMonitorWidget *const widget : monitorWidgets()) {
         widget->doLayout();
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -119,6 +120,18 @@ QList<ExMonitorWidget *> ExMonitorManagerPrivate::existingWidgets(
         }
     }
     return found;
+}
+
+void ExMonitorManagerPrivate::assign(
+    const std::vector<Group> &groups, const QList<ExMonitorWidget *> &taken)
+{
+    for (auto &[widget, shown] : widgets) {
+        const qsizetype place = taken.indexOf(widget);
+        shown = place < 0 ? QList<Content *>() : groups[static_cast<std::size_t>(place)].contents;
+        for (const Content *const content : std::as_const(shown)) {
+            entries.at(content).widget = widget;
+        }
+    }
 }
 
 void ExMonitorManagerPrivate::hideEmptyWidgets() const

@@ -56,6 +56,8 @@ public:
     /// The window for each group: that of its first content that has one, else any that is left;
     /// null for those that need a new one.
     [[nodiscard]] QList<ExMonitorWidget *> existingWidgets(const std::vector<Group> &groups) const;
+    /// Notes that each group is shown in the window at its place, and nothing in any other.
+    void assign(const std::vector<Group> &groups, const QList<ExMonitorWidget *> &taken);
     /// Windows that nothing is shown in any longer.
     void hideEmptyWidgets() const;
     /// Takes the state of the record, when the window is on screen.

@@ -373,7 +373,7 @@ bool ExContextToolBar::eventFilter(QObject *watched, QEvent *event)
         break;
     case QEvent::Hide:
         if (m_bar->isHidden()) {
-            m_bar->hide();
+            m_bar->hide(); // In so many words: it does not come back with the widget.
         }
         break;
     default:
