@@ -124,7 +124,7 @@ QString ExMessageBox::password(
     }
     const McHandle<ExTempCursorHandle> arrow = ExApplication::tempNotBusy();
     const bool accepted = dialog->exec() == QDialog::Accepted && dialog != nullptr;
-    const QString password = accepted ? dialog->password() : QString();
+    QString password = accepted ? dialog->password() : QString();
     delete dialog;
     return password;
 }

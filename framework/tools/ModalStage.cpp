@@ -23,10 +23,13 @@ std::vector<McHandle<ExBaseViewer>> allViewers()
 {
     std::vector<McHandle<ExBaseViewer>> viewers;
     const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
+    if (manager == nullptr) {
+        return viewers;
+    }
+    for (int i = 0; i < manager->numViewers(); ++i) {
         viewers.emplace_back(manager->viewer(i));
     }
-    const McHandle<ExBaseViewer> active = ModalStage::activeViewer();
+    const McHandle<ExBaseViewer> active(manager->activeViewer());
     if (active && manager->viewerIndex(active) < 0) {
         viewers.push_back(active);
     }
