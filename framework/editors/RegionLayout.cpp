@@ -65,7 +65,7 @@ public:
     /// Name of an editor, each of which has one place.
     QString editor(const QJsonValue &value)
     {
-        const QString name = text(value);
+        QString name = text(value);
         expect(!name.isEmpty() && !m_editors.contains(name));
         m_editors.insert(name);
         return name;
