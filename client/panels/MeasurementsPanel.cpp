@@ -218,7 +218,21 @@ void MeasurementsPanel::updateRows()
                  "then click or drag in an image.")
             : QString());
     if (const int id = std::exchange(m_pendingJump, 0)) {
+        finishJump(id);
+    }
+}
+
+/// The images may be there now, still to come, or never come: then the viewer is free for others.
+void MeasurementsPanel::finishJump(int id)
+{
+    const Measurement *const found = m_list.find(id);
+    if (found == nullptr) {
+        return;
+    }
+    if (MeasurementPlace::viewerFor(*found) != nullptr) {
         jumpTo(id);
+    } else if (m_session.isLoaded(found->seriesUid) && m_session.isBusy()) {
+        m_pendingJump = id;
     }
 }
 

@@ -46,6 +46,7 @@ private:
     /// Brings the rows up to date, soon and once however often it is asked.
     void updateSoon();
     void updateRows();
+    void finishJump(int id);
     void updateRow(QTreeWidgetItem &item, const Measurement &measurement);
     void updateButtons();
     void selectPicked();
@@ -66,6 +67,6 @@ private:
     QTimer m_updateTimer;
     /// Once hidden it waits with all changes until it is shown again.
     bool m_isAsleep = false;
-    int m_pendingJump = 0;
+    int m_pendingJump = 0; ///< Where to go once its images are there; 0 for nowhere.
     McHandle<ExNotifiable> m_watch;
 };
