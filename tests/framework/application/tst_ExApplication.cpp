@@ -1,19 +1,9 @@
-#include "platform/properties/KxPropertyPool.h"
 #include "platform/render/Kx.h"
 #include "platform/toolkit/QxStyleFactory.h"
 #include "platform/util/McProgressInterface.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/Files.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTest>
+#include "tests/support/Prelude.h"
 
 #include <cstdio>
-#include <memory>
 
 namespace {
 

@@ -2,14 +2,7 @@
 #include "framework/editors/ExEditor.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ToolModule.h"
-#include "platform/properties/KxPropertyPool.h"
-
-#include <QFile>
-#include <QLabel>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 class tst_PluginLoader : public QObject
 {

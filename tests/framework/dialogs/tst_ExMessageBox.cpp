@@ -1,20 +1,6 @@
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/dialogs/ExPasswordInputWidget.h"
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/NextDialog.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
-#include <functional>
-#include <memory>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -1,14 +1,6 @@
 #include "framework/dialogs/QxTimedWorkAreaControl.h"
 #include "framework/dialogs/QxWorkAreaControl.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QApplication>
-#include <QTest>
-
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

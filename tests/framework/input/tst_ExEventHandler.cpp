@@ -1,18 +1,6 @@
 #include "framework/dispatch/ExActionHandler.h"
 #include "framework/input/ExEventHandler.h"
-#include "tests/support/Rows.h"
-
-#include <QCursor>
-#include <QMouseEvent>
-#include <QTest>
-#include <QWheelEvent>
-#include <QWidget>
-
-#include <array>
-#include <functional>
-#include <memory>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

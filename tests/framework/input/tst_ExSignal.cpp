@@ -1,12 +1,6 @@
 #include "framework/input/ExEvent.h"
 #include "platform/render/KxMsg.h"
-#include "tests/support/FakeViewer.h"
-
-#include <QTest>
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 class tst_ExSignal : public QObject
 {

@@ -3,17 +3,7 @@
 #include "framework/loading/LoadIncompleteStudies.h"
 #include "platform/dicom/DicomDirectory.h"
 #include "platform/dicom/KxVolumeInfoCache.h"
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/NextDialog.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
-
-#include <QFile>
-#include <QPushButton>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 using Zel::DicomDirectoryEntry;
 using Entry = McHandle<DicomDirectoryEntry>;

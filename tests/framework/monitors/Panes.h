@@ -1,8 +1,7 @@
 #pragma once
 
 #include "framework/monitors/ExMonitorManager.h"
-
-#include <array>
+#include "tests/support/Prelude.h"
 
 inline ExMonitorManager &manager()
 {

@@ -1,14 +1,5 @@
 #include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QDialog>
-#include <QGuiApplication>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -5,19 +5,7 @@
 #include "framework/monitors/ExMenuBarAddOn.h"
 #include "framework/monitors/ExMonitorManager.h"
 #include "platform/backend/KxBackendPeer.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QMainWindow>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-
-#include <memory>
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 /// States of a monitor window, and what it tells.
 class tst_ExMonitorWidget : public QObject

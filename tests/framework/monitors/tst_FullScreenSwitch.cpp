@@ -1,15 +1,5 @@
 #include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/util/McHandle.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QGridLayout>
-#include <QTest>
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

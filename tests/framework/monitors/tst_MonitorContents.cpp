@@ -1,16 +1,5 @@
 #include "tests/framework/monitors/Panes.h"
 
-#include "tests/support/PrivateSettings.h"
-
-#include <QMainWindow>
-#include <QTest>
-#include <QToolBar>
-
-#include <memory>
-#include <vector>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Configuration = ExMonitorWidget::Configuration;

@@ -1,17 +1,6 @@
 // On the toolkit's own screens. The program runs itself once for each set of them: a process has
 // the screens that it began with.
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/monitors/Panes.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QMainWindow>
-#include <QProcess>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

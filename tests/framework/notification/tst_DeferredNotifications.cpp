@@ -1,12 +1,6 @@
-#include "framework/notification/ExNotifiables.h"
-#include "tests/support/Recorder.h"
+#include "tests/support/Prelude.h"
 
-#include <QCoreApplication>
-#include <QTest>
-
-#include <array>
 #include <atomic>
-#include <memory>
 #include <thread>
 
 namespace {

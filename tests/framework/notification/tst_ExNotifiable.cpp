@@ -1,12 +1,5 @@
-#include "framework/notification/ExNotifiables.h"
 #include "platform/render/KxEngine.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -1,12 +1,4 @@
-#include "framework/notification/ExNotifiables.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <memory>
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -1,6 +1,4 @@
-#include "framework/notification/ExNotification.h"
-
-#include <QTest>
+#include "tests/support/Prelude.h"
 
 using Type = ExNotification::Type;
 

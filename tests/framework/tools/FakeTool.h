@@ -3,9 +3,7 @@
 #include "framework/tools/ExHotKeyEvent.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolUI.h"
-#include "tests/support/FakeViewer.h"
-
-#include <utility>
+#include "tests/support/Prelude.h"
 
 /// What happened to the fakes since the last call.
 inline QStringList fakeLog;

@@ -1,24 +1,9 @@
 #include "framework/dispatch/ClientCall.h"
-#include "framework/notification/ExNotifiables.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxServerPeer.h"
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,21 +2,8 @@
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExToolBar.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
 
-#include <QLabel>
-#include <QMenu>
-#include <QTest>
-
-#include <algorithm>
-#include <functional>
-#include <memory>
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

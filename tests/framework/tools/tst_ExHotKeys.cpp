@@ -1,15 +1,6 @@
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeys.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QTest>
-#include <QTextEdit>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 class tst_ExHotKeys : public QObject
 {

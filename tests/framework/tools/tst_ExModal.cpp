@@ -1,25 +1,9 @@
 #include "framework/input/ExEventHandler.h"
-#include "framework/notification/ExNotifiables.h"
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExModal.h"
 #include "framework/tools/ExToolBar.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QLabel>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QRegularExpression>
-#include <QTest>
-#include <QWheelEvent>
-
-#include <functional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,13 +1,6 @@
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QTest>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

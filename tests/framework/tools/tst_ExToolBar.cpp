@@ -2,21 +2,9 @@
 #include "framework/tools/ExToolBar.h"
 #include "platform/toolkit/QxStyleFactory.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QTemporaryFile>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
 
 #include <cstdio>
-#include <memory>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,12 +1,5 @@
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QTest>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 class tst_ExToolGroup : public QObject
 {

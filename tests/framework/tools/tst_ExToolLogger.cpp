@@ -1,16 +1,8 @@
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxBackendPeer.h"
 #include "platform/backend/KxServerPeer.h"
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/tools/FakeTool.h"
 #include "tests/platform/properties/ProgramLog.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QTest>
-
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,15 +2,6 @@
 #include "framework/tools/ExMenuTrigger.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QPointer>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

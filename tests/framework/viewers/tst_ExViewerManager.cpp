@@ -1,16 +1,5 @@
-#include "framework/notification/ExNotifiables.h"
 #include "platform/render/KxEngine.h"
-#include "tests/support/FakeViewer.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <array>
-#include <memory>
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 class tst_ExViewerManager : public QObject
 {

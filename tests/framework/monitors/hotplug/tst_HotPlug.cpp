@@ -1,15 +1,5 @@
 #include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/util/McHandle.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QGuiApplication>
-#include <QProcess>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
