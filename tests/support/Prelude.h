@@ -25,3 +25,15 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+
+/// A test whose settings, rights and logs are its own.
+class TestWithSettings : public QObject
+{
+protected:
+    PrivateSettings m_settings;
+};
+
+inline ExNotifiables &bus()
+{
+    return ExNotifiables::getInstance();
+}

@@ -20,7 +20,7 @@ QString cursor()
 
 } // namespace
 
-class tst_ExApplication : public QObject
+class tst_ExApplication : public TestWithSettings
 {
     Q_OBJECT
 
@@ -121,9 +121,6 @@ private Q_SLOTS:
         app.removeRunningProcess(&b);
         QVERIFY(app.runningProcessIsRegistered(&a) && !app.runningProcessIsRegistered(&b));
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 int main(int argc, char *argv[])

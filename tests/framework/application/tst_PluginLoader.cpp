@@ -39,9 +39,7 @@ private Q_SLOTS:
     {
         QVERIFY(PluginLoader::loadFolder(u"/nowhere"_s).isEmpty());
         const QTemporaryDir folder;
-        QFile notes(folder.filePath(u"notes.so"_s));
-        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("no library") > 0);
-        notes.close();
+        writeFile(folder.filePath(u"notes.so"_s), "no library");
         QVERIFY(PluginLoader::loadFolder(folder.path()).isEmpty());
     }
 };

@@ -23,7 +23,7 @@ public:
 
 } // namespace
 
-class tst_QxWorkAreaControl : public QObject
+class tst_QxWorkAreaControl : public TestWithSettings
 {
     Q_OBJECT
 
@@ -54,7 +54,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     FakeDisplay m_display;
     FakeApplication m_app;
 };

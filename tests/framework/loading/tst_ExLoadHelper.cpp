@@ -66,7 +66,7 @@ const QString severalText
 
 } // namespace
 
-class tst_ExLoadHelper : public QObject
+class tst_ExLoadHelper : public TestWithSettings
 {
     Q_OBJECT
 
@@ -429,7 +429,6 @@ private:
         return tree;
     }
 
-    PrivateSettings m_settings;
     std::unique_ptr<FakeApplication> m_app;
     std::map<McFilename, McHandle<HxParamBundle>> m_headers;
     McDArray<Entry> m_kept;

@@ -17,7 +17,7 @@ void setMonitors(const char *variable)
 } // namespace
 
 /// The set of monitors, and what is measured by it.
-class tst_ExMonitorManager : public QObject
+class tst_ExMonitorManager : public TestWithSettings
 {
     Q_OBJECT
 
@@ -151,9 +151,6 @@ private Q_SLOTS:
         QCOMPARE(
             textOf(ExMonitorManager::instance().defaultGeometry(0, 80)), u"128,102,1151,921"_s);
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_ExMonitorManager)

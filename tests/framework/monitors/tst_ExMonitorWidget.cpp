@@ -8,7 +8,7 @@
 #include "tests/support/Prelude.h"
 
 /// States of a monitor window, and what it tells.
-class tst_ExMonitorWidget : public QObject
+class tst_ExMonitorWidget : public TestWithSettings
 {
     Q_OBJECT
 
@@ -169,7 +169,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     FakeApplication m_application;
     ExMonitorWidget::Content m_content;
     ExMonitorWidget *m_widget = nullptr;

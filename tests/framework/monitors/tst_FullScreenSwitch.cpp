@@ -22,7 +22,7 @@ protected:
 } // namespace
 
 /// Between full screen and normal viewers are laid out once, or it flickers.
-class tst_FullScreenSwitch : public QObject
+class tst_FullScreenSwitch : public TestWithSettings
 {
     Q_OBJECT
 
@@ -73,9 +73,6 @@ private Q_SLOTS:
         area.setParent(nullptr);
         delete window;
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_FullScreenSwitch)

@@ -12,7 +12,7 @@ void place(Panes &content, const QList<int> &monitors, bool ownWindow = false)
 } // namespace
 
 /// Contents and the windows that they get.
-class tst_MonitorContents : public QObject
+class tst_MonitorContents : public TestWithSettings
 {
     Q_OBJECT
 
@@ -203,9 +203,6 @@ private Q_SLOTS:
         manager().setToolBars(&first, {});
         one.setParent(nullptr);
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_MonitorContents)

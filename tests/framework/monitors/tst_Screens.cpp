@@ -100,7 +100,7 @@ public:
 
 } // namespace
 
-class tst_Screens : public QObject
+class tst_Screens : public TestWithSettings
 {
     Q_OBJECT
 
@@ -205,9 +205,6 @@ private Q_SLOTS:
         ExMonitorManager::positionDialog(&far, rightmost.bottomRight() + QPoint(500, 0));
         QCOMPARE(far.pos(), QPoint(rightmost.right() / 2 - 100, rightmost.bottom() / 2 - 50));
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 int main(int argc, char *argv[])

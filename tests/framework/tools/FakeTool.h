@@ -1,6 +1,7 @@
 #pragma once
 
 #include "framework/tools/ExHotKeyEvent.h"
+#include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolUI.h"
 #include "tests/support/Prelude.h"
@@ -72,6 +73,49 @@ inline McHandle<FakeViewer> viewerWithVolume()
     viewer->imageSets[0]->appendVolume(new KxVolume({1, 1, 1}, KxVolume::ScalarType::UInt8), {});
     return viewer;
 }
+
+/// A tool that is enabled anywhere, and known to the decorations of the FakeApplication.
+template <typename Tool = FakeTool>
+Tool *makeTool(const char *key, const char *shortCut = "")
+{
+    auto &app = dynamic_cast<FakeApplication &>(ExApplication::instance());
+    app.decorations.entries[QLatin1String(key)].shortCut = QLatin1String(shortCut);
+    auto *const tool = new Tool(key);
+    tool->enabled = true;
+    return tool;
+}
+
+/// A test whose functions have an application and a viewer manager each, and leave nothing behind.
+class TestOfTools : public TestWithSettings
+{
+protected:
+    void begin()
+    {
+        m_app = std::make_unique<FakeApplication>();
+        m_manager = std::make_unique<FakeViewerManager>();
+        takeLog();
+    }
+    void end()
+    {
+        qDeleteAll(std::exchange(m_app->actions, {}));
+        m_manager.reset();
+        m_app.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
+    }
+    /// A viewer with a volume that is the active one.
+    McHandle<FakeViewer> addActiveViewer()
+    {
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        m_manager->add(viewer);
+        m_manager->setActiveViewer(viewer);
+        return viewer;
+    }
+
+    std::unique_ptr<FakeApplication> m_app;
+    std::unique_ptr<FakeViewerManager> m_manager;
+};
 
 /// The keys of actions; "-" for a separator.
 inline QString names(const QList<QAction *> &actions)

@@ -1,6 +1,5 @@
 #include "framework/dispatch/ClientCall.h"
 #include "framework/tools/ExActionUI.h"
-#include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxServerPeer.h"
 #include "tests/framework/tools/FakeTool.h"
@@ -27,7 +26,7 @@ void showActive(QWidget &window)
 
 } // namespace
 
-class tst_ExActionUI : public QObject
+class tst_ExActionUI : public TestOfTools
 {
     Q_OBJECT
 
@@ -39,19 +38,9 @@ private Q_SLOTS:
             QRegularExpression(u"^(?!This plugin does not support propagateSize)"_s));
         KxPropertyPool &pool = KxPropertyPool::instance();
         pool.property("Hidden.ToolLog", LogEnableType::LET_ALWAYS, pool.defaultSerializer());
-        m_app = std::make_unique<FakeApplication>();
-        m_manager = std::make_unique<FakeViewerManager>();
-        takeLog();
+        begin();
     }
-
-    void cleanup()
-    {
-        qDeleteAll(m_app->actions);
-        m_manager.reset();
-        m_app.reset();
-        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
-        QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
-    }
+    void cleanup() { end(); }
 
     void decorating()
     {
@@ -166,10 +155,8 @@ private Q_SLOTS:
         FakeTool *const tool = makeTool("Zoom");
         tool->enabled = false;
         const QAction *const action = ExActionUI::createAction(*tool);
-        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        const McHandle<FakeViewer> viewer = addActiveViewer();
         const McHandle<FakeViewer> other = viewerWithVolume();
-        m_manager->add(viewer);
-        m_manager->setActiveViewer(viewer);
         for (const auto type : {ExNotification::VIEWER_TYPE_CHANGED,
                  ExNotification::PROTOCOL_LOADED, ExNotification::VIEWER_GROUP_DISABLED}) {
             viewer->imageSets[0].reset();
@@ -243,9 +230,7 @@ private Q_SLOTS:
 
     void keyPressOfSeveralTools()
     {
-        const McHandle<FakeViewer> viewer = viewerWithVolume();
-        m_manager->add(viewer);
-        m_manager->setActiveViewer(viewer);
+        addActiveViewer();
         QToolBar window;
         FakeTool *const first = makeTool("First", "K");
         for (FakeTool *tool : {first, makeTool("Second", "K")}) {
@@ -263,19 +248,84 @@ private Q_SLOTS:
                 byFirst % byFirst % u"First hot key,Second hot key,Second triggered,Second on"));
     }
 
-private:
-    FakeTool *makeTool(const char *key, const char *shortCut = "")
+    void sequencesOfTools()
     {
-        m_app->decorations.entries[QLatin1String(key)].shortCut = QLatin1String(shortCut);
-        auto *const tool = new FakeTool(key);
-        tool->enabled = true;
-        return tool;
+        const McHandle<FakeTool> first = new FakeTool("First");
+        auto second = std::make_unique<FakeTool>("Second");
+        FakeTool local("Local");
+        local.global = false;
+        m_app->decorations.entries[u"First"_s] = {};
+        const std::unique_ptr<ExActionUI> action(ExActionUI::createAction(*first));
+        const std::unique_ptr<ExActionUI> clone(ExActionUI::cloneAction(*first));
+        ExHotKeys::setHotKey(nullptr, keyA);
+        ExHotKeys::setHotKey(&local, keyA);
+        ExHotKeys::setHotKey(first, QKeySequence(u"Ctrl+P, A"_s));
+        QCOMPARE(shownList(), u"A\tLocal\nCtrl+P, A\tFirst"_s);
+        ExHotKeys::setHotKey(first, keyA);
+        ExHotKeys::setHotKey(first, keyA);
+        QCOMPARE(shownList(), u"A\tLocal, First"_s);
+        QCOMPARE(ExHotKeys::findHotKey(keyA), first.get());
+        for (const QAction *shown : {action.get(), clone.get()}) {
+            QCOMPARE(shown->shortcut(), keyA);
+            QCOMPARE(shown->shortcutContext(), Qt::WindowShortcut);
+        }
+        ExHotKeys::setHotKey(second.get(), keyA); // Taken over.
+        QVERIFY(action->shortcut().isEmpty() && clone->shortcut().isEmpty());
+        QCOMPARE(shownList(), u"A\tLocal, Second"_s);
+        ExHotKeys::setHotKey(&local, QKeySequence());
+        QCOMPARE(ExHotKeys::hotKeyTools(), std::vector<ExTool *>{second.get()});
+        second.reset(); // Leaves by itself.
+        QCOMPARE(ExHotKeys::hotKeyTools(), std::vector<ExTool *>());
     }
 
-    PrivateSettings m_settings;
+    void toolsThatShareAreAskedInTurn()
+    {
+        class Killer : public FakeTool
+        {
+        public:
+            using FakeTool::FakeTool;
+            bool onHotKey(const ExHotKeyEvent &event) override
+            {
+                victim.reset();
+                return FakeTool::onHotKey(event);
+            }
+            std::unique_ptr<FakeTool> victim = std::make_unique<FakeTool>("victim");
+        };
+        Killer killer("killer");
+        FakeTool last("last");
+        killer.takesHotKey = false;
+        for (FakeTool *tool : {static_cast<FakeTool *>(&killer), killer.victim.get(), &last}) {
+            tool->global = false;
+            ExHotKeys::setHotKey(tool, keyA);
+        }
+        takeLog();
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        QVERIFY(!ExHotKeys::triggerHotKey(QKeySequence(Qt::Key_B), viewer));
+        QVERIFY(!ExHotKeys::triggerHotKey(keyA, nullptr));
+        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        last.activatable = false;
+        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        killer.takesHotKey = true;
+        killer.setActive(true);
+        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        QCOMPARE(takeLog(),
+            u"victim gone,killer hot key,last hot key,killer hot key,last hot key,"
+            "last on,killer hot key,last hot key,last on,killer on,killer hot key,"
+            "killer off"_s);
+    }
+
+private:
+    /// What the list of short cuts shows.
+    QString shownList()
+    {
+        QWidget mainWidget;
+        m_app->mainWidget = &mainWidget;
+        ExActionUI::showShortCutList();
+        return mainWidget.findChild<QTextEdit *>(u"wShortCutList"_s)->toPlainText();
+    }
+
     UsageLog m_usage;
-    std::unique_ptr<FakeApplication> m_app;
-    std::unique_ptr<FakeViewerManager> m_manager;
+    const QKeySequence keyA{Qt::Key_A};
 };
 
 QTEST_MAIN(tst_ExActionUI)

@@ -163,7 +163,7 @@ struct WatchedViewer
 
 } // namespace
 
-class tst_ExModal : public QObject
+class tst_ExModal : public TestWithSettings
 {
     Q_OBJECT
 
@@ -541,7 +541,6 @@ private:
         return viewer;
     }
 
-    PrivateSettings m_settings;
     FakeApplication m_app;
     FakeViewerManager m_manager;
     std::function<void(ExNotification::Type)> m_whenTold;

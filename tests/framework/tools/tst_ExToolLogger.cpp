@@ -38,7 +38,7 @@ public:
 
 } // namespace
 
-class tst_ExToolLogger : public QObject
+class tst_ExToolLogger : public TestWithSettings
 {
     Q_OBJECT
 
@@ -88,7 +88,6 @@ private Q_SLOTS:
 
 private:
     ProgramLog m_log;
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_ExToolLogger)

@@ -37,7 +37,7 @@ public Q_SLOTS:
 
 } // namespace
 
-class tst_ExTrigger : public QObject
+class tst_ExTrigger : public TestWithSettings
 {
     Q_OBJECT
 
@@ -124,7 +124,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     FakeApplication m_app;
     FakeViewerManager m_manager;
 };
