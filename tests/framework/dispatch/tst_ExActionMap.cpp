@@ -76,23 +76,20 @@ struct House
     void act(char deed, const QString &what)
     {
         Receiver *const receiver = receivers[what].get();
+        const Map::Action action({1}, receiver, &Receiver::otherwise); // Any handler will do.
         const std::map<char, std::function<void()>> ways{{'-', [&] { receivers.erase(what); }},
-            // Any handler will do.
-            {'~',
-                [&] {
-                    map->removeAction({{1}, receiver, &Receiver::otherwise});
-                }},
+            {'~', [&] { map->removeAction(action); }},
             {'/', [&] { map->removeReceiver(*receiver); }}, {'+', [&] { add(what); }},
-            {'*', [&] { growForAWhile(); }},
-            {'(',
-                [&] {
-                    log.append(u"("_s);
-                    walk(what.toInt());
-                    log.append(u")"_s);
-                }},
+            {'*', [&] { growForAWhile(); }}, {'(', [&] { walkWithin(what.toInt()); }},
             {'!', [&] { map.reset(); }}, {'?', [] { throw std::runtime_error("as told"); }},
             {'=', [] {}}};
         ways.at(deed)();
+    }
+    void walkWithin(int key)
+    {
+        log.append(u"("_s);
+        walk(key);
+        log.append(u")"_s);
     }
     void growForAWhile()
     {

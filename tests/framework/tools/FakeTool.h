@@ -89,13 +89,13 @@ Tool *makeTool(const char *key, const char *shortCut = "")
 class TestOfTools : public TestWithSettings
 {
 protected:
-    void begin()
+    void setUp()
     {
         m_app = std::make_unique<FakeApplication>();
         m_manager = std::make_unique<FakeViewerManager>();
         takeLog();
     }
-    void end()
+    void tearDown()
     {
         qDeleteAll(std::exchange(m_app->actions, {}));
         m_manager.reset();

@@ -38,9 +38,9 @@ private Q_SLOTS:
             QRegularExpression(u"^(?!This plugin does not support propagateSize)"_s));
         KxPropertyPool &pool = KxPropertyPool::instance();
         pool.property("Hidden.ToolLog", LogEnableType::LET_ALWAYS, pool.defaultSerializer());
-        begin();
+        setUp();
     }
-    void cleanup() { end(); }
+    void cleanup() { tearDown(); }
 
     void decorating()
     {
@@ -255,21 +255,21 @@ private Q_SLOTS:
         FakeTool local("Local");
         local.global = false;
         m_app->decorations.entries[u"First"_s] = {};
-        const std::unique_ptr<ExActionUI> action(ExActionUI::createAction(*first));
-        const std::unique_ptr<ExActionUI> clone(ExActionUI::cloneAction(*first));
-        ExHotKeys::setHotKey(nullptr, keyA);
-        ExHotKeys::setHotKey(&local, keyA);
+        const ExActionUI *const action = ExActionUI::createAction(*first);
+        const ExActionUI *const clone = ExActionUI::cloneAction(*first);
+        ExHotKeys::setHotKey(nullptr, m_keyA);
+        ExHotKeys::setHotKey(&local, m_keyA);
         ExHotKeys::setHotKey(first, QKeySequence(u"Ctrl+P, A"_s));
         QCOMPARE(shownList(), u"A\tLocal\nCtrl+P, A\tFirst"_s);
-        ExHotKeys::setHotKey(first, keyA);
-        ExHotKeys::setHotKey(first, keyA);
+        ExHotKeys::setHotKey(first, m_keyA);
+        ExHotKeys::setHotKey(first, m_keyA);
         QCOMPARE(shownList(), u"A\tLocal, First"_s);
-        QCOMPARE(ExHotKeys::findHotKey(keyA), first.get());
-        for (const QAction *shown : {action.get(), clone.get()}) {
-            QCOMPARE(shown->shortcut(), keyA);
+        QCOMPARE(ExHotKeys::findHotKey(m_keyA), first.get());
+        for (const ExActionUI *shown : {action, clone}) {
+            QCOMPARE(shown->shortcut(), m_keyA);
             QCOMPARE(shown->shortcutContext(), Qt::WindowShortcut);
         }
-        ExHotKeys::setHotKey(second.get(), keyA); // Taken over.
+        ExHotKeys::setHotKey(second.get(), m_keyA); // Taken over.
         QVERIFY(action->shortcut().isEmpty() && clone->shortcut().isEmpty());
         QCOMPARE(shownList(), u"A\tLocal, Second"_s);
         ExHotKeys::setHotKey(&local, QKeySequence());
@@ -296,22 +296,22 @@ private Q_SLOTS:
         killer.takesHotKey = false;
         for (FakeTool *tool : {static_cast<FakeTool *>(&killer), killer.victim.get(), &last}) {
             tool->global = false;
-            ExHotKeys::setHotKey(tool, keyA);
+            ExHotKeys::setHotKey(tool, m_keyA);
         }
         takeLog();
         const McHandle<FakeViewer> viewer = viewerWithVolume();
         QVERIFY(!ExHotKeys::triggerHotKey(QKeySequence(Qt::Key_B), viewer));
-        QVERIFY(!ExHotKeys::triggerHotKey(keyA, nullptr));
-        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        QVERIFY(!ExHotKeys::triggerHotKey(m_keyA, nullptr));
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
         last.activatable = false;
-        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
         killer.takesHotKey = true;
         killer.setActive(true);
-        QVERIFY(ExHotKeys::triggerHotKey(keyA, viewer));
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
         QCOMPARE(takeLog(),
-            u"victim gone,killer hot key,last hot key,killer hot key,last hot key,"
-            "last on,killer hot key,last hot key,last on,killer on,killer hot key,"
-            "killer off"_s);
+            u"victim gone,killer hot key,last hot key,killer hot key,last hot key,last toggled,"
+            "last on,killer hot key,last hot key,last triggered,last on,killer on,killer hot key,"
+            "killer untoggled,killer off"_s);
     }
 
 private:
@@ -325,7 +325,7 @@ private:
     }
 
     UsageLog m_usage;
-    const QKeySequence keyA{Qt::Key_A};
+    const QKeySequence m_keyA{Qt::Key_A};
 };
 
 QTEST_MAIN(tst_ExActionUI)

@@ -23,7 +23,7 @@ class tst_ExContextToolBar : public TestOfTools
 private Q_SLOTS:
     void init()
     {
-        begin();
+        setUp();
         m_context = std::make_unique<ExContextToolBar>();
         m_window = std::make_unique<QWidget>();
         m_window->resize(400, 300);
@@ -40,7 +40,7 @@ private Q_SLOTS:
         m_window.reset();
         m_context.reset();
         m_measure.reset();
-        end();
+        tearDown();
     }
 
     void attaching()

@@ -53,14 +53,14 @@ class tst_ExToolBar : public TestOfTools
 private Q_SLOTS:
     void init()
     {
-        begin();
+        setUp();
         m_bar = std::make_unique<ExToolBar>(u"Bar"_s);
         m_bar->show();
     }
     void cleanup()
     {
         m_bar.reset();
-        end();
+        tearDown();
     }
 
     void copies()

@@ -37,12 +37,13 @@ public Q_SLOTS:
 
 } // namespace
 
-class tst_ExTrigger : public TestWithSettings
+class tst_ExTrigger : public TestOfTools
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { takeLog(); }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void commands()
     {
@@ -56,9 +57,9 @@ private Q_SLOTS:
                     "1: update,run off on viewer,update viewer"_s},
                 {true, false, u"0: shows c,update,run|1: update|0: update,run off on viewer"_s}};
         const McHandle<FakeViewer> viewer = new FakeViewer;
-        m_manager.add(viewer);
+        m_manager->add(viewer);
         for (const auto &[activatable, succeeds, events] : rows) {
-            m_manager.setActiveViewer(nullptr);
+            m_manager->setActiveViewer(nullptr);
             const McHandle<Command> command = new Command("c");
             command->setActivatable(activatable);
             command->nextActive = viewer; // The command may change it.
@@ -77,7 +78,6 @@ private Q_SLOTS:
             }
             QCOMPARE(results.join(u'|'), events);
         }
-        m_manager.removeAllViewers();
     }
 
     void menuTriggers()
@@ -103,7 +103,7 @@ private Q_SLOTS:
     void subMenus()
     {
         const McHandle<FakeTool> tool = new FakeTool("Zoom");
-        m_app.decorations.entries = {{u"Zoom"_s, {}}, {u"Menu"_s, {}}};
+        m_app->decorations.entries = {{u"Zoom"_s, {}}, {u"Menu"_s, {}}};
         const McHandle<ExMenuTrigger> trigger
             = new ExMenuTrigger("Menu", {u"Zoom"_s, u"separator"_s}, nullptr, nullptr);
         const QPointer<QMenu> menu = trigger->action()->menu();
@@ -119,13 +119,9 @@ private Q_SLOTS:
         const QPointer<QMenu> second = trigger->action()->menu();
         Q_EMIT second->aboutToShow();
         QVERIFY(actions.at(0)->isEnabled()); // Nobody refreshes this menu.
-        qDeleteAll(m_app.actions);
+        qDeleteAll(std::exchange(m_app->actions, {}));
         QVERIFY(menu.isNull() && second.isNull());
     }
-
-private:
-    FakeApplication m_app;
-    FakeViewerManager m_manager;
 };
 
 QTEST_MAIN(tst_ExTrigger)
