@@ -1,5 +1,4 @@
-#include "framework/monitors/ExMonitorManager.h"
-#include "tests/support/Prelude.h"
+#include "tests/framework/monitors/Panes.h"
 
 namespace {
 
@@ -35,13 +34,12 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i) {
             grid->addWidget(&viewers[std::size_t(i)], i / 2, i % 2);
         }
-        ExMonitorManager &manager = ExMonitorManager::instance();
         ExMonitorWidget::SingleMonitorContent content(u"viewers"_s, &area);
         const QRect normal(60, 80, 500, 400);
-        manager.setConfiguration(&content, {{0}, normal, normal, false, false});
-        manager.applyConfigurations();
-        manager.setAllWidgetsVisible(true);
-        ExMonitorWidget *const window = manager.monitorWidget(&content);
+        manager().setConfiguration(&content, {{0}, normal, normal, false, false});
+        manager().applyConfigurations();
+        manager().setAllWidgetsVisible(true);
+        ExMonitorWidget *const window = manager().monitorWidget(&content);
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QTRY_COMPARE(window->geometry(), normal);
         for (Pane &viewer : viewers) {
@@ -57,7 +55,7 @@ private Q_SLOTS:
         constexpr int rounds = 5;
         for (int i = 0; i < rounds; ++i) {
             window->showFullScreen();
-            QTRY_COMPARE(window->geometry(), manager.monitorRect(0));
+            QTRY_COMPARE(window->geometry(), manager().monitorRect(0));
             QVERIFY(QTest::qWaitForWindowExposed(window));
             window->restoreWidget();
             QTRY_COMPARE(window->geometry(), normal);
@@ -69,7 +67,7 @@ private Q_SLOTS:
         }
         QCOMPARE(area.parentChanges, 0);
         QCOMPARE(window->focusWidget(), &viewers[2]);
-        manager.removeContent(&content);
+        manager().removeContent(&content);
         area.setParent(nullptr);
         delete window;
     }

@@ -17,11 +17,7 @@ class tst_MonitorContents : public TestWithSettings
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qputenv("MOVARA_MONITORS", "800x600,640x480,640x480,640x480");
-        manager().readMonitorConfiguration();
-    }
+    void initTestCase() { setMonitors("800x600,640x480,640x480,640x480"); }
 
     void registry()
     {
