@@ -18,7 +18,11 @@ class FakeTool : public ExTool
 {
 public:
     using ExTool::ExTool;
-    ~FakeTool() override { note("gone"); }
+    ~FakeTool() override
+    {
+        act = nullptr;
+        note("gone");
+    }
 
     [[nodiscard]] bool isStandard() const override { return standard; }
     [[nodiscard]] bool isEnabled(const ExBaseViewer *viewer) const override
@@ -40,6 +44,9 @@ public:
     void note(const char *event) const
     {
         fakeLog.append(QLatin1String(decorationKey()) + u' ' + QLatin1String(event));
+        if (act) {
+            act();
+        }
     }
 
     bool standard = false;
@@ -47,6 +54,7 @@ public:
     bool activatable = true;
     bool global = true;
     bool takesHotKey = true;
+    std::function<void()> act; ///< called after an event was noted
 };
 
 class FakeUI : public ExToolUI

@@ -97,14 +97,8 @@ private Q_SLOTS:
 
     void toolThatThrowsIsLeftOut()
     {
-        class Thrower : public FakeTool
-        {
-        public:
-            using FakeTool::FakeTool;
-            bool setActive(bool /*on*/) override { throw 1; }
-        };
-        const McHandle<FakeTool> thrower(new Thrower("Thrower"));
-        thrower->enabled = true;
+        const McHandle<FakeTool> thrower = makeTool("Thrower");
+        thrower->act = [] { throw 1; };
         const int before = ClientCall::numFailed();
         ExActionUI::createAction(*thrower)->trigger();
         QCOMPARE(ClientCall::numFailed(), before + 1);
@@ -193,13 +187,9 @@ private Q_SLOTS:
 
     void keyPressActsOnce()
     {
-        struct Case
-        {
-            int clones;
-            bool shortCutSetLater; ///< and so in the context of the window
-        };
-        for (const auto &[clones, shortCutSetLater] :
-            {Case{1, false}, Case{1, true}, Case{2, true}}) {
+        // How many clones; whether the short cut is set later, and so in the context of the window
+        const std::pair<int, bool> cases[] = {{1, false}, {1, true}, {2, true}};
+        for (const auto &[clones, shortCutSetLater] : cases) {
             for (const bool activatable : {true, false}) {
                 QToolBar window;
                 FakeTool *const tool = makeTool("Zoom", "Ctrl+K");
@@ -280,21 +270,12 @@ private Q_SLOTS:
 
     void toolsThatShareAreAskedInTurn()
     {
-        class Killer : public FakeTool
-        {
-        public:
-            using FakeTool::FakeTool;
-            bool onHotKey(const ExHotKeyEvent &event) override
-            {
-                victim.reset();
-                return FakeTool::onHotKey(event);
-            }
-            std::unique_ptr<FakeTool> victim = std::make_unique<FakeTool>("victim");
-        };
-        Killer killer("killer");
+        auto victim = std::make_unique<FakeTool>("victim");
+        FakeTool killer("killer");
         FakeTool last("last");
         killer.takesHotKey = false;
-        for (FakeTool *tool : {static_cast<FakeTool *>(&killer), killer.victim.get(), &last}) {
+        killer.act = [&] { victim.reset(); };
+        for (FakeTool *tool : {&killer, victim.get(), &last}) {
             tool->global = false;
             ExHotKeys::setHotKey(tool, m_keyA);
         }
@@ -309,7 +290,7 @@ private Q_SLOTS:
         killer.setActive(true);
         QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
         QCOMPARE(takeLog(),
-            u"victim gone,killer hot key,last hot key,killer hot key,last hot key,last toggled,"
+            u"killer hot key,victim gone,last hot key,killer hot key,last hot key,last toggled,"
             "last on,killer hot key,last hot key,last triggered,last on,killer on,killer hot key,"
             "killer untoggled,killer off"_s);
     }
