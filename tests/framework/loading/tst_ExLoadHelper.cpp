@@ -73,7 +73,6 @@ class tst_ExLoadHelper : public TestWithSettings
 private Q_SLOTS:
     void init()
     {
-        m_app = std::make_unique<FakeApplication>();
         ExApplication::busy();
         KxVolumeInfoCache::instance().setHeaderReader([this](const McFilename &file) {
             return m_headers.count(file) > 0 ? m_headers[file] : nullptr;
@@ -85,7 +84,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
         ExApplication::notBusy();
         Zel::DicomDirectory::instance().setSelection({});
-        m_app.reset();
     }
 
     void severalPatients_data()
@@ -429,7 +427,7 @@ private:
         return tree;
     }
 
-    std::unique_ptr<FakeApplication> m_app;
+    FakeApplication m_app;
     std::map<McFilename, McHandle<HxParamBundle>> m_headers;
     McDArray<Entry> m_kept;
     Entry m_patient = childOf(nullptr, DicomDirectoryEntry::Patient, "p1");
