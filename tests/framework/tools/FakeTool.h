@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeyEvent.h"
 #include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"

@@ -1,5 +1,4 @@
 #include "framework/dispatch/ClientCall.h"
-#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxServerPeer.h"
 #include "tests/framework/tools/FakeTool.h"

@@ -1,4 +1,3 @@
-#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExToolBar.h"
 #include "tests/framework/tools/FakeTool.h"

@@ -1,4 +1,3 @@
-#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExMenuTrigger.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
