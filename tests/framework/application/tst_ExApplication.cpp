@@ -1,19 +1,9 @@
-#include "platform/properties/KxPropertyPool.h"
 #include "platform/render/Kx.h"
 #include "platform/toolkit/QxStyleFactory.h"
 #include "platform/util/McProgressInterface.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/Files.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTest>
+#include "tests/support/Prelude.h"
 
 #include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -30,7 +20,7 @@ QString cursor()
 
 } // namespace
 
-class tst_ExApplication : public QObject
+class tst_ExApplication : public TestWithSettings
 {
     Q_OBJECT
 
@@ -131,9 +121,6 @@ private Q_SLOTS:
         app.removeRunningProcess(&b);
         QVERIFY(app.runningProcessIsRegistered(&a) && !app.runningProcessIsRegistered(&b));
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 int main(int argc, char *argv[])

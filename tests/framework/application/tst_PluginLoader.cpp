@@ -2,14 +2,7 @@
 #include "framework/editors/ExEditor.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ToolModule.h"
-#include "platform/properties/KxPropertyPool.h"
-
-#include <QFile>
-#include <QLabel>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 class tst_PluginLoader : public QObject
 {
@@ -46,9 +39,7 @@ private Q_SLOTS:
     {
         QVERIFY(PluginLoader::loadFolder(u"/nowhere"_s).isEmpty());
         const QTemporaryDir folder;
-        QFile notes(folder.filePath(u"notes.so"_s));
-        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("no library") > 0);
-        notes.close();
+        writeFile(folder.filePath(u"notes.so"_s), "no library");
         QVERIFY(PluginLoader::loadFolder(folder.path()).isEmpty());
     }
 };

@@ -1,20 +1,6 @@
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/dialogs/ExPasswordInputWidget.h"
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/NextDialog.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
-#include <functional>
-#include <memory>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
@@ -48,7 +34,7 @@ const QString passwordForm = u"^[a-hjkmnp-z]{3}[2-9]{2}[a-hjkmnp-z]{3}$"_s;
 
 } // namespace
 
-class tst_ExMessageBox : public QObject
+class tst_ExMessageBox : public TestWithSettings
 {
     Q_OBJECT
 
@@ -77,38 +63,26 @@ private Q_SLOTS:
     {
         const Rows<Show, QString, int, int, int> row(
             "show", "seen", "byReturn", "byEscape", "byOk");
-        const auto box = [&row](const char *seen, const Show &show, int byReturn, int byEscape,
-                             int byOk) { row(seen, show, seen, byReturn, byEscape, byOk); };
-        box(
-            "3|Client|E|OK*|main|modal|arrow", [](QWidget *) { return Box::error(u"E"_s); },
-            Box::Ok, Box::Ok, Box::Ok);
-        box(
-            "2|Client|W|OK|Cancel*|main|modal|arrow",
-            [](QWidget *) { return Box::warning(u"W"_s, Box::Ok | Box::Cancel, Box::Cancel); },
-            Box::Cancel, Box::Cancel, Box::Ok);
-        box(
-            "1|Title|I|Close*|own|modal|arrow",
+        const auto box = [&row](const char *seen, int byReturn, int byEscape, int byOk,
+                             const Show &show) { row(seen, show, seen, byReturn, byEscape, byOk); };
+        box("3|Client|E|OK*|main|modal|arrow", Box::Ok, Box::Ok, Box::Ok,
+            [](QWidget *) { return Box::error(u"E"_s); });
+        box("2|Client|W|OK|Cancel*|main|modal|arrow", Box::Cancel, Box::Cancel, Box::Ok,
+            [](QWidget *) { return Box::warning(u"W"_s, Box::Ok | Box::Cancel, Box::Cancel); });
+        box("1|Title|I|Close*|own|modal|arrow", Box::Close, Box::Close, Box::Close,
             [](QWidget *parent) {
                 return Box::information(u"I"_s, Box::Close, Box::NoButton, parent, u"Title"_s);
-            },
-            Box::Close, Box::Close, Box::Close);
-        box(
-            "4|Client|Q|Yes*|Cancel|main|modal|arrow",
-            [](QWidget *) { return Box::question(u"Q"_s, Box::Yes | Box::Cancel, Box::Yes); },
-            Box::Yes, Box::Cancel, Box::Cancel);
-        box(
-            "1|Client|/a.png already exists.|Overwrite|Cancel*|main|modal|arrow",
-            [](QWidget *) { return int(Box::overwriteConfirmation(u"/a.png"_s)); }, 0, 0, 1);
-        box(
-            "1|Client|D?|Delete|Cancel*|own|modal|arrow",
-            [](QWidget *parent) { return int(Box::deleteConfirmation(u"D?"_s, parent)); }, 0, 0, 1);
-        box(
-            "3|Client|E|OK*|-|modal|arrow",
-            [this](QWidget *) {
-                m_app.reset();
-                return Box::error(u"E"_s);
-            },
-            Box::Ok, Box::Ok, Box::Ok);
+            });
+        box("4|Client|Q|Yes*|Cancel|main|modal|arrow", Box::Yes, Box::Cancel, Box::Cancel,
+            [](QWidget *) { return Box::question(u"Q"_s, Box::Yes | Box::Cancel, Box::Yes); });
+        box("1|Client|/a.png already exists.|Overwrite|Cancel*|main|modal|arrow", 0, 0, 1,
+            [](QWidget *) { return int(Box::overwriteConfirmation(u"/a.png"_s)); });
+        box("1|Client|D?|Delete|Cancel*|own|modal|arrow", 0, 0, 1,
+            [](QWidget *parent) { return int(Box::deleteConfirmation(u"D?"_s, parent)); });
+        box("3|Client|E|OK*|-|modal|arrow", Box::Ok, Box::Ok, Box::Ok, [this](QWidget *) {
+            m_app.reset();
+            return Box::error(u"E"_s);
+        });
     }
 
     void boxes()
@@ -204,7 +178,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     std::unique_ptr<FakeApplication> m_app;
     std::unique_ptr<QWidget> m_main;
 };

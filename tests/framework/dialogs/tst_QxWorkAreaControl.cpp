@@ -1,14 +1,6 @@
 #include "framework/dialogs/QxTimedWorkAreaControl.h"
 #include "framework/dialogs/QxWorkAreaControl.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QApplication>
-#include <QTest>
-
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
@@ -31,7 +23,7 @@ public:
 
 } // namespace
 
-class tst_QxWorkAreaControl : public QObject
+class tst_QxWorkAreaControl : public TestWithSettings
 {
     Q_OBJECT
 
@@ -62,7 +54,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     FakeDisplay m_display;
     FakeApplication m_app;
 };

@@ -1,15 +1,6 @@
 #include "framework/dispatch/ExActionHandler.h"
 #include "framework/dispatch/ExActionMap.h"
-
-#include <QStringList>
-#include <QTest>
-
-#include <functional>
-#include <map>
-#include <memory>
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
@@ -85,38 +76,27 @@ struct House
     void act(char deed, const QString &what)
     {
         Receiver *const receiver = receivers[what].get();
-        switch (deed) {
-        case '-':
-            receivers.erase(what);
-            break;
-        case '~':
-            map->removeAction({{1}, receiver, &Receiver::otherwise}); // Any handler will do.
-            break;
-        case '/':
-            map->removeReceiver(*receiver);
-            break;
-        case '+':
-            add(what);
-            break;
-        case '*':
-            for (int i = 0; i < 1000; ++i) {
-                map->addAction({{1, i % 2}, receivers[u"x"_s].get(), &Receiver::called});
-            }
-            receivers.erase(u"x"_s);
-            break;
-        case '(':
-            log.append(u"("_s);
-            walk(what.toInt());
-            log.append(u")"_s);
-            break;
-        case '!':
-            map.reset();
-            break;
-        case '?':
-            throw std::runtime_error("as told");
-        default:
-            break;
+        const Map::Action action({1}, receiver, &Receiver::otherwise); // Any handler will do.
+        const std::map<char, std::function<void()>> ways{{'-', [&] { receivers.erase(what); }},
+            {'~', [&] { map->removeAction(action); }},
+            {'/', [&] { map->removeReceiver(*receiver); }}, {'+', [&] { add(what); }},
+            {'*', [&] { growForAWhile(); }}, {'(', [&] { walkWithin(what.toInt()); }},
+            {'!', [&] { map.reset(); }}, {'?', [] { throw std::runtime_error("as told"); }},
+            {'=', [] {}}};
+        ways.at(deed)();
+    }
+    void walkWithin(int key)
+    {
+        log.append(u"("_s);
+        walk(key);
+        log.append(u")"_s);
+    }
+    void growForAWhile()
+    {
+        for (int i = 0; i < 1000; ++i) {
+            map->addAction({{1, i % 2}, receivers[u"x"_s].get(), &Receiver::called});
         }
+        receivers.erase(u"x"_s);
     }
     bool walk(int key) { return forward ? map->trigger({key}, 0) : map->triggerBackward(key); }
 

@@ -3,12 +3,7 @@
 #include "framework/editors/ExEditor.h"
 #include "framework/editors/ExEditorContainer.h"
 #include "framework/editors/ExEditorRegion.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QFrame>
-#include <QTabBar>
-#include <QTest>
+#include "tests/support/Prelude.h"
 
 /// A panel of which the tests know the size that it wants.
 class Panel final : public QFrame

@@ -2,10 +2,6 @@
 #include "framework/editors/ExEditorFloater.h"
 #include "tests/framework/editors/Panels.h"
 
-#include <QProcess>
-
-using namespace Qt::StringLiterals;
-
 class tst_EditorDrag : public QObject
 {
     Q_OBJECT

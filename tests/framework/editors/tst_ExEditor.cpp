@@ -5,12 +5,6 @@
 #include "tests/framework/editors/Panels.h"
 #include "tests/framework/tools/FakeTool.h"
 
-#include <QMenu>
-#include <QSignalSpy>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 int theCalls = 0;

@@ -2,13 +2,7 @@
 #include "framework/editors/SplitterButton.h"
 #include "framework/editors/SplitterHandle.h"
 #include "platform/toolkit/QxStyleFactory.h"
-
-#include <QPushButton>
-#include <QTest>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -3,17 +3,7 @@
 #include "framework/loading/LoadIncompleteStudies.h"
 #include "platform/dicom/DicomDirectory.h"
 #include "platform/dicom/KxVolumeInfoCache.h"
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/NextDialog.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Rows.h"
-
-#include <QFile>
-#include <QPushButton>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 using Zel::DicomDirectoryEntry;
 using Entry = McHandle<DicomDirectoryEntry>;
@@ -76,14 +66,13 @@ const QString severalText
 
 } // namespace
 
-class tst_ExLoadHelper : public QObject
+class tst_ExLoadHelper : public TestWithSettings
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_app = std::make_unique<FakeApplication>();
         ExApplication::busy();
         KxVolumeInfoCache::instance().setHeaderReader([this](const McFilename &file) {
             return m_headers.count(file) > 0 ? m_headers[file] : nullptr;
@@ -95,7 +84,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
         ExApplication::notBusy();
         Zel::DicomDirectory::instance().setSelection({});
-        m_app.reset();
     }
 
     void severalPatients_data()
@@ -439,8 +427,7 @@ private:
         return tree;
     }
 
-    PrivateSettings m_settings;
-    std::unique_ptr<FakeApplication> m_app;
+    FakeApplication m_app;
     std::map<McFilename, McHandle<HxParamBundle>> m_headers;
     McDArray<Entry> m_kept;
     Entry m_patient = childOf(nullptr, DicomDirectoryEntry::Patient, "p1");

@@ -1,12 +1,18 @@
 #pragma once
 
 #include "framework/monitors/ExMonitorManager.h"
-
-#include <array>
+#include "tests/support/Prelude.h"
 
 inline ExMonitorManager &manager()
 {
     return ExMonitorManager::instance();
+}
+
+/// Names the monitors that there are to be, such as "800x600,640x480".
+inline void setMonitors(const char *variable)
+{
+    qputenv("MOVARA_MONITORS", variable);
+    manager().readMonitorConfiguration();
 }
 
 /// Content with a widget on each of its monitors.

@@ -1,14 +1,4 @@
-#include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/properties/KxPropertyPool.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QDialog>
-#include <QGuiApplication>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/framework/monitors/Panes.h"
 
 namespace {
 
@@ -17,16 +7,10 @@ QString textOf(const QRect &rect)
     return u"%1,%2,%3,%4"_s.arg(rect.left()).arg(rect.top()).arg(rect.right()).arg(rect.bottom());
 }
 
-void setMonitors(const char *variable)
-{
-    qputenv("MOVARA_MONITORS", variable);
-    ExMonitorManager::instance().readMonitorConfiguration();
-}
-
 } // namespace
 
 /// The set of monitors, and what is measured by it.
-class tst_ExMonitorManager : public QObject
+class tst_ExMonitorManager : public TestWithSettings
 {
     Q_OBJECT
 
@@ -42,20 +26,19 @@ private Q_SLOTS:
                 {"800x600--5+-7", "5,-7,804,592"},
                 {"800x600+7 foo 10x10,,x 20x", "0,0,799,599 800,0,809,9"}, {"", ""},
                 {"99999999999999999999x2-1+0", "-1,0,536870910,1"}, {"0x0", "0,0,-1,-1"}};
-        const ExMonitorManager &manager = ExMonitorManager::instance();
         for (const auto &[variable, expected] : rows) {
             setMonitors(variable);
             QStringList texts;
             QRect total;
-            for (const QRect &rect : manager.monitors()) {
+            for (const QRect &rect : manager().monitors()) {
                 texts.append(textOf(rect));
                 total |= rect;
             }
             QCOMPARE(texts.join(u' '), QLatin1String(expected));
-            QCOMPARE(manager.totalRect(), total);
-            QVERIFY(manager.primaryMonitor() == 0 && manager.physicalMonitors().isEmpty());
-            for (const unsigned beyond : {unsigned(manager.numMonitors()), 0xFFFFFFFFU}) {
-                QCOMPARE(manager.monitorRect(beyond), QRect());
+            QCOMPARE(manager().totalRect(), total);
+            QVERIFY(manager().primaryMonitor() == 0 && manager().physicalMonitors().isEmpty());
+            for (const unsigned beyond : {unsigned(manager().numMonitors()), 0xFFFFFFFFU}) {
+                QCOMPARE(manager().monitorRect(beyond), QRect());
             }
         }
     }
@@ -73,7 +56,7 @@ private Q_SLOTS:
                 {{small, right, right}, {0, 1}}, // The first of equal ones stands in the row.
                 {{QRect(), small}, {1}}};
         for (const auto &[rects, expected] : rows) {
-            QCOMPARE(ExMonitorManager::instance().contiguousHorizontalMonitors(rects), expected);
+            QCOMPARE(manager().contiguousHorizontalMonitors(rects), expected);
         }
     }
 
@@ -84,7 +67,7 @@ private Q_SLOTS:
             setMonitors(later);
             int width = -1;
             int height = -1;
-            QVERIFY(ExMonitorManager::instance().hasHorizontalSpan(width, height));
+            QVERIFY(manager().hasHorizontalSpan(width, height));
             QCOMPARE(QSize(width, height), QSize(3840, 1024));
         }
     }
@@ -109,7 +92,7 @@ private Q_SLOTS:
                     QLatin1String("UI.DialogPositionSize.") + widget.objectName(),
                     KxPropertyTrait<QRect>::toString(stored)));
             }
-            ExMonitorManager::instance().widgetGeometryRestore(widget, given, 600, 300);
+            manager().widgetGeometryRestore(widget, given, 600, 300);
             QCOMPARE(textOf(widget.geometry()), textOf(expected));
         }
     }
@@ -119,17 +102,16 @@ private Q_SLOTS:
         QWidget widget;
         widget.setObjectName(u"Stored"_s);
         widget.setGeometry(5, 6, 70, 80);
-        ExMonitorManager &manager = ExMonitorManager::instance();
-        manager.widgetGeometryStore(widget);
+        manager().widgetGeometryStore(widget);
         auto *const property
             = KxPropertyPool::instance().find<QRect>("UI.DialogPositionSize.Stored");
         QVERIFY(property && property->value() == QRect(5, 6, 70, 80));
         int told = 0;
         connect(property, &KxVariant::propertyChanged, this, [&told] { ++told; });
-        manager.widgetGeometryStore(widget);
+        manager().widgetGeometryStore(widget);
         QCOMPARE(told, 0);
         widget.move(7, 6);
-        manager.widgetGeometryStore(widget);
+        manager().widgetGeometryStore(widget);
         property->reload();
         QVERIFY(told == 1 && property->value() == QRect(7, 6, 70, 80));
     }
@@ -157,12 +139,8 @@ private Q_SLOTS:
         QCOMPARE(child.pos(), QPoint(200, 200));
 
         setMonitors("1280x1024");
-        QCOMPARE(
-            textOf(ExMonitorManager::instance().defaultGeometry(0, 80)), u"128,102,1151,921"_s);
+        QCOMPARE(textOf(manager().defaultGeometry(0, 80)), u"128,102,1151,921"_s);
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_ExMonitorManager)

@@ -1,38 +1,21 @@
-#include "framework/monitors/ExMonitorWidget.h"
-
 #include "framework/application/ExUIRegistry.h"
 #include "framework/monitors/ExMainWindow.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
-#include "framework/monitors/ExMonitorManager.h"
 #include "platform/backend/KxBackendPeer.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QMainWindow>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-
-#include <memory>
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
+#include "tests/framework/monitors/Panes.h"
 
 /// States of a monitor window, and what it tells.
-class tst_ExMonitorWidget : public QObject
+class tst_ExMonitorWidget : public TestWithSettings
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        qputenv("MOVARA_MONITORS", "800x600");
-        ExMonitorManager &manager = ExMonitorManager::instance();
-        manager.readMonitorConfiguration();
-        manager.setConfiguration(&m_content, {{0}, {}, {100, 100, 400, 300}, false, false});
-        manager.applyConfigurations();
-        m_widget = manager.monitorWidget(&m_content);
+        setMonitors("800x600");
+        manager().setConfiguration(&m_content, {{0}, {}, {100, 100, 400, 300}, false, false});
+        manager().applyConfigurations();
+        m_widget = manager().monitorWidget(&m_content);
         QPixmap picture(16, 16);
         picture.fill(Qt::red);
         m_widget->setWindowIcon(QIcon(picture));
@@ -48,8 +31,8 @@ private Q_SLOTS:
     {
         m_recorder = nullptr;
         delete m_widget;
-        QCOMPARE(ExMonitorManager::instance().monitorWidget(&m_content), nullptr);
-        ExMonitorManager::instance().removeContent(&m_content);
+        QCOMPARE(manager().monitorWidget(&m_content), nullptr);
+        manager().removeContent(&m_content);
     }
 
     void fullScreenAndBack()
@@ -74,10 +57,8 @@ private Q_SLOTS:
 
     void namedMonitorLargerThanTheScreen()
     {
-        ExMonitorManager &manager = ExMonitorManager::instance();
-        qputenv("MOVARA_MONITORS", "1280x1024");
-        manager.readMonitorConfiguration();
-        manager.setConfiguration(&m_content, {{0}, {}, {700, 600, 500, 400}, false, false});
+        setMonitors("1280x1024");
+        manager().setConfiguration(&m_content, {{0}, {}, {700, 600, 500, 400}, false, false});
         m_widget->showNormal(true);
         QCOMPARE(m_widget->geometry(), QRect(700, 600, 500, 400));
     }
@@ -154,7 +135,7 @@ private Q_SLOTS:
         };
         Names names;
         m_application.registry = &names;
-        const ExMonitorWidget *const made = ExMonitorManager::instance().createMonitorWidget();
+        const ExMonitorWidget *const made = manager().createMonitorWidget();
         m_application.registry = nullptr;
         QCOMPARE(names.widgets,
             (QHash<QString, QWidget *>{{u"Minimize"_s, made->menuBarAddOn()->mMinimize}}));
@@ -181,7 +162,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     FakeApplication m_application;
     ExMonitorWidget::Content m_content;
     ExMonitorWidget *m_widget = nullptr;

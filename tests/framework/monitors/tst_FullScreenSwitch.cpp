@@ -1,15 +1,4 @@
-#include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/util/McHandle.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QGridLayout>
-#include <QTest>
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "tests/framework/monitors/Panes.h"
 
 namespace {
 
@@ -32,7 +21,7 @@ protected:
 } // namespace
 
 /// Between full screen and normal viewers are laid out once, or it flickers.
-class tst_FullScreenSwitch : public QObject
+class tst_FullScreenSwitch : public TestWithSettings
 {
     Q_OBJECT
 
@@ -45,13 +34,12 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i) {
             grid->addWidget(&viewers[std::size_t(i)], i / 2, i % 2);
         }
-        ExMonitorManager &manager = ExMonitorManager::instance();
         ExMonitorWidget::SingleMonitorContent content(u"viewers"_s, &area);
         const QRect normal(60, 80, 500, 400);
-        manager.setConfiguration(&content, {{0}, normal, normal, false, false});
-        manager.applyConfigurations();
-        manager.setAllWidgetsVisible(true);
-        ExMonitorWidget *const window = manager.monitorWidget(&content);
+        manager().setConfiguration(&content, {{0}, normal, normal, false, false});
+        manager().applyConfigurations();
+        manager().setAllWidgetsVisible(true);
+        ExMonitorWidget *const window = manager().monitorWidget(&content);
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QTRY_COMPARE(window->geometry(), normal);
         for (Pane &viewer : viewers) {
@@ -67,7 +55,7 @@ private Q_SLOTS:
         constexpr int rounds = 5;
         for (int i = 0; i < rounds; ++i) {
             window->showFullScreen();
-            QTRY_COMPARE(window->geometry(), manager.monitorRect(0));
+            QTRY_COMPARE(window->geometry(), manager().monitorRect(0));
             QVERIFY(QTest::qWaitForWindowExposed(window));
             window->restoreWidget();
             QTRY_COMPARE(window->geometry(), normal);
@@ -79,13 +67,10 @@ private Q_SLOTS:
         }
         QCOMPARE(area.parentChanges, 0);
         QCOMPARE(window->focusWidget(), &viewers[2]);
-        manager.removeContent(&content);
+        manager().removeContent(&content);
         area.setParent(nullptr);
         delete window;
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_FullScreenSwitch)

@@ -1,16 +1,5 @@
 #include "tests/framework/monitors/Panes.h"
 
-#include "tests/support/PrivateSettings.h"
-
-#include <QMainWindow>
-#include <QTest>
-#include <QToolBar>
-
-#include <memory>
-#include <vector>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 using Configuration = ExMonitorWidget::Configuration;
@@ -23,16 +12,12 @@ void place(Panes &content, const QList<int> &monitors, bool ownWindow = false)
 } // namespace
 
 /// Contents and the windows that they get.
-class tst_MonitorContents : public QObject
+class tst_MonitorContents : public TestWithSettings
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qputenv("MOVARA_MONITORS", "800x600,640x480,640x480,640x480");
-        manager().readMonitorConfiguration();
-    }
+    void initTestCase() { setMonitors("800x600,640x480,640x480,640x480"); }
 
     void registry()
     {
@@ -214,9 +199,6 @@ private Q_SLOTS:
         manager().setToolBars(&first, {});
         one.setParent(nullptr);
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_MonitorContents)

@@ -1,17 +1,6 @@
 // On the toolkit's own screens. The program runs itself once for each set of them: a process has
 // the screens that it began with.
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/monitors/Panes.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QMainWindow>
-#include <QProcess>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -111,7 +100,7 @@ public:
 
 } // namespace
 
-class tst_Screens : public QObject
+class tst_Screens : public TestWithSettings
 {
     Q_OBJECT
 
@@ -216,9 +205,6 @@ private Q_SLOTS:
         ExMonitorManager::positionDialog(&far, rightmost.bottomRight() + QPoint(500, 0));
         QCOMPARE(far.pos(), QPoint(rightmost.right() / 2 - 100, rightmost.bottom() / 2 - 50));
     }
-
-private:
-    PrivateSettings m_settings;
 };
 
 int main(int argc, char *argv[])

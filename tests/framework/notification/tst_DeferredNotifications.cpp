@@ -1,18 +1,11 @@
-#include "framework/notification/ExNotifiables.h"
-#include "tests/support/Recorder.h"
+#include "tests/support/Prelude.h"
 
-#include <QCoreApplication>
-#include <QTest>
-
-#include <array>
 #include <atomic>
-#include <memory>
 #include <thread>
 
 namespace {
 
-constexpr ExNotification::Type CLEANUP = ExNotification::CLEANUP;
-constexpr ExNotification::Type RIS_ERROR = ExNotification::RIS_ERROR;
+using enum ExNotification::Type;
 constexpr int numThreads = 4;
 constexpr int numPerThread = 2000;
 
@@ -32,11 +25,6 @@ ExNotification note(int data, ExBaseViewer *concerned = nullptr)
 int dataOf(const ExNotification &notification)
 {
     return static_cast<int>(static_cast<char *>(notification.data()) - addresses.data());
-}
-
-ExNotifiables &bus()
-{
-    return ExNotifiables::getInstance();
 }
 
 } // namespace
@@ -59,18 +47,13 @@ private Q_SLOTS:
 
     void mergedAtTheEarlierPlaceWithAnEventEach()
     {
-        for (const ExNotification &notification :
-            {note(1), note(2), note(1), note(3, viewer(1)), note(3), note(3, viewer(1))}) {
-            bus().notifyDelayed(notification);
-        }
+        post({note(1), note(2), note(1), note(3, viewer(1)), note(3), note(3, viewer(1))});
         bus().notifyDelayed(RIS_ERROR);
         QCOMPARE(m_seen, QList<int>());
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({1, 2, 3, 3}));
+        QCOMPARE(delivered(), QList<int>({1, 2, 3, 3}));
         QCOMPARE(m_events, 7);
         bus().notifyDelayed(note(1)); // New again.
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({1, 2, 3, 3, 1}));
+        QCOMPARE(delivered(), QList<int>({1, 2, 3, 3, 1}));
     }
 
     void manyKeepTheirOrderWhenAViewersAreRemoved()
@@ -91,24 +74,20 @@ private Q_SLOTS:
                 bus().removeDelayedNotifications(nullptr);
             }
         }
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, expected);
+        QCOMPARE(delivered(), expected);
     }
 
     void removedWithoutViewerAndLostWhileBlocked()
     {
-        bus().notifyDelayed(note(1));
-        bus().notifyDelayed(note(2, viewer(2)));
+        post({note(1), note(2, viewer(2))});
         bus().removeDelayedNotifications(nullptr);
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({2}));
+        QCOMPARE(delivered(), QList<int>({2}));
         bus().blockNotifications(true);
         bus().notifyDelayed(note(3));
         QCoreApplication::sendPostedEvents();
         bus().notifyDelayed(note(4));
         bus().blockNotifications(false);
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({2, 4}));
+        QCOMPARE(delivered(), QList<int>({2, 4}));
         QCOMPARE(m_events, 4);
     }
 
@@ -123,14 +102,10 @@ private Q_SLOTS:
                 bus().addNotification(m_recorder.get(), CLEANUP);
             }
         });
-        bus().notifyDelayed(note(1));
-        bus().notifyDelayed(note(2));
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({1, 5, 2, 2}));
-        bus().notifyDelayed(note(3));
-        bus().notifyDelayed(note(4));
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(m_seen, QList<int>({1, 5, 2, 2, 3}));
+        post({note(1), note(2)});
+        QCOMPARE(delivered(), QList<int>({1, 5, 2, 2}));
+        post({note(3), note(4)});
+        QCOMPARE(delivered(), QList<int>({1, 5, 2, 2, 3}));
     }
 
     void fromManyThreads()
@@ -170,6 +145,18 @@ private Q_SLOTS:
     }
 
 private:
+    static void post(std::initializer_list<ExNotification> notifications)
+    {
+        for (const ExNotification &notification : notifications) {
+            bus().notifyDelayed(notification);
+        }
+    }
+    /// What has been received, once all that waits is delivered.
+    const QList<int> &delivered()
+    {
+        QCoreApplication::sendPostedEvents();
+        return m_seen;
+    }
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
         m_events += event->type() == 1001 ? 1 : 0;

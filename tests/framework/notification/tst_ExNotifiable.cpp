@@ -1,17 +1,9 @@
-#include "framework/notification/ExNotifiables.h"
 #include "platform/render/KxEngine.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
-constexpr ExNotification::Type CLEANUP = ExNotification::CLEANUP;
-constexpr ExNotification::Type RIS_ERROR = ExNotification::RIS_ERROR;
+using enum ExNotification::Type;
 
 PerfMon &monitor()
 {
@@ -62,14 +54,14 @@ private Q_SLOTS:
 
     void sensors()
     {
-        Recorder a(u"a"_s, m_log, {CLEANUP, RIS_ERROR, ExNotification::UNSPECIFIC});
+        Recorder a(u"a"_s, m_log, {CLEANUP, RIS_ERROR, UNSPECIFIC});
         Recorder blocked(u"blocked"_s, m_log, {CLEANUP});
         blocked.setBlockedNotifications(true);
         ExNotifiable::notify(CLEANUP);
         QCOMPARE(counts(CLEANUP), (std::array<std::int64_t, 3>{0, 0, 0}));
         QVERIFY(monitor().sensorNames(1).empty()); // They are named when they are first needed.
         PerfMon::setActive(true);
-        for (const auto type : {CLEANUP, CLEANUP, RIS_ERROR, ExNotification::UNSPECIFIC}) {
+        for (const auto type : {CLEANUP, CLEANUP, RIS_ERROR, UNSPECIFIC}) {
             ExNotifiable::notify(type);
         }
         QCOMPARE(counts(CLEANUP), (std::array<std::int64_t, 3>{4, 8, 8}));
@@ -92,6 +84,32 @@ private Q_SLOTS:
         QCOMPARE(counts(CLEANUP)[0], 2); // On during b: that call and c's.
         ExNotifiable::notify(CLEANUP);
         QCOMPARE(counts(CLEANUP)[0], 3); // Off during b: only a's.
+    }
+
+    void namesOfTypes()
+    {
+        const std::pair<int, const char *> rows[] = {{-2, "NONE"}, {-1, "UNSPECIFIC"}, {0, "NONE"},
+            {18, "ACTIVE_VIEWER_CHANGED"}, {51, "_3D_QUALITY_CHANGED"}, {99, "_3DCONTOUR_EXITED"},
+            {121, "ABOUT_TO_SHOW_CONTEXTMENU"}, {122, "NONE"}};
+        for (const auto &[number, name] : rows) {
+            QCOMPARE(ExNotification::Type2String(static_cast<ExNotification::Type>(number)), name);
+        }
+    }
+
+    void typesThatNeedAViewer()
+    {
+        int place = 0;
+        QList<int> invalid[2];
+        for (int i = 0; i < 2; ++i) {
+            auto *const viewer = i == 0 ? nullptr : reinterpret_cast<ExBaseViewer *>(&place);
+            for (int number = -3; number <= 123; ++number) {
+                if (!ExNotification(static_cast<ExNotification::Type>(number), viewer).isValid()) {
+                    invalid[i].append(number);
+                }
+            }
+        }
+        QCOMPARE(invalid[0], QList<int>({-3, -2, 8, 9, 10, 11, 12, 13, 14, 15, 18, 122, 123}));
+        QCOMPARE(invalid[1], QList<int>({-3, -2, 122, 123}));
     }
 
 private:

@@ -1,23 +1,9 @@
-#include "framework/notification/ExNotifiables.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <memory>
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 
-constexpr ExNotification::Type CLEANUP = ExNotification::CLEANUP;
-constexpr ExNotification::Type RIS_ERROR = ExNotification::RIS_ERROR;
-constexpr ExNotification::Type ANY = ExNotification::UNSPECIFIC;
-
-ExNotifiables &bus()
-{
-    return ExNotifiables::getInstance();
-}
+using enum ExNotification::Type;
+constexpr ExNotification::Type ANY = UNSPECIFIC;
 
 /// A base of a subscriber that publishes when it goes, after the subscriber's part has gone.
 class LastWord
@@ -59,21 +45,18 @@ private Q_SLOTS:
         const Recorder a(u"a"_s, m_log, {CLEANUP, RIS_ERROR});
         const Recorder both(u"both"_s, m_log, {ANY, CLEANUP});
         Recorder b(u"b"_s, m_log, {CLEANUP});
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"a both b any both"_s);
-        ExNotifiable::notify(RIS_ERROR);
-        QCOMPARE(taken(), u"a:RIS_ERROR any:RIS_ERROR both:RIS_ERROR"_s);
-        ExNotifiable::notify(ANY); // Its own type is the wildcard: twice.
-        QCOMPARE(taken(), u"any:UNSPECIFIC both:UNSPECIFIC any:UNSPECIFIC both:UNSPECIFIC"_s);
+        QCOMPARE(told(CLEANUP), u"a both b any both"_s);
+        QCOMPARE(told(RIS_ERROR), u"a:RIS_ERROR any:RIS_ERROR both:RIS_ERROR"_s);
+        // Its own type is the wildcard: twice.
+        QCOMPARE(told(ANY), u"any:UNSPECIFIC both:UNSPECIFIC any:UNSPECIFIC both:UNSPECIFIC"_s);
         ExNotifiable::notify(static_cast<ExNotification::Type>(500)); // Unknown, still something.
         QCOMPARE(taken(), u"any:NONE both:NONE"_s);
 
-        bus().addNotifications(&b, ANY, CLEANUP, CLEANUP, ExNotification::NONE, RIS_ERROR);
+        bus().addNotifications(&b, ANY, CLEANUP, CLEANUP, NONE, RIS_ERROR);
         bus().addNotification(&b, ExNotification(CLEANUP, nullptr, &a, &b));
         bus().addNotification(nullptr, CLEANUP);
-        bus().addNotifications(nullptr, CLEANUP, ExNotification::NONE);
-        ExNotifiable::notify(CLEANUP); // As often as subscribed.
-        QCOMPARE(taken(), u"a both b b b b any both b"_s);
+        bus().addNotifications(nullptr, CLEANUP, NONE);
+        QCOMPARE(told(CLEANUP), u"a both b b b b any both b"_s); // As often as subscribed.
     }
 
     void askedOnceInTheNextOutermostDelivery()
@@ -86,11 +69,9 @@ private Q_SLOTS:
             }
         });
         const auto first = asked(u"first"_s);
-        ExNotifiable::notify(RIS_ERROR); // Nobody wants it; those that are new are asked.
-        QCOMPARE(taken(), u"first?"_s);
+        QCOMPARE(told(RIS_ERROR), u"first?"_s); // Nobody wants it; those that are new are asked.
         ExNotifiable::notify(CLEANUP);
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"creator first late? creator first late"_s);
+        QCOMPARE(told(CLEANUP), u"creator first late? creator first late"_s);
     }
 
     void createdWhileOthersAreAsked()
@@ -103,8 +84,7 @@ private Q_SLOTS:
                 ExNotifiable::notify(CLEANUP); // Nested: those that have been asked so far.
             });
         });
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"1? 2? 1 2 3? 1 2 3"_s);
+        QCOMPARE(told(CLEANUP), u"1? 2? 1 2 3? 1 2 3"_s);
     }
 
     void destroyedWhileOthersAreAsked()
@@ -130,11 +110,9 @@ private Q_SLOTS:
     {
         asked(u"never"_s).reset();
         std::make_unique<Eager>(m_log).reset();
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), QString());
+        QCOMPARE(told(CLEANUP), QString());
         const Eager eager(m_log);
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"eager"_s);
+        QCOMPARE(told(CLEANUP), u"eager"_s);
     }
 
     void subscribingAndDestroyingInsideADelivery()
@@ -146,15 +124,14 @@ private Q_SLOTS:
         a = std::make_unique<Recorder>(
             u"a"_s, m_log, std::vector{CLEANUP}, [&](const ExNotification &) {
                 c.reset();
-                bus().addNotifications(&d, CLEANUP, ANY, ExNotification::NONE);
+                bus().addNotifications(&d, CLEANUP, ANY, NONE);
                 ExNotifiable::notify(RIS_ERROR);
                 a.reset();
             });
         b = std::make_unique<Recorder>(u"b"_s, m_log, std::vector{CLEANUP});
-        ExNotifiable::notify(CLEANUP); // The wildcard's walk begins after all that.
-        QCOMPARE(taken(), u"c a d:RIS_ERROR b d"_s);
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"b d d"_s);
+        // The wildcard's walk begins after all that.
+        QCOMPARE(told(CLEANUP), u"c a d:RIS_ERROR b d"_s);
+        QCOMPARE(told(CLEANUP), u"b d d"_s);
     }
 
     void blockingAll()
@@ -165,11 +142,10 @@ private Q_SLOTS:
         });
         const auto a = asked(u"a"_s);
         bus().blockNotifications(true);
-        ExNotifiable::notify(CLEANUP); // Dropped; nobody is asked.
-        QCOMPARE(taken(), QString());
+        QCOMPARE(told(CLEANUP), QString()); // Dropped; nobody is asked.
         bus().blockNotifications(false);
-        ExNotifiable::notify(CLEANUP); // Under way already when it is blocked: goes on.
-        QCOMPARE(taken(), u"a? blocker a"_s);
+        // Under way already when it is blocked: goes on.
+        QCOMPARE(told(CLEANUP), u"a? blocker a"_s);
         QVERIFY(bus().areNotificationsBlocked());
     }
 
@@ -181,12 +157,10 @@ private Q_SLOTS:
         bus().blockNotifications(true);
         bus().deleteAllTools();
         QVERIFY(!bus().areNotificationsBlocked());
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"old? old"_s);
+        QCOMPARE(told(CLEANUP), u"old? old"_s);
         bus().addNotification(old.get(), CLEANUP);
         const auto fresh = asked(u"new"_s);
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"new? old new"_s);
+        QCOMPARE(told(CLEANUP), u"new? old new"_s);
     }
 
     void deleteAllToolsInsideADelivery()
@@ -203,18 +177,24 @@ private Q_SLOTS:
             u"a"_s, m_log, {CLEANUP, ANY}, [&](const ExNotification &) { deleteAll(); });
         const Recorder b(u"b"_s, m_log, {CLEANUP, ANY});
         ExNotifiable::notify(CLEANUP);
-        ExNotifiable::notify(CLEANUP);
-        QCOMPARE(taken(), u"a late new? new late"_s);
+        QCOMPARE(told(CLEANUP), u"a late new? new late"_s);
 
         const auto c = asked(u"c"_s, deleteAll);
         const auto d = asked(u"d"_s);
-        ExNotifiable::notify(CLEANUP); // Those that wait are forgotten, the new one is asked.
-        QCOMPARE(taken(), u"c? late new? new late"_s);
+        // Those that wait are forgotten, the new one is asked.
+        QCOMPARE(told(CLEANUP), u"c? late new? new late"_s);
     }
 
 private:
     /// What was logged since the last time; the type that most tests use is left out.
     QString taken() { return std::exchange(m_log, {}).join(u' ').remove(u":CLEANUP"_s); }
+
+    /// Publishes, and gives what was logged since the last time.
+    QString told(ExNotification::Type type)
+    {
+        ExNotifiable::notify(type);
+        return taken();
+    }
 
     /// A subscriber that logs "name?" when it is asked for its types.
     std::unique_ptr<Recorder> asked(const QString &name, const std::function<void()> &act = {})

@@ -1,10 +1,5 @@
 #include "framework/session/ExSerializable.h"
-
-#include <QTest>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

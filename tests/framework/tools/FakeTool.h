@@ -1,11 +1,11 @@
 #pragma once
 
+#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExHotKeyEvent.h"
+#include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolUI.h"
-#include "tests/support/FakeViewer.h"
-
-#include <utility>
+#include "tests/support/Prelude.h"
 
 /// What happened to the fakes since the last call.
 inline QStringList fakeLog;
@@ -19,7 +19,11 @@ class FakeTool : public ExTool
 {
 public:
     using ExTool::ExTool;
-    ~FakeTool() override { note("gone"); }
+    ~FakeTool() override
+    {
+        act = nullptr;
+        note("gone");
+    }
 
     [[nodiscard]] bool isStandard() const override { return standard; }
     [[nodiscard]] bool isEnabled(const ExBaseViewer *viewer) const override
@@ -41,6 +45,9 @@ public:
     void note(const char *event) const
     {
         fakeLog.append(QLatin1String(decorationKey()) + u' ' + QLatin1String(event));
+        if (act) {
+            act();
+        }
     }
 
     bool standard = false;
@@ -48,6 +55,7 @@ public:
     bool activatable = true;
     bool global = true;
     bool takesHotKey = true;
+    std::function<void()> act; ///< called after an event was noted
 };
 
 class FakeUI : public ExToolUI
@@ -74,6 +82,49 @@ inline McHandle<FakeViewer> viewerWithVolume()
     viewer->imageSets[0]->appendVolume(new KxVolume({1, 1, 1}, KxVolume::ScalarType::UInt8), {});
     return viewer;
 }
+
+/// A tool that is enabled anywhere, and known to the decorations of the FakeApplication.
+template <typename Tool = FakeTool>
+Tool *makeTool(const char *key, const char *shortCut = "")
+{
+    auto &app = dynamic_cast<FakeApplication &>(ExApplication::instance());
+    app.decorations.entries[QLatin1String(key)].shortCut = QLatin1String(shortCut);
+    auto *const tool = new Tool(key);
+    tool->enabled = true;
+    return tool;
+}
+
+/// A test whose functions have an application and a viewer manager each, and leave nothing behind.
+class TestOfTools : public TestWithSettings
+{
+protected:
+    void setUp()
+    {
+        m_app = std::make_unique<FakeApplication>();
+        m_manager = std::make_unique<FakeViewerManager>();
+        takeLog();
+    }
+    void tearDown()
+    {
+        qDeleteAll(std::exchange(m_app->actions, {}));
+        m_manager.reset();
+        m_app.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
+    }
+    /// A viewer with a volume that is the active one.
+    McHandle<FakeViewer> addActiveViewer()
+    {
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        m_manager->add(viewer);
+        m_manager->setActiveViewer(viewer);
+        return viewer;
+    }
+
+    std::unique_ptr<FakeApplication> m_app;
+    std::unique_ptr<FakeViewerManager> m_manager;
+};
 
 /// The keys of actions; "-" for a separator.
 inline QString names(const QList<QAction *> &actions)

@@ -1,24 +1,7 @@
 #include "framework/dispatch/ClientCall.h"
-#include "framework/notification/ExNotifiables.h"
-#include "framework/tools/ExActionUI.h"
-#include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxServerPeer.h"
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,7 +25,7 @@ void showActive(QWidget &window)
 
 } // namespace
 
-class tst_ExActionUI : public QObject
+class tst_ExActionUI : public TestOfTools
 {
     Q_OBJECT
 
@@ -54,19 +37,9 @@ private Q_SLOTS:
             QRegularExpression(u"^(?!This plugin does not support propagateSize)"_s));
         KxPropertyPool &pool = KxPropertyPool::instance();
         pool.property("Hidden.ToolLog", LogEnableType::LET_ALWAYS, pool.defaultSerializer());
-        m_app = std::make_unique<FakeApplication>();
-        m_manager = std::make_unique<FakeViewerManager>();
-        takeLog();
+        setUp();
     }
-
-    void cleanup()
-    {
-        qDeleteAll(m_app->actions);
-        m_manager.reset();
-        m_app.reset();
-        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
-        QCOMPARE(ExHotKeys::hotKeyTools().size(), std::size_t(0));
-    }
+    void cleanup() { tearDown(); }
 
     void decorating()
     {
@@ -123,14 +96,8 @@ private Q_SLOTS:
 
     void toolThatThrowsIsLeftOut()
     {
-        class Thrower : public FakeTool
-        {
-        public:
-            using FakeTool::FakeTool;
-            bool setActive(bool /*on*/) override { throw 1; }
-        };
-        const McHandle<FakeTool> thrower(new Thrower("Thrower"));
-        thrower->enabled = true;
+        const McHandle<FakeTool> thrower = makeTool("Thrower");
+        thrower->act = [] { throw 1; };
         const int before = ClientCall::numFailed();
         ExActionUI::createAction(*thrower)->trigger();
         QCOMPARE(ClientCall::numFailed(), before + 1);
@@ -181,10 +148,8 @@ private Q_SLOTS:
         FakeTool *const tool = makeTool("Zoom");
         tool->enabled = false;
         const QAction *const action = ExActionUI::createAction(*tool);
-        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        const McHandle<FakeViewer> viewer = addActiveViewer();
         const McHandle<FakeViewer> other = viewerWithVolume();
-        m_manager->add(viewer);
-        m_manager->setActiveViewer(viewer);
         for (const auto type : {ExNotification::VIEWER_TYPE_CHANGED,
                  ExNotification::PROTOCOL_LOADED, ExNotification::VIEWER_GROUP_DISABLED}) {
             viewer->imageSets[0].reset();
@@ -221,13 +186,9 @@ private Q_SLOTS:
 
     void keyPressActsOnce()
     {
-        struct Case
-        {
-            int clones;
-            bool shortCutSetLater; ///< and so in the context of the window
-        };
-        for (const auto &[clones, shortCutSetLater] :
-            {Case{1, false}, Case{1, true}, Case{2, true}}) {
+        // How many clones; whether the short cut is set later, and so in the context of the window
+        const std::pair<int, bool> cases[] = {{1, false}, {1, true}, {2, true}};
+        for (const auto &[clones, shortCutSetLater] : cases) {
             for (const bool activatable : {true, false}) {
                 QToolBar window;
                 FakeTool *const tool = makeTool("Zoom", "Ctrl+K");
@@ -258,9 +219,7 @@ private Q_SLOTS:
 
     void keyPressOfSeveralTools()
     {
-        const McHandle<FakeViewer> viewer = viewerWithVolume();
-        m_manager->add(viewer);
-        m_manager->setActiveViewer(viewer);
+        addActiveViewer();
         QToolBar window;
         FakeTool *const first = makeTool("First", "K");
         for (FakeTool *tool : {first, makeTool("Second", "K")}) {
@@ -278,19 +237,75 @@ private Q_SLOTS:
                 byFirst % byFirst % u"First hot key,Second hot key,Second triggered,Second on"));
     }
 
-private:
-    FakeTool *makeTool(const char *key, const char *shortCut = "")
+    void sequencesOfTools()
     {
-        m_app->decorations.entries[QLatin1String(key)].shortCut = QLatin1String(shortCut);
-        auto *const tool = new FakeTool(key);
-        tool->enabled = true;
-        return tool;
+        const McHandle<FakeTool> first = new FakeTool("First");
+        auto second = std::make_unique<FakeTool>("Second");
+        FakeTool local("Local");
+        local.global = false;
+        m_app->decorations.entries[u"First"_s] = {};
+        const ExActionUI *const action = ExActionUI::createAction(*first);
+        const ExActionUI *const clone = ExActionUI::cloneAction(*first);
+        ExHotKeys::setHotKey(nullptr, m_keyA);
+        ExHotKeys::setHotKey(&local, m_keyA);
+        ExHotKeys::setHotKey(first, QKeySequence(u"Ctrl+P, A"_s));
+        QCOMPARE(shownList(), u"A\tLocal\nCtrl+P, A\tFirst"_s);
+        ExHotKeys::setHotKey(first, m_keyA);
+        ExHotKeys::setHotKey(first, m_keyA);
+        QCOMPARE(shownList(), u"A\tLocal, First"_s);
+        QCOMPARE(ExHotKeys::findHotKey(m_keyA), first.get());
+        for (const ExActionUI *shown : {action, clone}) {
+            QCOMPARE(shown->shortcut(), m_keyA);
+            QCOMPARE(shown->shortcutContext(), Qt::WindowShortcut);
+        }
+        ExHotKeys::setHotKey(second.get(), m_keyA); // Taken over.
+        QVERIFY(action->shortcut().isEmpty() && clone->shortcut().isEmpty());
+        QCOMPARE(shownList(), u"A\tLocal, Second"_s);
+        ExHotKeys::setHotKey(&local, QKeySequence());
+        QCOMPARE(ExHotKeys::hotKeyTools(), std::vector<ExTool *>{second.get()});
+        second.reset(); // Leaves by itself.
+        QCOMPARE(ExHotKeys::hotKeyTools(), std::vector<ExTool *>());
     }
 
-    PrivateSettings m_settings;
+    void toolsThatShareAreAskedInTurn()
+    {
+        auto victim = std::make_unique<FakeTool>("victim");
+        FakeTool killer("killer");
+        FakeTool last("last");
+        killer.takesHotKey = false;
+        killer.act = [&] { victim.reset(); };
+        for (FakeTool *tool : {&killer, victim.get(), &last}) {
+            tool->global = false;
+            ExHotKeys::setHotKey(tool, m_keyA);
+        }
+        takeLog();
+        const McHandle<FakeViewer> viewer = viewerWithVolume();
+        QVERIFY(!ExHotKeys::triggerHotKey(QKeySequence(Qt::Key_B), viewer));
+        QVERIFY(!ExHotKeys::triggerHotKey(m_keyA, nullptr));
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
+        last.activatable = false;
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
+        killer.takesHotKey = true;
+        killer.setActive(true);
+        QVERIFY(ExHotKeys::triggerHotKey(m_keyA, viewer));
+        QCOMPARE(takeLog(),
+            u"killer hot key,victim gone,last hot key,killer hot key,last hot key,last toggled,"
+            "last on,killer hot key,last hot key,last triggered,last on,killer on,killer hot key,"
+            "killer untoggled,killer off"_s);
+    }
+
+private:
+    /// What the list of short cuts shows.
+    QString shownList()
+    {
+        QWidget mainWidget;
+        m_app->mainWidget = &mainWidget;
+        ExActionUI::showShortCutList();
+        return mainWidget.findChild<QTextEdit *>(u"wShortCutList"_s)->toPlainText();
+    }
+
     UsageLog m_usage;
-    std::unique_ptr<FakeApplication> m_app;
-    std::unique_ptr<FakeViewerManager> m_manager;
+    const QKeySequence m_keyA{Qt::Key_A};
 };
 
 QTEST_MAIN(tst_ExActionUI)

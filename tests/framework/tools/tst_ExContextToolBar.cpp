@@ -1,22 +1,8 @@
-#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExToolBar.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
 
-#include <QLabel>
-#include <QMenu>
-#include <QTest>
-
-#include <algorithm>
-#include <functional>
-#include <memory>
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,23 +15,23 @@ public:
 
 } // namespace
 
-class tst_ExContextToolBar : public QObject
+class tst_ExContextToolBar : public TestOfTools
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_app = std::make_unique<FakeApplication>();
-        m_manager = std::make_unique<FakeViewerManager>();
+        setUp();
         m_context = std::make_unique<ExContextToolBar>();
         m_window = std::make_unique<QWidget>();
         m_window->resize(400, 300);
         m_context->attachTo(m_window.get(), Qt::BottomRightCorner);
         m_bar = m_window->findChild<ExToolBar *>();
         m_hint = m_window->findChild<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
-        makeMeasure();
-        takeLog();
+        m_measure = makeTool<FakeToolOfTools>("Measure");
+        m_measure->appendTool(makeTool("Distance"), false);
+        m_measure->appendTool(makeTool("Angle"), false);
     }
 
     void cleanup()
@@ -53,11 +39,7 @@ private Q_SLOTS:
         m_window.reset();
         m_context.reset();
         m_measure.reset();
-        qDeleteAll(std::exchange(m_app->actions, {}));
-        m_manager.reset();
-        m_app.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        tearDown();
     }
 
     void attaching()
@@ -266,20 +248,6 @@ private Q_SLOTS:
     }
 
 private:
-    template <typename Tool = FakeTool>
-    Tool *makeTool(const char *key)
-    {
-        m_app->decorations.entries[QLatin1String(key)] = {};
-        auto *const tool = new Tool(key);
-        tool->enabled = true;
-        return tool;
-    }
-    void makeMeasure()
-    {
-        m_measure = makeTool<FakeToolOfTools>("Measure");
-        m_measure->appendTool(makeTool("Distance"), false);
-        m_measure->appendTool(makeTool("Angle"), false);
-    }
     /// Tools, groups, bars and windows that know each other, and how each is destroyed.
     struct Scene
     {
@@ -350,9 +318,6 @@ private:
         scene.deeds.emplace_back([&scene] { scene.context.reset(); });
     }
 
-    PrivateSettings m_settings;
-    std::unique_ptr<FakeApplication> m_app;
-    std::unique_ptr<FakeViewerManager> m_manager;
     std::unique_ptr<ExContextToolBar> m_context;
     QPointer<ExToolBar> m_bar;
     QPointer<QLabel> m_hint;

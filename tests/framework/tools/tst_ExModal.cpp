@@ -1,25 +1,9 @@
 #include "framework/input/ExEventHandler.h"
-#include "framework/notification/ExNotifiables.h"
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExModal.h"
 #include "framework/tools/ExToolBar.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QLabel>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QRegularExpression>
-#include <QTest>
-#include <QWheelEvent>
-
-#include <functional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -179,7 +163,7 @@ struct WatchedViewer
 
 } // namespace
 
-class tst_ExModal : public QObject
+class tst_ExModal : public TestOfTools
 {
     Q_OBJECT
 
@@ -187,16 +171,13 @@ private Q_SLOTS:
     void init()
     {
         QTest::failOnWarning(QRegularExpression(u"."_s));
-        takeLog();
+        setUp();
     }
 
     void cleanup()
     {
         m_whenTold = {};
-        m_manager.setActiveViewer(nullptr);
-        m_manager.removeAllViewers();
-        delete m_manager.contextToolBar();
-        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        tearDown();
     }
 
     void mouseCodes()
@@ -261,8 +242,8 @@ private Q_SLOTS:
         const McHandle<FakeViewer> a = addViewer();
         const McHandle<FakeViewer> b = addViewer();
         const McHandle<FakeViewer> empty = new FakeViewer;
-        m_manager.add(empty);
-        m_manager.setActiveViewer(a);
+        m_manager->add(empty);
+        m_manager->setActiveViewer(a);
         const McHandle<FakeModal> scroll = new FakeModal("scroll", 4, false);
         const McHandle<FakeModal> zoom = new FakeModal("zoom");
         const McHandle<FakeModal> pan = new FakeModal("pan");
@@ -308,31 +289,31 @@ private Q_SLOTS:
         const McHandle<FakeModal> zoom = new FakeModal("zoom");
         QVERIFY(zoom->setActive(true) && zoom->isActive());
         QCOMPARE(toolsOf(*viewer) % takeLog(), QString());
-        m_manager.setActiveViewer(viewer);
+        m_manager->setActiveViewer(viewer);
         QCOMPARE(toolsOf(*viewer) % u':' % takeLog(),
             u"zoom:zoom ACTIVE_TOOL_CHANGED,zoom TOOL_ACTIVATED"_s);
-        m_manager.setActiveViewer(nullptr);
-        m_manager.removeViewer(viewer);
+        m_manager->setActiveViewer(nullptr);
+        m_manager->removeViewer(viewer);
         QVERIFY(zoom->setActive(false));
         QCOMPARE(toolsOf(*viewer) % takeLog(), QString());
         QVERIFY(zoom->setActive(true) && zoom->setActive(false));
-        m_manager.setActiveViewer(viewer);
+        m_manager->setActiveViewer(viewer);
         QCOMPARE(toolsOf(*viewer) % takeLog(), QString());
     }
 
     void viewersThatChange()
     {
-        m_manager.setActiveViewer(addViewer());
+        addActiveViewer();
         const McHandle<FakeModal> zoom = new FakeModal("zoom");
         const McHandle<FakeModal> pan = new FakeModal("pan");
         zoom->setActive(true);
         const McHandle<FakeViewer> added = addViewer();
         QCOMPARE(toolsOf(*added), u"zoom"_s);
 
-        pan->unsupported = m_manager.viewer(0);
+        pan->unsupported = m_manager->viewer(0);
         pan->setActive(true); // The later one has the viewers that both support.
         const McHandle<FakeViewer> late = new FakeViewer;
-        m_manager.add(late);
+        m_manager->add(late);
         QCOMPARE(toolsOf(*added) % u'|' % toolsOf(*late), u"pan|"_s);
         late->imageSets[0] = added->imageSets[0];
         takeLog();
@@ -349,8 +330,7 @@ private Q_SLOTS:
 
     void switchedWhileTold()
     {
-        const McHandle<FakeViewer> viewer = addViewer();
-        m_manager.setActiveViewer(viewer);
+        const McHandle<FakeViewer> viewer = addActiveViewer();
         const McHandle<FakeModal> zoom = new FakeModal("zoom");
         m_whenTold = [&](ExNotification::Type type) {
             if (type == ExNotification::ACTIVE_TOOL_CHANGED) {
@@ -364,7 +344,7 @@ private Q_SLOTS:
         const McHandle<FakeViewer> aside = addViewer();
         McHandle<FakeModal> pan = new FakeModal("pan");
         pan->setActive(true);
-        m_manager.removeViewer(aside);
+        m_manager->removeViewer(aside);
         takeLog();
         pan.reset();
         QCOMPARE(toolsOf(*viewer) % toolsOf(*aside) % takeLog(), u"pan gone"_s);
@@ -375,11 +355,11 @@ private Q_SLOTS:
         const McHandle<FakeViewer> a = addViewer();
         a->makeWidget().resize(200, 200);
         a->renderWidget()->show();
-        m_manager.setActiveViewer(a);
+        m_manager->setActiveViewer(a);
         const McHandle<FakeModal> line = new FakeModal("line");
         const McHandle<FakeModalGroup> angle = new FakeModalGroup("angle", 4);
         const McHandle<FakeTool> sub = new FakeTool("sub");
-        m_app.decorations.entries = {{u"sub"_s, {}}};
+        m_app->decorations.entries = {{u"sub"_s, {}}};
         angle->appendTool(sub, false);
         line->hint = u"Two points"_s;
         line->setActive(true);
@@ -540,8 +520,8 @@ private Q_SLOTS:
         second->setActive(true);
         takeLog();
         second->act = [&] {
-            m_manager.setActiveViewer(nullptr);
-            m_manager.removeAllViewers();
+            m_manager->setActiveViewer(nullptr);
+            m_manager->removeAllViewers();
             watched.viewer.reset();
         };
         watched.press();
@@ -553,20 +533,17 @@ private:
     McHandle<FakeViewer> addViewer()
     {
         const McHandle<FakeViewer> viewer = viewerWithVolume();
-        m_manager.add(viewer);
+        m_manager->add(viewer);
         return viewer;
     }
 
-    PrivateSettings m_settings;
-    FakeApplication m_app;
-    FakeViewerManager m_manager;
     std::function<void(ExNotification::Type)> m_whenTold;
     QStringList m_ignored;
     Recorder m_watch{QString(), m_ignored,
         {ExNotification::TOOL_DEACTIVATED, ExNotification::ACTIVE_TOOL_CHANGED,
             ExNotification::TOOL_ACTIVATED},
         [this](const ExNotification &notification) {
-            const bool isRight = notification.viewer() == m_manager.activeViewer();
+            const bool isRight = notification.viewer() == m_manager->activeViewer();
             const auto *const tool = static_cast<const FakeModal *>(notification.tool());
             fakeLog.append(tool->name() % u' '
                 % QLatin1String(ExNotification::Type2String(notification.type()))

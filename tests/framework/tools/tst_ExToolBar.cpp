@@ -2,21 +2,9 @@
 #include "framework/tools/ExToolBar.h"
 #include "platform/toolkit/QxStyleFactory.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QTemporaryFile>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
 
 #include <cstdio>
-#include <memory>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -58,25 +46,21 @@ QColor face(const QAction &action)
 
 } // namespace
 
-class tst_ExToolBar : public QObject
+class tst_ExToolBar : public TestOfTools
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_app = std::make_unique<FakeApplication>();
+        setUp();
         m_bar = std::make_unique<ExToolBar>(u"Bar"_s);
         m_bar->show();
-        takeLog();
     }
     void cleanup()
     {
         m_bar.reset();
-        qDeleteAll(std::exchange(m_app->actions, {}));
-        m_app.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
+        tearDown();
     }
 
     void copies()
@@ -155,10 +139,7 @@ private Q_SLOTS:
 
     void popupShowsTheLastActivated()
     {
-        FakeViewerManager manager;
-        const McHandle<FakeViewer> viewer = viewerWithVolume();
-        manager.add(viewer);
-        manager.setActiveViewer(viewer);
+        const McHandle<FakeViewer> viewer = addActiveViewer();
         ExToolBar measure(u"Measure"_s);
         FakeTool *const distance = makeTool("Distance");
         FakeTool *const angle = makeTool("Angle");
@@ -261,14 +242,13 @@ private Q_SLOTS:
     }
 
 private:
-    FakeTool *makeTool(const char *key)
+    FakeTool *makeTool(const char *key) const
     {
+        FakeTool *const tool = ::makeTool(key);
         QPixmap red(32, 32);
         red.fill(Qt::red);
         const QString text = u'&' % QString::fromUtf8(key);
         m_app->decorations.entries[QString::fromUtf8(key)] = {{}, text, text, {}, red};
-        auto *const tool = new FakeTool(key);
-        tool->enabled = true;
         return tool;
     }
     QToolButton *button(QAction *action) const
@@ -296,8 +276,6 @@ private:
         return file.readAll();
     }
 
-    PrivateSettings m_settings;
-    std::unique_ptr<FakeApplication> m_app;
     std::unique_ptr<ExToolBar> m_bar;
 };
 

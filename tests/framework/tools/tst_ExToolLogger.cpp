@@ -1,16 +1,8 @@
 #include "framework/tools/ExToolLogger.h"
 #include "platform/backend/KxBackendPeer.h"
 #include "platform/backend/KxServerPeer.h"
-#include "platform/properties/KxPropertyPool.h"
 #include "tests/framework/tools/FakeTool.h"
 #include "tests/platform/properties/ProgramLog.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QTest>
-
-#include <stdexcept>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,7 +38,7 @@ public:
 
 } // namespace
 
-class tst_ExToolLogger : public QObject
+class tst_ExToolLogger : public TestWithSettings
 {
     Q_OBJECT
 
@@ -96,7 +88,6 @@ private Q_SLOTS:
 
 private:
     ProgramLog m_log;
-    PrivateSettings m_settings;
 };
 
 QTEST_MAIN(tst_ExToolLogger)

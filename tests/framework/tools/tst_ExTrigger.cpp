@@ -1,16 +1,6 @@
-#include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExMenuTrigger.h"
 #include "framework/tools/ExToolGroup.h"
 #include "tests/framework/tools/FakeTool.h"
-#include "tests/support/FakeApplication.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/PrivateSettings.h"
-
-#include <QMenu>
-#include <QPointer>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,12 +36,13 @@ public Q_SLOTS:
 
 } // namespace
 
-class tst_ExTrigger : public QObject
+class tst_ExTrigger : public TestOfTools
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { takeLog(); }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void commands()
     {
@@ -65,9 +56,9 @@ private Q_SLOTS:
                     "1: update,run off on viewer,update viewer"_s},
                 {true, false, u"0: shows c,update,run|1: update|0: update,run off on viewer"_s}};
         const McHandle<FakeViewer> viewer = new FakeViewer;
-        m_manager.add(viewer);
+        m_manager->add(viewer);
         for (const auto &[activatable, succeeds, events] : rows) {
-            m_manager.setActiveViewer(nullptr);
+            m_manager->setActiveViewer(nullptr);
             const McHandle<Command> command = new Command("c");
             command->setActivatable(activatable);
             command->nextActive = viewer; // The command may change it.
@@ -86,7 +77,6 @@ private Q_SLOTS:
             }
             QCOMPARE(results.join(u'|'), events);
         }
-        m_manager.removeAllViewers();
     }
 
     void menuTriggers()
@@ -112,7 +102,7 @@ private Q_SLOTS:
     void subMenus()
     {
         const McHandle<FakeTool> tool = new FakeTool("Zoom");
-        m_app.decorations.entries = {{u"Zoom"_s, {}}, {u"Menu"_s, {}}};
+        m_app->decorations.entries = {{u"Zoom"_s, {}}, {u"Menu"_s, {}}};
         const McHandle<ExMenuTrigger> trigger
             = new ExMenuTrigger("Menu", {u"Zoom"_s, u"separator"_s}, nullptr, nullptr);
         const QPointer<QMenu> menu = trigger->action()->menu();
@@ -128,14 +118,9 @@ private Q_SLOTS:
         const QPointer<QMenu> second = trigger->action()->menu();
         Q_EMIT second->aboutToShow();
         QVERIFY(actions.at(0)->isEnabled()); // Nobody refreshes this menu.
-        qDeleteAll(m_app.actions);
+        qDeleteAll(std::exchange(m_app->actions, {}));
         QVERIFY(menu.isNull() && second.isNull());
     }
-
-private:
-    PrivateSettings m_settings;
-    FakeApplication m_app;
-    FakeViewerManager m_manager;
 };
 
 QTEST_MAIN(tst_ExTrigger)

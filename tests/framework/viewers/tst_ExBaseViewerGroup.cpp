@@ -1,12 +1,6 @@
 #include "framework/viewers/ExBaseViewerGroup.h"
-#include "tests/support/FakeViewer.h"
-#include "tests/support/FakeViewerManager.h"
+#include "tests/support/Prelude.h"
 
-#include <QTest>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 using Group = ExBaseViewerGroup;
 
 /// Groups are written as the names of their viewers: the manager holds a, b, c, d in this order; z

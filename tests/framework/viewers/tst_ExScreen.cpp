@@ -1,12 +1,4 @@
-#include "tests/support/FakeViewer.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 namespace {
 

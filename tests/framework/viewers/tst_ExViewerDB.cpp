@@ -1,11 +1,7 @@
 #include "framework/viewers/ExScopedDetach.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
-#include "tests/support/FakeViewer.h"
-
-#include <QTest>
-
-#include <array>
+#include "tests/support/Prelude.h"
 
 namespace {
 

@@ -1,16 +1,5 @@
-#include "framework/notification/ExNotifiables.h"
 #include "platform/render/KxEngine.h"
-#include "tests/support/FakeViewer.h"
-#include "tests/support/FakeViewerManager.h"
-#include "tests/support/Recorder.h"
-
-#include <QTest>
-
-#include <array>
-#include <memory>
-#include <utility>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/Prelude.h"
 
 class tst_ExViewerManager : public QObject
 {
@@ -110,13 +99,12 @@ private Q_SLOTS:
 
     void removing()
     {
-        ExNotifiables &bus = ExNotifiables::getInstance();
         const Recorder recorder(u"r"_s, m_log, {ExNotification::CLEANUP});
         b->reusable = false;
         for (FakeViewer *viewer : {a, b}) {
             viewer->displaySet = "set";
             viewer->setBackgroundColor(1, 1, 1, 1);
-            bus.notifyDelayed(ExNotification(ExNotification::CLEANUP, viewer));
+            bus().notifyDelayed(ExNotification(ExNotification::CLEANUP, viewer));
             m_manager->removeViewer(viewer);
         }
         m_manager->removeViewer(nullptr);

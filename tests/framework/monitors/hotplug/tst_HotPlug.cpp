@@ -1,28 +1,10 @@
-#include "framework/monitors/ExMonitorManager.h"
-
-#include "platform/util/McHandle.h"
-#include "tests/support/PrivateSettings.h"
-#include "tests/support/Recorder.h"
-
-#include <QGuiApplication>
-#include <QProcess>
-#include <QScreen>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "tests/framework/monitors/Panes.h"
 
 namespace {
 
-ExMonitorManager &manager()
-{
-    return ExMonitorManager::instance();
-}
-
 bool xrandr(const char *arguments)
 {
-    const int rc
-        = QProcess::execute(u"xrandr"_s, QString::fromLatin1(arguments).split(QLatin1Char(' ')));
-    return rc == 0;
+    return QProcess::execute(u"xrandr"_s, QString::fromLatin1(arguments).split(u' ')) == 0;
 }
 
 QRect monitorOf(const ExMonitorWidget &widget)
@@ -38,7 +20,7 @@ QRect monitorOf(const ExMonitorWidget &widget)
 } // namespace
 
 /// Displays that come and go on a real X server under a window manager.
-class tst_HotPlug : public QObject
+class tst_HotPlug : public TestWithSettings
 {
     Q_OBJECT
 
@@ -147,7 +129,6 @@ private Q_SLOTS:
     }
 
 private:
-    PrivateSettings m_settings;
     QStringList m_log;
     McHandle<Recorder> m_recorder;
     QWidget m_viewers;
