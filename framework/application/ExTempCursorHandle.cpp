@@ -4,16 +4,16 @@
 #include <QCursor>
 
 ExTempCursorHandle::ExTempCursorHandle()
-    : m_isOverriding(QApplication::overrideCursor() != nullptr)
+    : m_cursor(QApplication::overrideCursor())
 {
-    if (m_isOverriding) {
+    if (m_cursor != nullptr) {
         QApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
     }
 }
 
 ExTempCursorHandle::~ExTempCursorHandle()
 {
-    if (m_isOverriding) {
+    if (m_cursor != nullptr) {
         QApplication::restoreOverrideCursor();
     }
 }

@@ -3,6 +3,8 @@
 #include "framework/MovaraFrameworkExport.h"
 #include "platform/util/McHandable.h"
 
+class QCursor;
+
 /// Gives the arrow cursor back while the application is busy, for as long as the handle lives, e.g.
 /// while a dialog is open. Made by ExApplication::tempNotBusy() and held by McHandle. GUI thread
 /// only.
@@ -15,6 +17,6 @@ protected:
     ~ExTempCursorHandle() override;
 
 private:
-    /// There was an override cursor to stand in for.
-    bool m_isOverriding;
+    /// The override cursor that was active; null when there was none. Only asked for being null.
+    QCursor *m_cursor;
 };

@@ -8,7 +8,7 @@
 #include "platform/util/McLogFile.h"
 
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 
 namespace {
@@ -44,9 +44,9 @@ const RegEnumValue<LetAlways> regLetAlways;
 constexpr int toolUsedEvent = 1063;
 
 /// Tools that were logged in the current study.
-std::set<std::string> &reportedTools()
+std::map<std::string, bool> &reportedTools()
 {
-    static auto *const reported = new std::set<std::string>;
+    static auto *const reported = new std::map<std::string, bool>;
     return *reported;
 }
 
@@ -98,7 +98,7 @@ void logUse(const ExTool *tool, const char *use)
         return;
     }
     if (setting == LogEnableType::LET_ONCE_PER_STUDY) {
-        reportedTools().insert(key);
+        reportedTools()[key] = true;
     }
     writeLine(key + use);
     logEvent(key);
