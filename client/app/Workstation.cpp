@@ -96,7 +96,7 @@ void Workstation::updateOverlays()
 
 WorkstationViewer *Workstation::activeViewer() const
 {
-    return static_cast<WorkstationViewer *>(m_manager.activeViewer());
+    return WorkstationViewerManager::active();
 }
 
 std::vector<WorkstationViewer *> Workstation::viewers() const

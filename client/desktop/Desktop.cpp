@@ -228,6 +228,7 @@ ViewerPage *Desktop::studiesPage()
 
 void Desktop::adopt()
 {
+    m_known.removeAll(nullptr); // Windows that are gone.
     for (ExMonitorWidget *const window : windows()) {
         if (!m_known.contains(window)) {
             m_known.append(window);

@@ -42,7 +42,7 @@ ViewerLayouts::ViewerLayouts(
 WorkstationViewer *ViewerLayouts::takeStaying(
     ExBaseViewerGroup &present, const ViewerLayout &layout, const ViewerLayout::Place &place)
 {
-    auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
+    WorkstationViewer *const active = WorkstationViewerManager::active();
     const bool isAlone
         = layout.places.size() == 1 && present.contains(active) && active->series() != nullptr;
     for (int i = 0; i < present.size(); ++i) {
@@ -119,7 +119,7 @@ void ViewerLayouts::applyTo(WorkstationScreen &screen, const ViewerLayout &layou
 {
     screen.setReconfigureEnabled(false);
     ExBaseViewerGroup present = viewersOn(screen);
-    const auto *const active = static_cast<WorkstationViewer *>(m_manager.activeViewer());
+    const WorkstationViewer *const active = WorkstationViewerManager::active();
     const McHandle<LoadedSeries> series(active != nullptr ? active->series() : nullptr);
     WorkstationViewer *first = nullptr;
     for (std::size_t i = 0; i < layout.places.size(); ++i) {

@@ -2,10 +2,10 @@
 
 #include "client/links/LinkType.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "client/viewers/WorkstationViewerManager.h"
 #include "framework/notification/ExNotifiables.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
-#include "framework/viewers/ExViewerManager.h"
 
 #include <algorithm>
 #include <iterator>
@@ -68,10 +68,9 @@ bool takeOut(const std::string &type, const WorkstationViewer &viewer)
 /// Who follows whom among those that follow the active viewer.
 void renewLastActive(const std::string &type)
 {
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
     ExViewerDB::resetLastActiveViewer(type);
-    if (manager != nullptr && manager->activeViewer() != nullptr) {
-        ExViewerDB::setLastActiveViewer(type, manager->activeViewer());
+    if (WorkstationViewer *const active = WorkstationViewerManager::active()) {
+        ExViewerDB::setLastActiveViewer(type, active);
     }
 }
 

@@ -112,7 +112,6 @@ void StudySession::cancel()
 void StudySession::close()
 {
     giveUpScan();
-    m_scanner.cancel();
     clear();
     tellBusy();
 }
@@ -120,6 +119,7 @@ void StudySession::close()
 void StudySession::giveUpScan()
 {
     if (std::exchange(m_isScanWanted, false)) {
+        m_scanner.cancel();
         Q_EMIT scanGivenUp();
     }
 }

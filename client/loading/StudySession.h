@@ -34,6 +34,8 @@ public:
     void open(const QStringList &paths);
     /// Ends the scan, or, when there is none, reading; what has been found and read stays.
     void cancel();
+    /// Ends the scan, if there is one, as if it had never begun: what is open stays.
+    void giveUpScan();
     /// Takes everything out of the viewers and forgets it.
     void close();
 
@@ -78,7 +80,6 @@ Q_SIGNALS:
 
 private:
     void scanEnded();
-    void giveUpScan();
     /// Takes everything out of the viewers and forgets it.
     void clear();
     /// Takes what is shown out of these viewers, telling it first.

@@ -4,7 +4,7 @@
 #include "client/measurements/Measurement.h"
 #include "client/measurements/MeasurementView.h"
 #include "client/viewers/SliceViewer.h"
-#include "framework/viewers/ExViewerManager.h"
+#include "client/viewers/WorkstationViewerManager.h"
 
 #include <algorithm>
 #include <cmath>
@@ -78,10 +78,9 @@ QString sliceText(const Measurement &measurement, const LoadedSeries &series)
 
 SliceViewer *viewerFor(const Measurement &measurement)
 {
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
     SliceViewer *best = nullptr;
-    for (int i = 0; manager != nullptr && i < manager->numViewers(); ++i) {
-        auto *const viewer = dynamic_cast<SliceViewer *>(manager->viewer(i));
+    for (WorkstationViewer *each : WorkstationViewerManager::all()) {
+        auto *const viewer = dynamic_cast<SliceViewer *>(each);
         const bool canShow = viewer != nullptr && viewer->volume(0) != nullptr
             && MeasurementGeometry::isOf(measurement, *viewer->series());
         if (canShow && (!best || fitness(measurement, *viewer) > fitness(measurement, *best))) {

@@ -63,9 +63,7 @@ QString phase(const WorkstationViewer &viewer)
 
 QString tool(const WorkstationViewer &viewer)
 {
-    const bool isActive
-        = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
-    if (!isActive || !ExApplication::hasInstance()) {
+    if (!ExViewerManager::isActiveViewer(viewer) || !ExApplication::hasInstance()) {
         return {};
     }
     for (const ExModal *each : viewer.modalTools()) {

@@ -154,8 +154,7 @@ OverlayContent sliceOverlay(const SliceViewer &viewer)
 {
     OverlayContent content;
     content.planeColor = OverlayColors::plane(viewer.plane());
-    content.isActive
-        = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
+    content.isActive = ExViewerManager::isActiveViewer(viewer);
     content.link = ViewerLinks::badge(viewer);
     content.message = SeriesTexts::emptyState(viewer);
     if (content.message.isEmpty()) {

@@ -51,8 +51,7 @@ void addTexts(OverlayContent &content, const VolumeViewer &viewer)
 OverlayContent volumeOverlay(const VolumeViewer &viewer)
 {
     OverlayContent content;
-    content.isActive
-        = ExViewerManager::instancePointer() != nullptr && ExViewerManager::isActiveViewer(viewer);
+    content.isActive = ExViewerManager::isActiveViewer(viewer);
     content.link = ViewerLinks::badge(viewer);
     content.message = SeriesTexts::emptyState(viewer);
     if (viewer.series() != nullptr) {

@@ -225,7 +225,8 @@ void AttributesView::addFound(
         // What is in a row that is found itself comes when that is expanded.
         if (!SearchText::holdsAll(row.folded, words)) {
             addFound(*item, row.children, words);
-            item->setExpanded(true);
+            // Where there was no room for them, expanding would fetch those not searched for, too.
+            item->setExpanded(item->childCount() > 0);
         }
     }
 }

@@ -66,10 +66,7 @@ QString seriesName(const LoadedSeries &series)
 
 SliceViewer *viewerToUse()
 {
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    auto *const active
-        = manager != nullptr ? dynamic_cast<SliceViewer *>(manager->activeViewer()) : nullptr;
-    if (active != nullptr) {
+    if (auto *const active = dynamic_cast<SliceViewer *>(WorkstationViewerManager::active())) {
         return active;
     }
     for (WorkstationViewer *viewer : WorkstationViewerManager::all()) {

@@ -8,8 +8,8 @@
 #include "client/panels/StudyThumbnails.h"
 #include "client/panels/StudyTree.h"
 #include "client/viewers/WorkstationViewer.h"
+#include "client/viewers/WorkstationViewerManager.h"
 #include "framework/tools/ExActionUI.h"
-#include "framework/viewers/ExViewerManager.h"
 #include "platform/dicom/DicomDirectory.h"
 
 #include <QAction>
@@ -258,10 +258,7 @@ void StudyPanel::showMenu(const QPoint &position)
 
 void StudyPanel::markShown()
 {
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    const auto *const viewer = manager != nullptr
-        ? static_cast<const WorkstationViewer *>(manager->activeViewer())
-        : nullptr;
+    const WorkstationViewer *const viewer = WorkstationViewerManager::active();
     const bool hasSeries = viewer != nullptr && viewer->series() != nullptr;
     m_tree->markShown(hasSeries ? QString::fromStdString(viewer->series()->uid()) : QString());
 }

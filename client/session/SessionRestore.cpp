@@ -14,13 +14,18 @@ SessionRestore::SessionRestore(StudySession &studies)
             finish(true);
         }
     });
-    connect(&studies, &StudySession::nothingFound, this, [this] {
+    connect(&studies, &StudySession::nothingFound, this, [this](const auto &result) {
         if (m_isRunning) {
-            m_missing += m_paths;
+            m_missing = result.wasCancelled ? QStringList() : m_missing + m_paths;
             finish(false);
         }
     });
-    connect(&studies, &StudySession::scanGivenUp, this, &SessionRestore::giveUp);
+    connect(&studies, &StudySession::scanGivenUp, this, [this] {
+        if (m_isRunning) {
+            m_missing.clear(); // The user wants to see something else now.
+            finish(false);
+        }
+    });
 }
 
 void SessionRestore::start(const ExSessionData &session)
@@ -48,9 +53,13 @@ void SessionRestore::start(const ExSessionData &session)
 void SessionRestore::giveUp()
 {
     if (m_isRunning) {
-        m_missing.clear(); // The user wants to see something else now.
-        finish(false);
+        m_studies.giveUpScan();
     }
+}
+
+bool SessionRestore::wasCancelled() const
+{
+    return m_studies.found().wasCancelled;
 }
 
 void SessionRestore::finish(bool restored)

@@ -19,8 +19,10 @@ public:
     /// Ends with finished(), at once or when the studies have been found; one that is still under
     /// way is given up. @param session sound (see SessionState::isSound()).
     void start(const ExSessionData &session);
-    /// Ends one that is under way with finished(); does nothing without one.
+    /// Ends one that is under way, and its search, with finished(); does nothing without one.
     void giveUp();
+    /// Whether the user has ended the search for what is open before everything was found.
+    [[nodiscard]] bool wasCancelled() const;
     /// Whether the studies of a session are being looked for.
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 

@@ -113,22 +113,31 @@ void WorkstationSessions::restored(bool isRestored, const QStringList &missingPa
     for (const QString &path : missingPaths) {
         missing += tr("the folder or file %1").arg(path);
     }
+    bool isCutShort = false;
     if (isRestored) {
         missing += m_viewers.missing();
+        isCutShort = m_restore.wasCancelled() && !missing.isEmpty();
         m_measurements.setSaved();
-        if (m_restored && m_autosave) {
+        if (m_restored && m_autosave && !isCutShort) {
             m_autosave->setSlot(std::move(m_restored));
         }
     }
     m_restored.reset(); // What was not restored is offered again at the next start.
-    const QString list = QStringLiteral("\n\n• ") % missing.join(QStringLiteral("\n• "))
-        % QStringLiteral("\n\n")
-        % tr("Look whether the drive is connected and nothing was moved, then open the session "
+    Q_EMIT finished(
+        isRestored, missing.isEmpty() ? QString() : message(missing, isRestored, isCutShort));
+}
+
+QString WorkstationSessions::message(const QStringList &missing, bool isRestored, bool isCutShort)
+{
+    const QString what = isCutShort ? tr("Opening was cancelled. Of the session there is missing:")
+        : isRestored ? tr("The session is open, but some of it is not there any more:")
+                     : tr("The session is not opened. There are no images any more in:");
+    const QString advice = isCutShort
+        ? tr("Open the session again to see all of it.")
+        : tr("Look whether the drive is connected and nothing was moved, then open the session "
              "again.");
-    const QString message = missing.isEmpty() ? QString()
-        : isRestored ? tr("The session is open, but some of it is not there any more:") % list
-                     : tr("The session is not opened. There are no images any more in:") % list;
-    Q_EMIT finished(isRestored, message);
+    return what % QStringLiteral("\n\n• ") % missing.join(QStringLiteral("\n• "))
+        % QStringLiteral("\n\n") % advice;
 }
 
 QStringList WorkstationSessions::unsaved()

@@ -58,6 +58,9 @@ private:
     [[nodiscard]] ExSessionData take() const;
     [[nodiscard]] QString check(const QString &file, ExSessionData &session) const;
     void restored(bool isRestored, const QStringList &missingPaths);
+    /// What is told of a session of which something is missing.
+    [[nodiscard]] static QString message(
+        const QStringList &missing, bool isRestored, bool isCutShort);
     void ask(const std::function<void()> &otherwise);
     void restoreLeft(const std::function<void()> &otherwise);
     /// @param left where the session comes from, when it was left by a crash, else null.

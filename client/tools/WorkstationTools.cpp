@@ -2,18 +2,7 @@
 
 #include "client/application/WorkstationApplication.h"
 #include "client/viewers/WorkstationViewer.h"
-#include "framework/viewers/ExViewerManager.h"
-
-namespace {
-
-const WorkstationViewer *activeViewer()
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    return manager == nullptr ? nullptr
-                              : static_cast<const WorkstationViewer *>(manager->activeViewer());
-}
-
-} // namespace
+#include "client/viewers/WorkstationViewerManager.h"
 
 ApplicationCommand::ApplicationCommand(const char *key)
     : ExTrigger(key)
@@ -77,7 +66,7 @@ ViewerSwitch::ViewerSwitch(const char *key)
 
 bool ViewerSwitch::isActive() const
 {
-    const WorkstationViewer *const viewer = activeViewer();
+    const WorkstationViewer *const viewer = WorkstationViewerManager::active();
     return viewer != nullptr && isOn(*viewer);
 }
 

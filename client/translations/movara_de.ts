@@ -2638,5 +2638,13 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <source>Nothing is saved automatically: make room on the disk for %1, or allow writing there, then start the workstation again.</source>
         <translation>Es wird nichts automatisch gesichert: schaffen Sie Platz auf dem Datenträger für %1, oder erlauben Sie das Schreiben dort, und starten Sie die Workstation neu.</translation>
     </message>
+    <message>
+        <source>Opening was cancelled. Of the session there is missing:</source>
+        <translation>Das Öffnen wurde abgebrochen. Von der Sitzung fehlt:</translation>
+    </message>
+    <message>
+        <source>Open the session again to see all of it.</source>
+        <translation>Öffnen Sie die Sitzung noch einmal, um alles zu sehen.</translation>
+    </message>
 </context>
 </TS>

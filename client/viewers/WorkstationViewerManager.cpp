@@ -20,6 +20,12 @@ WorkstationViewerManager::~WorkstationViewerManager()
     }
 }
 
+WorkstationViewer *WorkstationViewerManager::active()
+{
+    const ExViewerManager *const manager = instancePointer();
+    return manager == nullptr ? nullptr : static_cast<WorkstationViewer *>(manager->activeViewer());
+}
+
 std::vector<WorkstationViewer *> WorkstationViewerManager::all()
 {
     std::vector<WorkstationViewer *> found;

@@ -18,6 +18,8 @@ public:
     /// Removes all viewers.
     ~WorkstationViewerManager() override;
 
+    /// The active viewer; null without one, or without a manager.
+    [[nodiscard]] static WorkstationViewer *active();
     /// The viewers of the one manager, in its order; none when there is no manager.
     [[nodiscard]] static std::vector<WorkstationViewer *> all();
     /// Those of them that are still there.

@@ -2,12 +2,12 @@
 
 #include "framework/dispatch/ClientCall.h"
 #include "framework/tools/ActionHost.h"
+#include "framework/tools/ActiveViewer.h"
 #include "framework/tools/ExDecoration.h"
 #include "framework/tools/ExHotKeys.h"
 #include "framework/tools/ExTool.h"
 #include "framework/tools/ExToolLogger.h"
 #include "framework/viewers/ExBaseViewer.h"
-#include "framework/viewers/ExViewerManager.h"
 #include "platform/properties/KxPropertyPool.h"
 // Actions ask the application object for what only the client knows: decoration, settings editors,
 // the list of actions.
@@ -30,12 +30,6 @@ constexpr const char *separatorKey = "separator";
 const ExDecoration *decorationFor(const char *key)
 {
     return ExApplication::hasInstance() ? ExApplication::instance().decoration(key) : nullptr;
-}
-
-ExBaseViewer *activeViewer()
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    return manager == nullptr ? nullptr : manager->activeViewer();
 }
 
 /// Keys of the numeric pad are written with a prefix that the toolkit's text form does not have.

@@ -1,6 +1,7 @@
 #include "framework/tools/ExModal.h"
 
 #include "framework/input/ExEvent.h"
+#include "framework/tools/ActiveViewer.h"
 #include "framework/tools/KeyMapping.h"
 #include "framework/tools/ModalStage.h"
 #include "framework/viewers/ExBaseViewer.h"
@@ -45,7 +46,7 @@ bool offerTo(const ExModal &tool, ExBaseViewer &viewer, const ExEvent &event, in
 
 void publish(ExNotification::Type type, const ExModal *tool)
 {
-    if (const McHandle<ExBaseViewer> viewer = ModalStage::activeViewer()) {
+    if (const McHandle<ExBaseViewer> viewer = activeViewer()) {
         ExNotifiable::notify(ExNotification(type, viewer, tool));
     }
 }
@@ -108,7 +109,7 @@ void ExModal::begin()
     if (stage.isAtWork(this)) {
         return;
     }
-    if (!ModalStage::activeViewer()) {
+    if (activeViewer() == nullptr) {
         stage.wait(this);
         return;
     }

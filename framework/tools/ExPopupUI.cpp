@@ -1,8 +1,8 @@
 #include "framework/tools/ExPopupUI.h"
 
+#include "framework/tools/ActiveViewer.h"
 #include "framework/tools/ExDecoration.h"
 #include "framework/tools/ExTool.h"
-#include "framework/viewers/ExViewerManager.h"
 // The face of the button comes from the client's decoration provider.
 #include "framework/application/ExApplication.h"
 
@@ -15,12 +15,6 @@
 namespace {
 
 constexpr QSize faceSize(32, 32);
-
-ExBaseViewer *activeViewer()
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    return manager == nullptr ? nullptr : manager->activeViewer();
-}
 
 QIcon decorationIcon(const QString &key)
 {

@@ -1,8 +1,8 @@
 #include "framework/tools/ExToolUI.h"
 
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ActiveViewer.h"
 #include "framework/tools/ExTool.h"
-#include "framework/viewers/ExViewerManager.h"
 
 #include <algorithm>
 #include <array>
@@ -33,12 +33,10 @@ void ExToolUI::addNotifications()
 
 void ExToolUI::notified(const ExNotification &notification)
 {
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    const ExBaseViewer *const active = manager == nullptr ? nullptr : manager->activeViewer();
     const bool isRelevant
         = std::find(relevantTypes.begin(), relevantTypes.end(), notification.type())
         != relevantTypes.end();
-    if (isRelevant && m_tool && notification.viewer() == active) {
+    if (isRelevant && m_tool && notification.viewer() == activeViewer()) {
         update(notification.viewer());
     }
 }

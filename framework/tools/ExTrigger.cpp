@@ -1,18 +1,8 @@
 #include "framework/tools/ExTrigger.h"
 
+#include "framework/tools/ActiveViewer.h"
 #include "framework/viewers/ExBaseViewer.h"
-#include "framework/viewers/ExViewerManager.h"
 #include "platform/util/McHandle.h"
-
-namespace {
-
-McHandle<ExBaseViewer> activeViewer()
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    return manager == nullptr ? nullptr : manager->activeViewer();
-}
-
-} // namespace
 
 ExTrigger::ExTrigger(const char *name)
     : ExTool(name)
@@ -44,6 +34,6 @@ bool ExTrigger::setActive(bool on)
     if (on) {
         bringUpUI();
     }
-    updateUI(activeViewer()); // Asked again: the command may have changed it.
+    updateUI(McHandle(activeViewer())); // Asked again: the command may have changed it.
     return true;
 }

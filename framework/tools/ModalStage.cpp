@@ -1,6 +1,7 @@
 #include "framework/tools/ModalStage.h"
 
 #include "framework/notification/ExNotifiables.h"
+#include "framework/tools/ActiveViewer.h"
 #include "framework/tools/ExContextToolBar.h"
 #include "framework/tools/ExModal.h"
 #include "framework/tools/ExToolGroup.h"
@@ -52,7 +53,7 @@ ExContextToolBar *contextToolBar()
 /// The hint of the tool that is asked first on the active viewer.
 QString currentHint()
 {
-    const McHandle<ExBaseViewer> viewer = ModalStage::activeViewer();
+    const McHandle<ExBaseViewer> viewer = activeViewer();
     if (!viewer || viewer->modalTools().isEmpty()) {
         return {};
     }
@@ -89,12 +90,6 @@ ModalStage &ModalStage::instance()
 {
     static auto *const stage = new ModalStage;
     return *stage;
-}
-
-McHandle<ExBaseViewer> ModalStage::activeViewer()
-{
-    const ExViewerManager *const manager = ExViewerManager::instancePointer();
-    return manager == nullptr ? nullptr : manager->activeViewer();
 }
 
 void ModalStage::toolMade()
@@ -194,7 +189,7 @@ void ModalStage::retireDisplaced()
 
 void ModalStage::beginWaiting()
 {
-    while (!m_waiting.empty() && activeViewer()) {
+    while (!m_waiting.empty() && activeViewer() != nullptr) {
         ExModal *const tool = m_waiting.front();
         m_waiting.erase(m_waiting.begin());
         tool->begin();

@@ -18,8 +18,6 @@ class ModalStage
 {
 public:
     static ModalStage &instance();
-    /// The active viewer; null without one or without a viewer manager.
-    static McHandle<ExBaseViewer> activeViewer();
 
     /// Of every modal tool, when it comes and goes.
     void toolMade();

@@ -12,9 +12,15 @@ int main(int argc, char *argv[])
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    bool isSeed = true;
+    bool isSteps = true;
+    const unsigned seed = argc > 1 ? QByteArray(argv[1]).toUInt(&isSeed) : 1;
+    const int steps = argc > 2 ? QByteArray(argv[2]).toInt(&isSteps) : 1000;
+    if (!isSeed || !isSteps || argc > 3) {
+        std::fprintf(stderr, "usage: movara-monkey [SEED [STEPS]], both numbers\n");
+        return 2;
+    }
     QxApplication application(argc, argv);
-    const unsigned seed = argc > 1 ? QByteArray(argv[1]).toUInt() : 1;
-    const int steps = argc > 2 ? QByteArray(argv[2]).toInt() : 1000;
     std::printf("seed %u, %d steps\n", seed, steps);
     std::fflush(stdout); // Said even if the next thing is a crash.
     Monkey monkey(seed);

@@ -210,8 +210,13 @@ private Q_SLOTS:
         session.setBlock(u"Links"_s, SessionState::Links().toBytes());
         session.setBlock(u"Measurements"_s, SessionState::Measurements().toBytes());
         const Opened opened(m_files);
+        QCOMPARE(opened.sessions->save(m_name), QString());
+        const QSignalSpy scanned(&opened.workstation().session(), &StudySession::scanned);
+        QCOMPARE(opened.sessions->open(m_name), QString());
         QCOMPARE(SessionFile::write(m_name, SessionFile::toBytes(session)), QString());
         QVERIFY(opened.open(m_name, false).contains(u"/nonexistent"_s));
+        QTRY_VERIFY(!opened.workstation().session().isScanning());
+        QVERIFY(scanned.isEmpty()); // What the session before was looking for is not shown either.
         session.setBlock(u"Measurements"_s, "\x01");
         QCOMPARE(SessionFile::write(m_name, SessionFile::toBytes(session)), QString());
         QVERIFY(opened.open(m_name).contains(u"does not understand"_s));
@@ -298,6 +303,17 @@ private Q_SLOTS:
             QTRY_COMPARE(finished, (QList<QVariantList>{{false, QString()}, {true, QString()}}));
         }
         QVERIFY(QFile::exists(left)); // To be offered at the next start.
+        {
+            const Opened opened;
+            QSignalSpy finished(opened.sessions.get(), &WorkstationSessions::finished);
+            opened.sessions->startAutosave(folder.path(), [] {});
+            QTRY_VERIFY(question() != nullptr);
+            answerQuestion(u"&Restore"_s);
+            opened.workstation().session().cancel();
+            QTRY_COMPARE(finished.size(), 1);
+            QVERIFY(finished[0][1].toString().startsWith(u"Opening was cancelled."_s));
+        }
+        QVERIFY(QFile::exists(left)); // To be seen whole at the next start.
     }
 
     void autosaveWithoutRoomIsTold()

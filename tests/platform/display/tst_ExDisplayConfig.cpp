@@ -36,13 +36,14 @@ private Q_SLOTS:
     {
         // Screens in the expected order: one; side by side; left of the origin; three that are not
         // aligned; one above two; one above the other; a small one at the foot of a tall one;
-        // stairs
+        // stairs; half of it beside the other, and less
         const QString rows[] = {u"A 0 0 1920 1080"_s, u"A 0 0 1920 1080;B 1920 0 1920 1080"_s,
             u"B -1920 0 1920 1080;A 0 0 1920 1080"_s,
             u"C -1200 -300 1200 1920;A 0 0 1920 1080;B 1920 -500 1600 1200"_s,
             u"C 900 -1080 1920 1080;A 0 0 1920 1080;B 1920 0 1920 1080"_s,
             u"B 0 -1200 1600 1200;A 0 0 1920 1080"_s, u"T 0 0 1200 1920;S 1200 1200 1280 720"_s,
-            u"A 0 0 1000 1000;B 1000 400 1000 1000;C 2000 800 1000 1000"_s};
+            u"A 0 0 1000 1000;B 1000 400 1000 1000;C 2000 800 1000 1000"_s,
+            u"B -1000 500 1000 1000;A 0 0 1000 1000"_s, u"A 0 0 1000 1000;B -1000 501 1000 1000"_s};
         for (const QString &row : rows) {
             const QStringList screens = row.split(u';');
             for (qsizetype primary = 0; primary < screens.size(); ++primary) {
