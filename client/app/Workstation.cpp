@@ -22,6 +22,8 @@ Workstation::Workstation(MenuInteraction::OpenMenu openMenu)
     QObject::connect(&m_session, &StudySession::scanned, &m_context, [this] { offerSeries(); });
     QObject::connect(&m_session, &StudySession::closed, &m_context, [this] { offerSeries(); });
     QObject::connect(&m_session, &StudySession::closed, &m_gate, &LoadGate::closeAll);
+    QObject::connect(
+        &m_session, &StudySession::closed, &m_measurements, &MeasurementList::forgetStatistics);
 }
 
 Workstation::~Workstation()
@@ -132,7 +134,10 @@ void Workstation::open(const std::vector<Opening> &openings)
             wanted.append(entry);
         }
     }
-    const LoadGate::Entries admitted = m_gate.admit(wanted);
+    const LoadGate::Entries admitted = [&] {
+        const StudySession::Pause pause(m_session);
+        return m_gate.admit(wanted);
+    }();
     // While the user was asked viewers may have gone, and studies may have been closed.
     const std::vector<WorkstationViewer *> all = viewers();
     for (const Opening &opening : openings) {
@@ -156,6 +161,7 @@ void Workstation::close(const std::vector<std::string> &uids)
             }
         }
     }
+    m_measurements.forgetStatistics();
     m_gate.close(closed);
 }
 

@@ -7,6 +7,7 @@
 #include "client/panels/MeasurementsPanel.h"
 #include "client/panels/PropertiesPanel.h"
 #include "client/panels/StudyPanel.h"
+#include "client/viewers/SliceViewer.h"
 #include "framework/editors/ExEditor.h"
 #include "framework/editors/ExEditorContainer.h"
 #include "framework/editors/ExEditorFloater.h"
@@ -57,7 +58,13 @@ std::unique_ptr<QWidget> makeLinks(WorkSession & /*session*/)
 std::unique_ptr<QWidget> makeMeasurements(WorkSession &session)
 {
     Workstation &workstation = session.workstation();
-    return std::make_unique<MeasurementsPanel>(workstation.measurements(), workstation.session());
+    auto panel
+        = std::make_unique<MeasurementsPanel>(workstation.measurements(), workstation.session());
+    QObject::connect(panel.get(), &MeasurementsPanel::seriesWanted, &session,
+        [&workstation](const QString &uid, SliceViewer *viewer) {
+            workstation.openIn(*viewer, uid.toStdString());
+        });
+    return panel;
 }
 
 std::unique_ptr<QWidget> makeProperties(WorkSession & /*session*/)

@@ -76,11 +76,35 @@ void StudySession::open(const QStringList &paths)
     }
     m_scanner.start(files);
     m_isScanWanted = true;
+    m_isScanKeptBack = false;
     tellBusy();
+}
+
+StudySession::Pause::Pause(StudySession &session)
+    : m_session(&session)
+{
+    ++session.m_numPauses;
+}
+
+StudySession::Pause::~Pause()
+{
+    if (m_session == nullptr || --m_session->m_numPauses > 0) {
+        return;
+    }
+    const auto goOn = [session = m_session.data()] {
+        if (session->m_isScanKeptBack) {
+            session->scanEnded();
+        }
+    };
+    QMetaObject::invokeMethod(m_session, goOn, Qt::QueuedConnection);
 }
 
 void StudySession::scanEnded()
 {
+    m_isScanKeptBack = m_numPauses > 0;
+    if (m_isScanKeptBack) {
+        return;
+    }
     const DicomScanner::Result &result = m_scanner.result();
     tellBusy(); // Before anybody asks the user something.
     if (std::exchange(m_isScanWanted, false)) {

@@ -6,6 +6,7 @@
 #include "platform/util/McHandle.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <map>
@@ -32,6 +33,19 @@ public:
     /// Looks for studies in folders, files or DICOMDIR files. What is open stays until there is
     /// something to show instead of it.
     void open(const QStringList &paths);
+    /// As long as one lives, what a scan has found is kept back, and what is open stays: for
+    /// questions about it.
+    class Pause
+    {
+    public:
+        explicit Pause(StudySession &session);
+        ~Pause();
+        Q_DISABLE_COPY_MOVE(Pause)
+
+    private:
+        QPointer<StudySession> m_session;
+    };
+
     /// Ends the scan, or, when there is none, reading; what has been found and read stays.
     void cancel();
     /// Ends the scan, if there is one, as if it had never begun: what is open stays.
@@ -99,5 +113,8 @@ private:
     std::vector<SeriesLoad *> m_loads;
     /// What a scan finds after the studies were closed is of no interest.
     bool m_isScanWanted = false;
+    int m_numPauses = 0;
+    /// A scan has ended in a pause.
+    bool m_isScanKeptBack = false;
     bool m_wasBusy = false;
 };

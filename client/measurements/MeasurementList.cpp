@@ -66,7 +66,7 @@ void MeasurementList::update(const Measurement &measurement)
         return;
     }
     *found = measurement;
-    forgetStatistics(measurement.id);
+    forgetStatisticsOf(measurement.id);
     Q_EMIT changed();
 }
 
@@ -80,23 +80,18 @@ void MeasurementList::remove(int id)
         setPicked(0);
     }
     m_all.erase(std::find_if(m_all.begin(), m_all.end(), withId(id)));
-    forgetStatistics(id);
-    Q_EMIT changed();
-}
-
-void MeasurementList::clear()
-{
-    while (!m_all.empty()) {
-        remove(m_all.back().id);
-    }
-    m_numbers.clear();
-    m_history.clear();
+    forgetStatisticsOf(id);
     Q_EMIT changed();
 }
 
 void MeasurementList::replaceAll(const std::vector<Measurement> &measurements)
 {
-    clear();
+    m_all.clear();
+    m_picked = 0;
+    m_numbers.clear();
+    m_history.clear();
+    m_statistics.clear();
+    Q_EMIT changed(); // Who knows one of them by its id is not to take another one for it.
     for (const Measurement &each : measurements) {
         m_all.push_back(each);
         m_lastId = std::max(m_lastId, each.id);
@@ -190,7 +185,7 @@ std::optional<RegionStatistics> MeasurementList::statistics(
     return m_statistics.emplace(key, RegionStatistics::of(region, *volume)).first->second;
 }
 
-void MeasurementList::forgetStatistics(int id)
+void MeasurementList::forgetStatisticsOf(int id)
 {
     std::erase_if(m_statistics, [id](const auto &each) { return std::get<0>(each.first) == id; });
 }

@@ -37,8 +37,6 @@ public:
     void update(const Measurement &measurement);
     /// For good. Ignored for an unknown id.
     void remove(int id);
-    /// All for good, and nothing can be undone any more.
-    void clear();
     /// Puts these, with their ids and names, in the place of all that there are; nothing can be
     /// undone any more. Later ones are numbered on.
     void replaceAll(const std::vector<Measurement> &measurements);
@@ -58,10 +56,14 @@ public:
     /// An unknown id picks none.
     void setPicked(int id);
 
-    /// What a region encloses in a phase of a series; kept until the region changes. Nothing while
-    /// the series is still being read, and where RegionStatistics has none.
+    /// What a region encloses in a phase of a series; kept until the region changes or all are
+    /// forgotten. Nothing while the series is still being read, and where RegionStatistics has
+    /// none.
     [[nodiscard]] std::optional<RegionStatistics> statistics(
         const Measurement &region, const LoadedSeries &series, int phase) const;
+    /// Images were closed: read again they may be others, such as all of those that were read in
+    /// part.
+    void forgetStatistics() { m_statistics.clear(); }
 
 Q_SIGNALS:
     /// Measurements were added, changed or removed, or another one is picked, or none.
@@ -75,7 +77,7 @@ private:
 
     void remember(Step step);
     void restore(const Measurement &before);
-    void forgetStatistics(int id);
+    void forgetStatisticsOf(int id);
 
     std::vector<Measurement> m_all;
     std::map<Measurement::Kind, int> m_numbers;

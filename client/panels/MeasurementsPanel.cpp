@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -321,12 +322,10 @@ void MeasurementsPanel::jumpTo(int id)
     const Measurement measurement = *found;
     SliceViewer *viewer = MeasurementPlace::viewerFor(measurement);
     if (viewer == nullptr) {
-        const auto entry = m_session.entry(measurement.seriesUid);
         viewer = viewerToUse();
-        if (!entry || viewer == nullptr) {
+        if (viewer == nullptr || !open(measurement.seriesUid, *viewer)) {
             return;
         }
-        m_session.show(entry, *viewer);
         if (viewer->volume(0) == nullptr) {
             m_pendingJump = id; // Once its images are there.
             return;
@@ -335,6 +334,15 @@ void MeasurementsPanel::jumpTo(int id)
     MeasurementPlace::show(measurement, *viewer);
     ExViewerManager::getInstance().setActiveViewer(viewer);
     m_list.setPicked(id);
+}
+
+bool MeasurementsPanel::open(const std::string &seriesUid, SliceViewer &viewer)
+{
+    const QPointer<MeasurementsPanel> panel(this);
+    Q_EMIT seriesWanted(QString::fromStdString(seriesUid), &viewer);
+    // The user may have been asked, and much may have gone meanwhile.
+    return panel != nullptr && !WorkstationViewerManager::living({&viewer}).empty()
+        && viewer.series() != nullptr && viewer.series()->uid() == seriesUid;
 }
 
 void MeasurementsPanel::deleteSelected()

@@ -10,6 +10,7 @@
 class PanelButton;
 class QTreeWidget;
 class QTreeWidgetItem;
+class SliceViewer;
 class StudySession;
 class ViewMessage;
 
@@ -27,7 +28,7 @@ public:
     ~MeasurementsPanel() override;
 
     /// Has a viewer move to the measurement's slice and activates it; when none shows its series,
-    /// that is shown in the active slice viewer. Ignored for an unknown id.
+    /// that is opened in the active slice viewer, if that is allowed. Ignored for an unknown id.
     void jumpTo(int id);
     /// The selected ones, or all when none is selected, as lines of cells with tabulators between
     /// them; the first line names the columns. Empty without measurements.
@@ -35,6 +36,10 @@ public:
     void copy() const;
     void deleteSelected();
     void deleteAll();
+
+Q_SIGNALS:
+    /// A series is to be shown in a viewer, if what must be asked before allows it.
+    void seriesWanted(const QString &uid, SliceViewer *viewer);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -47,6 +52,8 @@ private:
     void updateSoon();
     void updateRows();
     void finishJump(int id);
+    /// @return whether the viewer shows the series then.
+    [[nodiscard]] bool open(const std::string &seriesUid, SliceViewer &viewer);
     void updateRow(QTreeWidgetItem &item, const Measurement &measurement);
     void updateButtons();
     void selectPicked();

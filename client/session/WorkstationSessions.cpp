@@ -117,7 +117,9 @@ void WorkstationSessions::restored(bool isRestored, const QStringList &missingPa
     if (isRestored) {
         missing += m_viewers.missing();
         isCutShort = m_restore.wasCancelled() && !missing.isEmpty();
-        m_measurements.setSaved();
+        if (!m_restored) {
+            m_measurements.setSaved(); // What a crash has left is in no file of the user's.
+        }
         if (m_restored && m_autosave && !isCutShort) {
             m_autosave->setSlot(std::move(m_restored));
         }

@@ -46,9 +46,10 @@ void SliceViewer::setPlane(PlaneKind plane)
     m_ownPlane = plane;
     m_isFlippedAcross = false;
     m_isFlippedDown = false;
-    if (KxVolume *const shown = volume(0)) {
+    if (volume(0) != nullptr) {
         const McVec3d center = m_slice.center();
         showWholeVolume();
+        requestRender(); // The slice in the middle may be the wanted one already.
         scrollTo(center);
     }
     notify(ExNotification::VIEWER_SUBTYPE_CHANGED);

@@ -35,6 +35,18 @@ auto click(QMessageBox::StandardButton button)
         [button](QWidget &dialog) { dynamic_cast<QMessageBox &>(dialog).button(button)->click(); };
 }
 
+/// Presses the button with this text; without it the box is closed.
+void answer(QWidget &box, const char *text)
+{
+    for (QAbstractButton *each : box.findChildren<QAbstractButton *>()) {
+        if (each->text().remove(u'&') == QLatin1String(text)) {
+            each->click();
+            return;
+        }
+    }
+    box.close();
+}
+
 } // namespace
 
 /// Opening folders: what is shown while it is read, when it is, and when it cannot be.
@@ -191,6 +203,27 @@ private Q_SLOTS:
             u"2.25.1.1"_s, u"enabled on"_s, u"IDC|IDB|Loading prohibited!|"_s, u"2.25.3.1"_s,
             u"The patient is no longer locked."_s, u"disabled off"_s};
         QCOMPARE(log, expected);
+    }
+
+    /// What the question is about stays open until it is answered.
+    void scanEndsBehindAQuestion()
+    {
+        addPatients();
+        openAndWait();
+        const QSignalSpy scanned(&workstation().session(), &StudySession::scanned);
+        open();
+        const NextDialog ask([&](QWidget &box) {
+            QTRY_VERIFY(!workstation().session().isScanning());
+            QCoreApplication::processEvents();
+            QVERIFY(scanned.isEmpty() && viewer(0).series() != nullptr);
+            answer(box, "Ignore");
+        });
+        workstation().openIn(viewer(1), "2.25.1.1");
+        QVERIFY(viewer(1).series() != nullptr && scanned.isEmpty());
+        QTRY_COMPARE(scanned.size(), 1);
+        m_fixture->settle();
+        QCOMPARE(viewer(1).series()->uid(), std::string("2.25.3.1"));
+        QCOMPARE(ExApplication::instance().loadHelper()->loadedList().items().size(), 1U);
     }
 
     void missingSlicesAreAskedAboutOnce()
@@ -470,13 +503,7 @@ private:
         const NextDialog dialog([&](QWidget &shown) {
             auto &box = dynamic_cast<QMessageBox &>(shown);
             log += box.text().section(u'\n', 2).replace(u'\n', u'|');
-            for (QAbstractButton *each : box.buttons()) {
-                if (each->text().remove(u'&') == QLatin1String(button)) {
-                    each->click();
-                    return;
-                }
-            }
-            box.reject(); // Not expected.
+            answer(box, button);
         });
         workstation().openIn(viewer(i), uid);
         return log << QString::fromStdString(viewer(i).series() ? viewer(i).series()->uid() : "-");

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -83,6 +84,25 @@ private Q_SLOTS:
         m_axial->viewer->setPlane(PlaneKind::Axial);
         m_panel->jumpTo(onOblique);
         QVERIFY(MeasurementView::isShown(*m_list->find(onOblique), activeSlice()));
+    }
+
+    void closedSeriesIsAskedFor()
+    {
+        SliceViewer &viewer = *m_axial->viewer;
+        const McHandle<LoadedSeries> series(viewer.series());
+        const int id = addDistance(viewer, 20);
+        viewer.setSeries(nullptr);
+        m_sagittal->viewer->setSeries(nullptr);
+        m_manager->setActiveViewer(&viewer);
+        const QSignalSpy wanted(m_panel.get(), &MeasurementsPanel::seriesWanted);
+        m_panel->jumpTo(id); // Refused.
+        QVERIFY(wanted.size() == 1 && viewer.series() == nullptr && m_list->picked() == 0);
+        QObject::connect(m_panel.get(), &MeasurementsPanel::seriesWanted, m_panel.get(),
+            [&series](const QString &uid, SliceViewer *shown) {
+                shown->setSeries(uid == u"phantom"_s ? series : nullptr);
+            });
+        m_panel->jumpTo(id);
+        QCOMPARE(m_list->picked(), id);
     }
 
     void selectedIsCopied()

@@ -124,9 +124,17 @@ private Q_SLOTS:
         QCOMPARE(shown.viewer->widget()->frame().cacheKey(), first);
         shown.viewer->setSliceIndex(shown.viewer->sliceIndex()); // no change
         QVERIFY(!KxEngine::instance().renderQueue().isRequested(shown.viewer.get()));
-        shown.viewer->setWindow({10, 20});
-        shown.draw();
-        QVERIFY(shown.viewer->widget()->frame().cacheKey() != first);
+        for (const auto &change :
+            std::initializer_list<std::function<void()>>{[&] {
+                                                             shown.viewer->setWindow({10, 20});
+                                                         },
+                [&] { shown.viewer->setPlane(PlaneKind::Coronal); }}) {
+            change();
+            QVERIFY(KxEngine::instance().renderQueue().isRequested(shown.viewer.get()));
+            const qint64 before = shown.viewer->widget()->frame().cacheKey();
+            shown.draw();
+            QVERIFY(shown.viewer->widget()->frame().cacheKey() != before);
+        }
     }
 
     void quickFrameIsFollowedByFinalOne()
