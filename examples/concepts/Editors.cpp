@@ -15,9 +15,11 @@ ExEditorRegion *addPanels(ExSplitter &splitter, QWidget *images, const QByteArra
     return region;
 }
 
-/// Shows the panel where it is docked. One that is closed, or in no region, floats.
+/// Shows the panel where it is: docked, or in its window. One that is closed, or in no region,
+/// floats.
 bool showPanel(const char *name)
 {
     ExEditor *const editor = ExEditor::getEditor(name);
-    return editor != nullptr && editor->show(editor->isDisabled());
+    // show(false) would dock a panel that floats.
+    return editor != nullptr && editor->show(editor->isDisabled() || editor->isFloating());
 }

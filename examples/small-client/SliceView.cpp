@@ -119,8 +119,12 @@ void SliceView::setInverted(bool inverted)
 
 void SliceView::renderFrame()
 {
+    if (m_canvas.isNull()) {
+        return;
+    }
     const KxVolume *const shown = volume(0);
-    if (shown == nullptr || m_canvas.isNull()) {
+    if (shown == nullptr) {
+        m_canvas->setPicture({}); // nothing stays of a series that has gone
         return;
     }
     const auto [columns, rows, slices] = shown->dimensions();

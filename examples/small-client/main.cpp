@@ -1,12 +1,14 @@
 #include "SliceView.h"
 #include "SmallApplication.h"
 #include "ViewArea.h"
+#include "framework/dialogs/ExMessageBox.h"
 #include "framework/tools/ExActionUI.h"
 #include "framework/tools/ExToolBar.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "platform/dicomio/DicomScanner.h"
 #include "platform/dicomio/DicomVolumeLoader.h"
 #include "platform/toolkit/QxApplication.h"
+#include "platform/util/McLogFile.h"
 
 #include <QMainWindow>
 
@@ -29,6 +31,35 @@ McHandle<Zel::DicomDirectoryEntry> firstSeries(const char *folder)
     return entry->isImage() ? entry : nullptr;
 }
 
+using Pair = std::array<McHandle<SliceView>, 2>;
+
+/// Shows in the views what is read, while it is read, and tells what cannot be. The views must
+/// outlive the loader.
+void showIn(const Pair &views, DicomVolumeLoader &loader)
+{
+    QObject::connect(&loader, &DicomVolumeLoader::prepared, &loader, [&views, &loader] {
+        for (const McHandle<SliceView> &view : views) {
+            view->setSeries(loader.series());
+        }
+    });
+    QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, &loader, [&views](int, int z) {
+        for (const McHandle<SliceView> &view : views) {
+            if (view->sliceIndex() == z) {
+                view->requestRender();
+            }
+        }
+    });
+    QObject::connect(&loader, &DicomVolumeLoader::windowEstimated, &loader, [&views](int) {
+        for (const McHandle<SliceView> &view : views) {
+            view->requestRender();
+        }
+    });
+    QObject::connect(&loader, &DicomVolumeLoader::sliceFailed, &loader,
+        [](int, int, const QString &reason) { McLogFile::warnf("%s", qUtf8Printable(reason)); });
+    QObject::connect(&loader, &DicomVolumeLoader::failed, &loader,
+        [](const QString &reason) { ExMessageBox::error(reason); });
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -49,7 +80,7 @@ int main(int argc, char **argv)
     const McHandle<ViewWatch> watch(new ViewWatch);
     Views views(*area);
 
-    const std::array shown{
+    const Pair shown{
         McHandle<SliceView>(new SliceView(area)), McHandle<SliceView>(new SliceView(area))};
     views.add(*shown[0], McBox2f(0, 0, 0.5F, 1));
     views.add(*shown[1], McBox2f(0.5F, 0, 1, 1));
@@ -64,18 +95,7 @@ int main(int argc, char **argv)
     }
 
     DicomVolumeLoader loader;
-    QObject::connect(&loader, &DicomVolumeLoader::prepared, area, [&] {
-        for (const McHandle<SliceView> &view : shown) {
-            view->setSeries(loader.series());
-        }
-    });
-    QObject::connect(&loader, &DicomVolumeLoader::sliceLoaded, area, [&](int, int z) {
-        for (const McHandle<SliceView> &view : shown) {
-            if (view->sliceIndex() == z) {
-                view->requestRender();
-            }
-        }
-    });
+    showIn(shown, loader);
     loader.start(entry);
 
     window.resize(900, 500);

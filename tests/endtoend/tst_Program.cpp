@@ -79,10 +79,18 @@ private Q_SLOTS:
         DicomFixture files;
         files.addStack(3, {{"G0028-1050", "0"}, {"G0028-1051", "10"}});
         const QString picture = files.folderName() % u"/picture.png";
+        const QTemporaryDir home;
+        // A tool of a plug-in is known where the plug-in has been loaded.
+        writeFile(home.filePath(u"toolbars.xml"_s),
+            R"(<ToolBars><ToolBar Id="A" Label="A"><Tool Id="Sample.Values"/></ToolBar></ToolBars>)");
         const Run result(program,
             {u"--size"_s, u"800x600"_s, u"--layout"_s, u"1x1"_s, u"--screenshot"_s, picture,
-                files.folderName()});
+                files.folderName()},
+            {{"MOVARA_PLUGINS", QStringLiteral(SAMPLE_FOLDER)},
+                {"MOVARA_SETTINGS_FILE", home.filePath(u"settings.ini"_s)},
+                {"MOVARA_LOG_DIR", home.path()}});
         QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+        QVERIFY2(!result.errors.contains(u"Sample.Values"_s), qPrintable(result.errors));
         const QImage image(picture);
         QCOMPARE(image.size(), QSize(800, 600));
         // The images are brighter than their window everywhere: a white middle in a dark window.

@@ -191,6 +191,7 @@ private Q_SLOTS:
         splitter.show();
         ExEditor *const notes = ExEditor::getEditor("Notes");
         QVERIFY(region->closeEditor(notes) && showPanel("Notes") && notes->isFloating());
+        QVERIFY(showPanel("Notes") && notes->isFloating()); // It stays where the user sees it.
         notes->dockFloater(false);
         QVERIFY(region->editorContainer(0)->contains(notes) && showPanel("Notes"));
         QVERIFY(!notes->isFloating());

@@ -200,7 +200,9 @@ private Q_SLOTS:
                 pages.removeDuplicates();
             }
             pages.sort();
-            QCOMPARE(pages, (QStringList{u"session-file.md"_s, u"troubleshooting.md"_s, manual}));
+            QCOMPARE(pages,
+                (QStringList{u"administration.md"_s, u"session-file.md"_s, u"troubleshooting.md"_s,
+                    manual}));
             text.setSource(text.source().resolved(QUrl(u"troubleshooting.md#sessions"_s)));
             QVERIFY(text.verticalScrollBar()->value() > 0);
             const QUrl page = text.source();
