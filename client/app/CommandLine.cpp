@@ -1,5 +1,6 @@
 #include "client/app/CommandLine.h"
 
+#include "client/application/Translations.h"
 #include "client/layout/LayoutTable.h"
 #include "framework/application/BuildVersion.h"
 
@@ -28,7 +29,9 @@ void addOptions(QCommandLineParser &parser)
             QStringLiteral("Starts with this layout: %1.")
                 .arg(LayoutTable::names().join(QStringLiteral(", "))),
             QStringLiteral("name"), QStringLiteral("2x2")},
-        {QStringLiteral("language"), QStringLiteral("Shows all texts in this language: en or de."),
+        {QStringLiteral("language"),
+            QStringLiteral("Shows all texts in this language: %1.")
+                .arg(Translations::languages().join(QStringLiteral(" or "))),
             QStringLiteral("code")},
         {QStringLiteral("size"),
             QStringLiteral("Size of the window with the viewers, e.g. 1600x1000."),
@@ -91,10 +94,10 @@ std::optional<CommandLine::End> CommandLine::parse(
     command.session = parser.value(QStringLiteral("session"));
     command.screenshot = parser.value(QStringLiteral("screenshot"));
     command.benchmark = parser.value(QStringLiteral("benchmark"));
-    const QStringList languages{QString(), QStringLiteral("en"), QStringLiteral("de")};
-    if (!languages.contains(command.language)) {
-        return mistake(QStringLiteral("There is no language \"%1\". Known languages: en, de.")
-                           .arg(command.language));
+    const QStringList languages = Translations::languages();
+    if (!command.language.isEmpty() && !languages.contains(command.language)) {
+        return mistake(QStringLiteral("There is no language \"%1\". Known languages: %2.")
+                           .arg(command.language, languages.join(QStringLiteral(", "))));
     }
     if (LayoutTable::find(command.layout) == nullptr) {
         return mistake(QStringLiteral("There is no layout \"%1\". Known layouts: %2.")

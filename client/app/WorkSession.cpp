@@ -22,6 +22,7 @@
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/application/BuildVersion.h"
 #include "framework/monitors/ExMonitorManager.h"
+#include "framework/tools/ExToolLogger.h"
 
 #include <QFileDialog>
 #include <QMainWindow>
@@ -212,6 +213,8 @@ void WorkSession::giveUpSample()
     connect(m_sample, &SampleMaker::finished, m_sample, &QObject::deleteLater);
     m_sample->cancel();
     m_sample = nullptr;
+    setEmptyText({});
+    showBusy(m_workstation->session().isBusy());
 }
 
 void WorkSession::sampleFinished(const QString &problem)
@@ -296,6 +299,7 @@ QString WorkSession::emptyText(const DicomScanner::Result &result)
 
 void WorkSession::showFound()
 {
+    ExToolLogger::clearReportedTools();
     const DicomScanner::Result &found = m_workstation->session().found();
     m_status->problems().setProblems(found.problems, found.wasCancelled);
     const auto largest = m_workstation->session().largestSeries();

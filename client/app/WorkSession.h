@@ -43,6 +43,9 @@ public:
     void closeSeries(const QStringList &uids);
     /// Opens the sample study, which is made first when it is not there yet.
     void openSample();
+    /// Something else is to be seen, or nothing: a sample study that is still being made is not
+    /// opened.
+    void giveUpSample();
     /// Lets the user choose a folder and opens it.
     void askForFolder();
     void showAbout();
@@ -73,8 +76,6 @@ private:
     void tellNothingFound(const DicomScanner::Result &result);
     void showBusy(bool busy);
     void sampleFinished(const QString &problem);
-    /// Something else is to be opened than the sample study that is being made.
-    void giveUpSample();
     void cancel();
     void setProblem(const QString &problem);
     void clearFound();

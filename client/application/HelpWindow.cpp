@@ -3,6 +3,7 @@
 #include "client/application/Translations.h"
 #include "client/application/WorkstationDecoration.h"
 #include "framework/tools/ExTool.h"
+#include "platform/toolkit/QxStyleFactory.h"
 
 #include <QDialogButtonBox>
 #include <QFile>
@@ -67,11 +68,17 @@ std::vector<std::string> toolKeys(const WorkstationDecoration &decoration)
     return keys;
 }
 
+/// With the key, by which the files of tool bars and policies name the tool.
 QString toolText(const char *key, const WorkstationDecoration &decoration)
 {
+    using Role = QxStyleFactory::ColorRole;
+    const QString grey
+        = QxStyleFactory::instance().textColor(Role::SecondaryText, Role::Panel).name();
     const QString name = decoration.text(key, false).remove(QLatin1Char('&'));
     return QLatin1String("\n#### ") % name % QLatin1String("\n\n") % decoration.toolTip(key)
-        % QLatin1String(". ") % decoration.description(key) % QLatin1Char('\n');
+        % QLatin1String(". ") % decoration.description(key) % QLatin1Char('\n')
+        % QLatin1String("\n<span style=\"font-size: small; color: ") % grey % QLatin1String("\">")
+        % QLatin1String(key) % QLatin1String("</span>\n");
 }
 
 QString toolChapter(const std::vector<std::string> &keys, const WorkstationDecoration &decoration)

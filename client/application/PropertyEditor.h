@@ -17,8 +17,6 @@ public:
     /// @param property must outlive the editor.
     PropertyEditor(KxVariant &property, QWidget *parent);
 
-    [[nodiscard]] KxVariant &property() const { return m_property; }
-
 Q_SIGNALS:
     /// The text entered is no value of the setting, which keeps its own.
     void refused(const QString &text);

@@ -19,6 +19,7 @@ constexpr Row rows[] = {
     {"UI.Language", QT_TRANSLATE_NOOP("Property", "Language (from the next start on)")},
     {"UI.MonitorDependent", QT_TRANSLATE_NOOP("Property", "Sizes on monitors")},
     {"General", QT_TRANSLATE_NOOP("Property", "General")},
+    {"General.LoadIncompleteStudies", QT_TRANSLATE_NOOP("Property", "Load Incomplete Studies")},
     {"Session", QT_TRANSLATE_NOOP("Property", "Session")},
     {"Session.AutosaveSeconds",
         QT_TRANSLATE_NOOP("Property", "Seconds between automatic saves (0: none)")},

@@ -47,12 +47,17 @@ QString wanted(const QString &given)
 
 } // namespace
 
+QStringList languages()
+{
+    return {QStringLiteral("en"), QStringLiteral("de")};
+}
+
 KxProperty<QString> &languageProperty()
 {
     KxPropertyPool &pool = KxPropertyPool::instance();
     auto &property = pool.property(languageKey, QString(), pool.registrySerializer());
-    property.setAttribute(KxPropertyPool::ATTRIBUTE_FLAG_LIST,
-        QStringList{QString(), QStringLiteral("en"), QStringLiteral("de")});
+    property.setAttribute(
+        KxPropertyPool::ATTRIBUTE_FLAG_LIST, QStringList(QString()) + languages());
     return property;
 }
 

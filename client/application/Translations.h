@@ -3,12 +3,15 @@
 #include "platform/properties/KxProperty.h"
 
 #include <QString>
+#include <QStringList>
 
 /// The language of the user interface. GUI thread only.
 namespace Translations {
 
-/// The setting "UI.Language": "en", "de", or empty for the system's language. It counts from the
-/// next start on.
+/// The codes of the languages that there are texts in.
+QStringList languages();
+/// The setting "UI.Language": one of languages(), or empty for the system's language. It counts
+/// from the next start on.
 KxProperty<QString> &languageProperty();
 /// Puts the texts of a language in force, in place of those put before.
 /// @param language e.g. "de"; empty for the setting or, where that is empty, the system's language.

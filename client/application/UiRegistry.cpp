@@ -23,24 +23,11 @@ void UiRegistry::registerWidget(QWidget *widget, const QString &name)
     if (widget->accessibleName().isEmpty()) {
         widget->setAccessibleName(widget->toolTip().isEmpty() ? name : widget->toolTip());
     }
-    m_widgets.insert(name, widget);
 }
 
 void UiRegistry::registerAction(QAction *action, const QString &name)
 {
-    if (action == nullptr) {
-        return;
+    if (action != nullptr) {
+        setObjectNameOnce(*action, name);
     }
-    setObjectNameOnce(*action, name);
-    m_actions.insert(name, action);
-}
-
-QWidget *UiRegistry::widget(const QString &name) const
-{
-    return m_widgets.value(name);
-}
-
-QAction *UiRegistry::action(const QString &name) const
-{
-    return m_actions.value(name);
 }

@@ -6,6 +6,7 @@
 #include "client/application/PropertyBrowser.h"
 #include "client/application/PropertyTexts.h"
 #include "client/application/Translations.h"
+#include "client/session/UnsavedQuestion.h"
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/editors/ExEditor.h"
 #include "framework/monitors/ExMenuBarAddOn.h"
@@ -105,17 +106,29 @@ void WorkstationApplication::refreshTools()
 
 void WorkstationApplication::quitApplication()
 {
+    if (mayStopWorkers() && mayLoseUnsaved()) {
+        m_isQuitting = true;
+        QCoreApplication::exit(0);
+    }
+}
+
+bool WorkstationApplication::mayStopWorkers() const
+{
     std::list<ExWorker *> workers;
     runningProcesses(workers);
     const QString question = QCoreApplication::translate("WorkstationApplication",
         "Something is still being worked on, and will be lost. Quit all the same?");
-    const bool mayQuit = workers.empty()
+    return workers.empty()
         || ExMessageBox::question(question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-            == QMessageBox::Yes;
-    if (mayQuit) {
-        m_isQuitting = true;
-        QCoreApplication::exit(0);
-    }
+        == QMessageBox::Yes;
+}
+
+bool WorkstationApplication::mayLoseUnsaved()
+{
+    return UnsavedQuestion::mayGo(QCoreApplication::translate("WorkstationApplication",
+                                      "Not saved in a session: %1. Save it before quitting?"),
+        QCoreApplication::translate("WorkstationApplication",
+            "Not saved in a session: %1. Quit all the same, and lose it?"));
 }
 
 QString WorkstationApplication::userName() const

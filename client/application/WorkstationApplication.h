@@ -39,7 +39,8 @@ public:
 
     // Of the base.
 
-    /// Asks first when workers are running, and may then not quit.
+    /// Asks first when workers are running, and when something is in no session file; may then not
+    /// quit.
     void quitApplication() override;
     [[nodiscard]] bool isQuitting() const override { return m_isQuitting; }
     UiRegistry *uiRegistry() override { return &m_uiRegistry; }
@@ -63,6 +64,8 @@ public:
     [[nodiscard]] const WorkstationDecoration *decoration(const char *key) const override;
 
 private:
+    [[nodiscard]] bool mayStopWorkers() const;
+    [[nodiscard]] static bool mayLoseUnsaved();
     void showBrowser(const std::list<KxVariant *> &properties,
         const QList<QRegularExpression> &shown, const QList<QRegularExpression> &hidden);
 

@@ -14,8 +14,7 @@ namespace {
 
 bool fits(const WorkstationViewer &viewer, const ViewerLayout::Place &place)
 {
-    const bool isVolume
-        = viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::VolumeType);
+    const bool isVolume = WorkstationViewer::isVolumeType(viewer.viewerType());
     if (isVolume || place.isVolume) {
         return isVolume == place.isVolume;
     }

@@ -12,9 +12,7 @@ QString LinkType::name() const
 
 bool LinkType::appliesTo(const WorkstationViewer &viewer) const
 {
-    const bool isSlice
-        = viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
-    return isSlice ? ofSlices : ofVolumes;
+    return WorkstationViewer::isSliceType(viewer.viewerType()) ? ofSlices : ofVolumes;
 }
 
 const std::vector<LinkType> &LinkType::all()

@@ -13,16 +13,6 @@
 
 namespace {
 
-/// The identifier by which the database knows those that follow the active viewer.
-const std::string activeGroup = "ACTIVE";
-
-bool appliesTo(const LinkType &type, const WorkstationViewer &viewer)
-{
-    return viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType)
-        ? type.ofSlices
-        : type.ofVolumes;
-}
-
 QString modalityOf(const WorkstationViewer &viewer)
 {
     return viewer.series() != nullptr ? viewer.series()->info().modality : QString();
@@ -35,13 +25,23 @@ bool mayShare(
     return type != ExViewerDB::WINDOWLEVEL_GROUP || modalityOf(member) == modalityOf(viewer);
 }
 
+/// Whether there are others in the viewer's group, and it may share with all of them.
+bool fitsItsGroup(const std::string &type, const WorkstationViewer &viewer)
+{
+    const ExBaseViewerGroup &members = ExViewerDB::group(type, &viewer)->viewers();
+    return members.size() > 1
+        && std::all_of(members.begin(), members.end(), [&](const ExBaseViewer *member) {
+               return mayShare(type, static_cast<const WorkstationViewer &>(*member), viewer);
+           });
+}
+
 /// A member of the group that the viewer may join, or null.
 const WorkstationViewer *memberToJoin(const std::string &type, const WorkstationViewer &viewer)
 {
     for (int i = 0; i < ExViewerDB::numGroups(type); ++i) {
         const ExBaseViewerGroup &viewers = ExViewerDB::group(type, i)->viewers();
         const auto *const member = static_cast<const WorkstationViewer *>(viewers[0]);
-        const bool isFree = ExViewerDB::group(type, i)->groupId() != activeGroup;
+        const bool isFree = ExViewerDB::group(type, i)->groupId() != ViewerLinks::activeGroup;
         if (isFree && member != &viewer && mayShare(type, *member, viewer)) {
             return member;
         }
@@ -78,7 +78,7 @@ void renewLastActive(const std::string &type)
 void addActiveFollowers(const std::string &type, const WorkstationViewer &viewer,
     std::vector<WorkstationViewer *> &found)
 {
-    const ExViewerDBGroup *const group = ExViewerDB::group(type, activeGroup);
+    const ExViewerDBGroup *const group = ExViewerDB::group(type, ViewerLinks::activeGroup);
     if (group == nullptr) {
         return;
     }
@@ -135,7 +135,7 @@ void ViewerLinks::joinByKind(const std::string &type, WorkstationViewer &viewer,
 void ViewerLinks::joinAll(WorkstationViewer &viewer)
 {
     for (const LinkType &type : LinkType::all()) {
-        if (appliesTo(type, viewer)) {
+        if (type.appliesTo(viewer)) {
             joinByKind(type.group, viewer, true);
             tellAttached(type.group, viewer, true);
         }
@@ -145,7 +145,8 @@ void ViewerLinks::joinAll(WorkstationViewer &viewer)
 void ViewerLinks::rejoinWindow(WorkstationViewer &viewer)
 {
     const std::string &type = ExViewerDB::WINDOWLEVEL_GROUP;
-    if (ExViewerDB::group(type, &viewer) == nullptr || followsActive(type, viewer)) {
+    if (ExViewerDB::group(type, &viewer) == nullptr || followsActive(type, viewer)
+        || fitsItsGroup(type, viewer)) {
         return;
     }
     joinByKind(type, viewer, takeOut(type, viewer));

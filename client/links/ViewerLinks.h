@@ -10,12 +10,15 @@
 class WorkstationViewer;
 
 /// Keeps the viewer database's groups: every new viewer joins the groups of its kind, attached; a
-/// window is shared by viewers of one modality only. The viewers of the group with the identifier
-/// "ACTIVE" follow whichever other viewer was active last, not one another. Tells of what it
-/// changes. One for the workstation. GUI thread only.
+/// window is shared by viewers of one modality only. The viewers of the group activeGroup follow
+/// whichever other viewer was active last, not one another. Tells of what it changes. One for the
+/// workstation. GUI thread only.
 class ViewerLinks final : public ExNotifiable
 {
 public:
+    /// The identifier of the group of those that follow the active viewer.
+    static constexpr char activeGroup[] = "ACTIVE";
+
     void notified(const ExNotification &notification) override;
     void addNotifications() override;
 

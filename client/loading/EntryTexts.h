@@ -10,7 +10,7 @@ namespace EntryTexts {
 
 /// What viewers tell of the series of an entry (a series or a stored volume).
 SeriesInfo seriesInfo(const Zel::DicomDirectoryEntry &entry);
-/// One line for lists, by the entry's level, e.g. "5: T1 sag (29 images)".
+/// One line for lists, by the entry's level, e.g. "MR 5: T1 sag".
 QString title(const Zel::DicomDirectoryEntry &entry);
 /// What there is to know beyond the title, several lines; the remarks among them.
 QString details(const Zel::DicomDirectoryEntry &entry);

@@ -91,8 +91,10 @@ void SampleMaker::make()
             [&] { error = SampleStudy::write(McFilename(folder().toStdString()), &progress); });
         problem = QString::fromStdString(error + thrown);
     }
-    if (problem.isEmpty()) {
-        problem = m_isCancelled ? tr("Making the sample study was cancelled.") : writeMark();
+    if (m_isCancelled) {
+        problem = tr("Making the sample study was cancelled."); // Else it is told in English.
+    } else if (problem.isEmpty()) {
+        problem = writeMark();
     }
     QMetaObject::invokeMethod(
         this, [this, problem] { Q_EMIT finished(problem); }, Qt::QueuedConnection);

@@ -19,16 +19,13 @@ class ThumbnailMaker final : public QObject
 public:
     using Entry = Zel::DicomDirectoryEntry;
 
-    /// Length of a picture's longer side, in device pixels, where nothing else is asked for.
-    static constexpr int usualPixels = 96;
-
     explicit ThumbnailMaker(QObject *parent = nullptr);
     /// Gives up and waits for the thread.
     ~ThumbnailMaker() override;
 
     /// Starts with these; what was being made is given up.
-    /// @param pixels length of a picture's longer side.
-    void start(const std::vector<McHandle<Entry>> &entries, int pixels = usualPixels);
+    /// @param pixels length of a picture's longer side, in device pixels.
+    void start(const std::vector<McHandle<Entry>> &entries, int pixels);
     void stop();
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 

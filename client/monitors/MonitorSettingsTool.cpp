@@ -1,7 +1,7 @@
 #include "client/application/WorkstationApplication.h"
 #include "client/monitors/MonitorSettingsPage.h"
+#include "client/tools/WorkstationTools.h"
 #include "framework/tools/ExHotKeys.h"
-#include "framework/tools/ExTrigger.h"
 #include "framework/tools/ToolModule.h"
 #include "platform/properties/KxSiteSettings.h"
 
@@ -9,21 +9,13 @@
 
 namespace {
 
-class MonitorSettings final : public ExTrigger
+class MonitorSettings final : public ApplicationCommand
 {
 public:
-    explicit MonitorSettings(const char *key)
-        : ExTrigger(key)
-    {
-        setActivatable(false);
-    }
+    using ApplicationCommand::ApplicationCommand;
 
-    [[nodiscard]] bool supportsViewer(const ExBaseViewer * /*viewer*/) const override
-    {
-        return true;
-    }
-
-    bool process(ExBaseViewer * /*viewer*/, bool /*on*/) override
+protected:
+    void run(WorkSession & /*session*/) override
     {
         if (m_page == nullptr) {
             m_page = new MonitorSettingsPage(KxSiteSettings::instance().fileName(),
@@ -34,7 +26,6 @@ public:
         m_page->show();
         m_page->raise();
         m_page->activateWindow();
-        return true;
     }
 
 private:

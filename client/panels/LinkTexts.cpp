@@ -31,7 +31,7 @@ std::size_t third(double middle, double extent, double length)
 
 QString planeName(const WorkstationViewer &viewer)
 {
-    return viewer.viewerType() == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType)
+    return WorkstationViewer::isSliceType(viewer.viewerType())
         ? PlaneGeometry::name(static_cast<const SliceViewer &>(viewer).plane())
         : LinksPanel::tr("3D");
 }

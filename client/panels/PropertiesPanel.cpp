@@ -181,7 +181,10 @@ void PropertiesPanel::addRow(KxVariant &property)
     m_tree->setItemWidget(item, Reset, reset);
     m_rows.push_back({&property, item, property.toString()});
     connect(reset, &QToolButton::clicked, &property, [&property] { property.changeToDefault(); });
-    connect(&property, &KxVariant::propertyChanged, this, &PropertiesPanel::updateButtons);
+    connect(&property, &KxVariant::propertyChanged, this, [this] {
+        updateButtons();
+        filter(m_search->text()); // Instead of what was told of a value before.
+    });
     connect(editor, &PropertyEditor::refused, this, [this, &property](const QString &text) {
         m_message->setText(tr("“%1” is no value for %2.").arg(text, nameOf(property)));
         m_message->show();

@@ -32,7 +32,11 @@ void StatusLine::setLocked(const QStringList &names)
     const QString all = names.join(QStringLiteral("; "));
     m_locked->setText(
         tr("Locked: %1").arg(m_locked->fontMetrics().elidedText(all, Qt::ElideRight, most)));
-    m_locked->setToolTip(tr("Only %1 can be opened, until File > Lock patient is switched off.")
-                             .arg(all.toHtmlEscaped()));
+    const QString explanation = tr("Only %1 can be opened, until File > Lock patient is switched "
+                                   "off.")
+                                    .arg(all);
+    // As rich text in any case, which is guessed otherwise.
+    m_locked->setToolTip(
+        QLatin1String("<qt>") % explanation.toHtmlEscaped() % QLatin1String("</qt>"));
     m_locked->setVisible(!names.isEmpty());
 }

@@ -1,19 +1,6 @@
 #include "client/panels/StatusText.h"
 
-#include "client/overlay/OverlayColors.h"
-
-namespace {
-
-/// That of the overlays is made for a dark ground.
-QColor warningOn(const QColor &ground)
-{
-    constexpr int middle = 128;
-    constexpr int halfAsBright = 200;
-    const QColor bright = OverlayColors::warning();
-    return ground.lightness() < middle ? bright : bright.darker(halfAsBright);
-}
-
-} // namespace
+#include "platform/toolkit/QxStyleFactory.h"
 
 void StatusText::showText(const QString &text)
 {
@@ -25,8 +12,10 @@ void StatusText::showText(const QString &text)
 void StatusText::showWarning(const QString &text)
 {
     m_isWarning = true;
+    using Role = QxStyleFactory::ColorRole;
     QPalette colors;
-    colors.setColor(QPalette::WindowText, warningOn(palette().color(QPalette::Window)));
+    colors.setColor(
+        QPalette::WindowText, QxStyleFactory::instance().textColor(Role::Warning, Role::Window));
     setPalette(colors);
     setText(text);
 }

@@ -1,10 +1,13 @@
 #include "client/session/LinksPart.h"
 
+#include "client/app/NotificationWatch.h"
 #include "client/app/Workstation.h"
 #include "client/links/LinkType.h"
 #include "client/viewers/WorkstationViewer.h"
 #include "framework/viewers/ExViewerDB.h"
 #include "framework/viewers/ExViewerDBGroup.h"
+
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -12,16 +15,21 @@ namespace {
 
 using Membership = SessionState::Links::Membership;
 
-/// Puts a viewer into the group of another one, or, without one, into a group of its own.
+/// Has a viewer follow the active one, or puts it into the group of another one, or, without one,
+/// into a group of its own.
 void regroup(const Membership &membership, WorkstationViewer &viewer, const ExBaseViewer *fellow)
 {
     const std::string &type = membership.type;
     const bool wasAttached = ViewerLinks::isAttached(type, viewer);
-    ExViewerDB::clearGroups(type, &viewer);
-    if (fellow != nullptr) {
-        ExViewerDB::appendViewer(type, fellow, &viewer, wasAttached);
+    if (membership.group == ViewerLinks::activeGroup) {
+        ViewerLinks::followActive(type, viewer);
     } else {
-        ExViewerDB::createGroup(type, {&viewer}, wasAttached);
+        ExViewerDB::clearGroups(type, &viewer);
+        if (fellow != nullptr) {
+            ExViewerDB::appendViewer(type, fellow, &viewer, wasAttached);
+        } else {
+            ExViewerDB::createGroup(type, {&viewer}, wasAttached);
+        }
     }
     ViewerLinks::setAttached(type, viewer, membership.isAttached);
 }
@@ -30,7 +38,17 @@ void regroup(const Membership &membership, WorkstationViewer &viewer, const ExBa
 
 LinksPart::LinksPart(Workstation &workstation)
     : m_workstation(workstation)
+    , m_watch(new NotificationWatch(
+          {ExNotification::VIEWER_ATTACHED_TO_GROUP, ExNotification::VIEWER_DETACHED_FROM_GROUP,
+              ExNotification::VIEWER_LAYOUT_CHANGED, ExNotification::ABOUT_TO_DELETE_VIEWERS},
+          [this](const ExNotification & /*notification*/) {
+              if (!m_isLinking) {
+                  m_links = {};
+              }
+          }))
 { }
+
+LinksPart::~LinksPart() = default;
 
 QString LinksPart::displayName() const
 {
@@ -48,12 +66,14 @@ void LinksPart::serialize(ExSessionData &session)
     const std::vector<WorkstationViewer *> viewers = m_workstation.viewers();
     for (const LinkType &type : LinkType::all()) {
         links.enabled.emplace(type.group, ExViewerDB::groupEnabled(type.group));
-        // Numbered as they come: the database counts on and on.
+        // Numbered as they come, but for the one with a name: the database counts on and on.
         std::map<const ExViewerDBGroup *, std::string> names;
         for (std::size_t i = 0; i < viewers.size(); ++i) {
             if (const auto *const group = ExViewerDB::group(type.group, viewers[i])) {
+                const bool isActive = group->groupId() == ViewerLinks::activeGroup;
+                const std::string number = std::to_string(names.size());
                 const std::string &name
-                    = names.emplace(group, std::to_string(names.size())).first->second;
+                    = names.emplace(group, isActive ? group->groupId() : number).first->second;
                 links.memberships.push_back({type.group, name, static_cast<int>(i),
                     ViewerLinks::isAttached(type.group, *viewers[i])});
             }
@@ -76,6 +96,7 @@ void LinksPart::deserialize(ExSessionData &session)
 
 void LinksPart::linkAgain()
 {
+    const QScopedValueRollback linking(m_isLinking, true);
     const std::vector<WorkstationViewer *> viewers = m_workstation.viewers();
     std::map<std::pair<std::string, std::string>, const ExBaseViewer *> fellows;
     for (const Membership &membership : m_links.memberships) {

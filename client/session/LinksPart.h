@@ -1,7 +1,9 @@
 #pragma once
 
 #include "client/session/SessionState.h"
+#include "framework/notification/ExNotifiable.h"
 #include "framework/session/ExSerializable.h"
+#include "platform/util/McHandle.h"
 
 #include <QCoreApplication>
 
@@ -14,6 +16,7 @@ class LinksPart final : public ExSerializable
 
 public:
     explicit LinksPart(Workstation &workstation);
+    ~LinksPart() override;
 
     [[nodiscard]] QString displayName() const override;
     [[nodiscard]] const char *persistentName() const override;
@@ -22,12 +25,13 @@ public:
     void deserialize(ExSessionData &session) override;
 
     /// Links the viewers as the session did that was read last: a viewer that gets images joins
-    /// the groups of its kind, and may have been in others.
+    /// the groups of its kind, and may have been in others. Does nothing any more once somebody
+    /// else has changed links or the layout.
     void linkAgain();
-    /// From now on linkAgain() does nothing.
-    void forget() { m_links = {}; }
 
 private:
     Workstation &m_workstation;
     SessionState::Links m_links;
+    bool m_isLinking = false;
+    McHandle<ExNotifiable> m_watch;
 };

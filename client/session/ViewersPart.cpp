@@ -54,8 +54,7 @@ std::vector<WorkstationViewer *> matching(
     std::vector<WorkstationViewer *> found;
     for (const SessionState::Viewer &state : states) {
         const auto match = std::find_if(viewers.begin(), viewers.end(), [&](const auto *viewer) {
-            const bool isVolume = viewer->viewerType()
-                == static_cast<Ex::ViewerType>(WorkstationViewer::VolumeType);
+            const bool isVolume = WorkstationViewer::isVolumeType(viewer->viewerType());
             return viewer->displaySetID() == state.displaySet && isVolume == state.isVolume;
         });
         found.push_back(match == viewers.end() ? nullptr : *match);

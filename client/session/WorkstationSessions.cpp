@@ -217,6 +217,14 @@ void WorkstationSessions::restoreLeft(const std::function<void()> &otherwise)
     ExSessionData session;
     QString problem = check(m_left->file(), session);
     if (problem.isEmpty()) {
+        m_restore.giveUp(); // Of one that is under way; what is told of that is not about this one.
+        const auto ended = [otherwise](bool isRestored, const QStringList &missing) {
+            // Where nothing is missing the user has chosen to see something else, or nothing.
+            if (!isRestored && !missing.isEmpty()) {
+                otherwise();
+            }
+        };
+        connect(&m_restore, &SessionRestore::finished, this, ended, Qt::SingleShotConnection);
         restore(session, std::move(m_left));
         return;
     }

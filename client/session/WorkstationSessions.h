@@ -44,7 +44,8 @@ public:
 
     /// From now on saves automatically, in @p folder. Where a workstation has left something there
     /// that was not closed properly, asks the user whether to restore it.
-    /// @param otherwise called when it is not restored, at once when there is nothing to ask.
+    /// @param otherwise called when it is not restored, at once when there is nothing to ask; not
+    /// when the user has cancelled that or opened something else meanwhile.
     void startAutosave(const QString &folder, const std::function<void()> &otherwise);
 
 Q_SIGNALS:

@@ -42,7 +42,7 @@ struct ToolBarLayout
     /// What is wrong with a file, for the user.
     struct Error
     {
-        qint64 line = 0; ///< from 1
+        qint64 line = 0; ///< from 1; 0 when the file cannot be read at all
         QString text;
     };
 

@@ -161,11 +161,12 @@ ToolBarLayout ToolBars::layout()
             return *own;
         }
         const auto &error = std::get<ToolBarLayout::Error>(result);
+        const QString place = error.line == 0
+            ? userFile()
+            : Texts::tr("%1, line %2").arg(userFile()).arg(error.line);
         m_problem = Texts::tr("The tool bars are those of the program, because your file cannot be "
-                              "used.\n%1, line %2: %3")
-                        .arg(userFile())
-                        .arg(error.line)
-                        .arg(error.text);
+                              "used.\n%1: %2")
+                        .arg(place, error.text);
     }
     return std::get<ToolBarLayout>(readFile(defaultFile()));
 }

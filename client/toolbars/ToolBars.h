@@ -29,8 +29,6 @@ public:
 
     /// In their order, for ExMonitorManager::setToolBars().
     [[nodiscard]] const QList<ExMonitorWidget::ToolBar> &entries() const { return m_entries; }
-    /// What is wrong with the user's file, with its line; empty when nothing is.
-    [[nodiscard]] const QString &problem() const { return m_problem; }
 
     /// The user's file, which need not be there: beside the settings.
     static QString userFile();
@@ -49,7 +47,7 @@ private:
 
     QList<ExMonitorWidget::ToolBar> m_entries;
     QObject m_context; ///< What is to be told is told while it is there.
-    QString m_problem;
+    QString m_problem; ///< with the user's file, for the user; empty when there is none
     std::vector<std::unique_ptr<ExToolGroup>> m_groups;
     McHandle<ExNotifiable> m_watch;
 };

@@ -32,7 +32,7 @@ bool DragTool::isStandard() const
 
 bool DragTool::supports(Ex::ViewerType type) const
 {
-    return type == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
+    return WorkstationViewer::isSliceType(type);
 }
 
 void DragTool::begin(WorkstationViewer & /*viewer*/) { }

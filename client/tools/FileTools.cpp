@@ -21,7 +21,11 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(WorkSession &session) override { session.workstation().session().close(); }
+    void run(WorkSession &session) override
+    {
+        session.giveUpSample();
+        session.workstation().session().close();
+    }
 };
 
 class LockPatient final : public ApplicationSwitch

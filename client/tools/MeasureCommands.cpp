@@ -13,14 +13,14 @@
 
 namespace {
 
-/// The measurements that can be seen on the images of a viewer.
+/// The finished measurements that can be seen on the images of a viewer.
 std::vector<int> measurementsOf(const WorkstationViewer &viewer)
 {
     std::vector<int> ids;
     const MeasurementList *const list = MeasurementList::instancePointer();
     if (list != nullptr && viewer.series() != nullptr) {
         for (const Measurement &each : list->all()) {
-            if (MeasurementGeometry::isOf(each, *viewer.series())) {
+            if (each.isComplete && MeasurementGeometry::isOf(each, *viewer.series())) {
                 ids.push_back(each.id);
             }
         }

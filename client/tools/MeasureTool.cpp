@@ -109,7 +109,7 @@ bool MeasureTool::needsExclusiveClickForActivation() const
 
 bool MeasureTool::supports(Ex::ViewerType type) const
 {
-    return type == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
+    return WorkstationViewer::isSliceType(type);
 }
 
 void MeasureTool::addSubTool(const char *key)

@@ -21,11 +21,6 @@ constexpr double turnRadiansPerPixel = 0.005;
 constexpr double leastScrollPixels = 2;
 constexpr double mostScrollPixels = 12;
 
-bool isVolumeType(Ex::ViewerType type)
-{
-    return type == static_cast<Ex::ViewerType>(WorkstationViewer::VolumeType);
-}
-
 /// A wide window is changed in larger steps than a narrow one.
 KxVolume::Window changed(const KxVolume::Window &window, const QPoint &moved)
 {
@@ -58,7 +53,10 @@ public:
     { }
 
 protected:
-    [[nodiscard]] bool supports(Ex::ViewerType type) const override { return isVolumeType(type); }
+    [[nodiscard]] bool supports(Ex::ViewerType type) const override
+    {
+        return WorkstationViewer::isVolumeType(type);
+    }
     void drag(WorkstationViewer &viewer, const QPoint &moved) override
     {
         auto &volume = static_cast<VolumeViewer &>(viewer);
@@ -155,7 +153,7 @@ public:
 protected:
     [[nodiscard]] bool supports(Ex::ViewerType type) const override
     {
-        return m_isForSlices || isVolumeType(type);
+        return m_isForSlices || WorkstationViewer::isVolumeType(type);
     }
     void drag(WorkstationViewer &viewer, const QPoint &moved) override
     {

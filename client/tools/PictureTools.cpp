@@ -1,5 +1,6 @@
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
+#include "client/tools/NewFileDialog.h"
 #include "client/tools/WorkstationTools.h"
 #include "client/viewers/ViewerRenderWidget.h"
 #include "client/viewers/WorkstationViewer.h"
@@ -8,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QSaveFile>
@@ -35,21 +35,11 @@ QString defaultName()
     return folder() % QLatin1String("/movara-") % time % QLatin1String(".png");
 }
 
-/// Empty when the user has thought better of it.
-QString askForFile(QWidget *parent)
-{
-    QString file = QFileDialog::getSaveFileName(
-        parent, Texts::tr("Save a picture"), defaultName(), Texts::tr("Pictures (*.png *.jpg)"));
-    if (!file.isEmpty() && QFileInfo(file).suffix().isEmpty()) {
-        file += QLatin1String(".png");
-    }
-    return file;
-}
-
 /// The picture is made before the user is asked, so that it shows what was to be seen then.
 void save(const QPixmap &picture, WorkSession &session)
 {
-    const QString name = askForFile(WorkstationApplication::instance().dialogParent());
+    const QString name = NewFileDialog::ask(Texts::tr("Save a picture"), defaultName(),
+        Texts::tr("Pictures (*.png *.jpg)"), QStringLiteral("png"));
     if (name.isEmpty()) {
         return;
     }

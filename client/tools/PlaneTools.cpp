@@ -21,7 +21,7 @@ public:
 protected:
     [[nodiscard]] bool supports(Ex::ViewerType type) const override
     {
-        return type == static_cast<Ex::ViewerType>(WorkstationViewer::SliceType);
+        return WorkstationViewer::isSliceType(type);
     }
     [[nodiscard]] bool isOn(const WorkstationViewer &viewer) const override
     {

@@ -1,7 +1,9 @@
 #include "client/app/WorkSession.h"
 #include "client/application/WorkstationApplication.h"
 #include "client/session/SessionFile.h"
+#include "client/session/UnsavedQuestion.h"
 #include "client/session/WorkstationSessions.h"
+#include "client/tools/NewFileDialog.h"
 #include "client/tools/WorkstationTools.h"
 #include "framework/dialogs/ExMessageBox.h"
 #include "framework/tools/ToolModule.h"
@@ -39,6 +41,20 @@ QString folder()
     return name;
 }
 
+/// The dialog has added the suffix only to a name without any dot.
+QString askForNewFile()
+{
+    const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString file = NewFileDialog::ask(Texts::tr("Save session"),
+        folder() % QLatin1Char('/') % time % suffix(), filter(),
+        QLatin1String(SessionFile::suffix));
+    if (file.isEmpty() || file.endsWith(suffix())) {
+        return file;
+    }
+    QString whole = file % suffix();
+    return !QFile::exists(whole) || ExMessageBox::overwriteConfirmation(whole) ? whole : QString();
+}
+
 class SaveSession final : public ApplicationCommand
 {
 public:
@@ -47,17 +63,10 @@ public:
 protected:
     void run(WorkSession &session) override
     {
-        const QString time
-            = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-        QString file
-            = QFileDialog::getSaveFileName(WorkstationApplication::instance().dialogParent(),
-                Texts::tr("Save session"), folder() % QLatin1Char('/') % time % suffix(), filter());
+        const QString file = askForNewFile();
         WorkstationSessions *const sessions = WorkstationSessions::instancePointer();
         if (file.isEmpty() || sessions == nullptr) {
             return;
-        }
-        if (!file.endsWith(suffix())) {
-            file += suffix();
         }
         const QString problem = sessions->save(file);
         if (problem.isEmpty()) {
@@ -74,7 +83,7 @@ public:
     using ApplicationCommand::ApplicationCommand;
 
 protected:
-    void run(WorkSession & /*session*/) override
+    void run(WorkSession &session) override
     {
         const QString file
             = QFileDialog::getOpenFileName(WorkstationApplication::instance().dialogParent(),
@@ -84,7 +93,9 @@ protected:
             return;
         }
         const QString problem = sessions->open(file);
-        if (!problem.isEmpty()) {
+        if (problem.isEmpty()) {
+            session.giveUpSample();
+        } else {
             ExMessageBox::error(problem);
         }
     }
@@ -92,13 +103,10 @@ protected:
 private:
     static bool mayLoseUnsaved()
     {
-        const QStringList unsaved = WorkstationSessions::unsaved();
-        return unsaved.isEmpty()
-            || ExMessageBox::question(Texts::tr("Not saved in a session: %1. Open another session "
-                                                "all the same, and lose it?")
-                                          .arg(unsaved.join(QStringLiteral(", "))),
-                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-            == QMessageBox::Yes;
+        return UnsavedQuestion::mayGo(
+            Texts::tr("Not saved in a session: %1. Save it before another session is opened?"),
+            Texts::tr("Not saved in a session: %1. Open another session all the same, and lose "
+                      "it?"));
     }
 };
 

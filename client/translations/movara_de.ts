@@ -1290,6 +1290,10 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
         <source>Seconds between automatic saves (0: none)</source>
         <translation>Sekunden zwischen automatischen Sicherungen (0: keine)</translation>
     </message>
+    <message>
+        <source>Load Incomplete Studies</source>
+        <translation>Unvollständige Studien laden</translation>
+    </message>
 </context>
 <context>
     <name>PropertyBrowser</name>
@@ -1421,6 +1425,10 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
     <message>
         <source>Not saved in a session: %1. Open another session all the same, and lose it?</source>
         <translation>In keiner Sitzung gespeichert: %1. Trotzdem eine andere Sitzung öffnen und das verlieren?</translation>
+    </message>
+    <message>
+        <source>Not saved in a session: %1. Save it before another session is opened?</source>
+        <translation>In keiner Sitzung gespeichert: %1. Vor dem Öffnen einer anderen Sitzung speichern?</translation>
     </message>
 </context>
 <context>
@@ -1698,18 +1706,22 @@ Open a folder with File &gt; Open folder, or drop one here.</source>
         <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
     <message>
-        <source>The tool bars are those of the program, because your file cannot be used.
-%1, line %2: %3</source>
-        <translation>Die Werkzeugleisten sind die des Programms, weil Ihre Datei nicht verwendet werden kann.
-%1, Zeile %2: %3</translation>
-    </message>
-    <message>
         <source>%1, line %2: There is no tool &quot;%3&quot;.</source>
         <translation>%1, Zeile %2: Es gibt kein Werkzeug „%3“.</translation>
     </message>
     <message>
         <source>Your file of the tool bars names tools that do not exist. They are left out.</source>
         <translation>Ihre Datei der Werkzeugleisten nennt Werkzeuge, die es nicht gibt. Sie werden weggelassen.</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
+    </message>
+    <message>
+        <source>The tool bars are those of the program, because your file cannot be used.
+%1: %2</source>
+        <translation>Die Werkzeugleisten sind die des Programms, weil Ihre Datei nicht verwendet werden kann.
+%1: %2</translation>
     </message>
 </context>
 <context>
@@ -2570,6 +2582,14 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
     <message>
         <source>Not for diagnosis</source>
         <translation>Nicht zur Diagnose</translation>
+    </message>
+    <message>
+        <source>Not saved in a session: %1. Save it before quitting?</source>
+        <translation>In keiner Sitzung gespeichert: %1. Vor dem Beenden speichern?</translation>
+    </message>
+    <message>
+        <source>Not saved in a session: %1. Quit all the same, and lose it?</source>
+        <translation>In keiner Sitzung gespeichert: %1. Trotzdem beenden und es verlieren?</translation>
     </message>
 </context>
 <context>

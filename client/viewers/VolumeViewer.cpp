@@ -120,7 +120,7 @@ void VolumeViewer::reset()
     if (volume(0) == nullptr) {
         return;
     }
-    m_window = firstWindow(*volume(0));
+    setWindow(firstWindow(*volume(0)));
     setZoom(fittingZoom());
     m_isFitting = true;
     setView({0, 1, 0}, {0, 0, 1});

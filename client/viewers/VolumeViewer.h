@@ -30,7 +30,8 @@ public:
     /// Which values are seen: below the window they are clear. Notifies DATA_WINDOW_CHANGED.
     void setWindow(const KxVolume::Window &window);
     [[nodiscard]] const KxVolume::Window &window() const { return m_window; }
-    /// From the front, at the size that fits. Notifies PERSPECTIVE_CHANGED and ZOOM_CHANGED.
+    /// From the front, at the size that fits, in the first window. Notifies DATA_WINDOW_CHANGED,
+    /// ZOOM_CHANGED and PERSPECTIVE_CHANGED.
     void reset();
 
     /// How the series is shown now.

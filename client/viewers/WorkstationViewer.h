@@ -22,6 +22,14 @@ class WorkstationViewer : public ExBaseViewer
 {
 public:
     enum Type : int { SliceType = 1, VolumeType = 2 };
+    [[nodiscard]] static bool isSliceType(Ex::ViewerType type)
+    {
+        return type == static_cast<Ex::ViewerType>(SliceType);
+    }
+    [[nodiscard]] static bool isVolumeType(Ex::ViewerType type)
+    {
+        return type == static_cast<Ex::ViewerType>(VolumeType);
+    }
 
     [[nodiscard]] Ex::ViewerType viewerType() const override { return m_type; }
     [[nodiscard]] std::string displaySetID() const override { return m_displaySetId; }

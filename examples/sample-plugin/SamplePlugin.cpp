@@ -24,11 +24,12 @@
 
 namespace {
 
-/// A setting, kept for the user, beside those of the workstation.
+/// A setting, kept for the user, beside those of the workstation, in a group of its own.
+constexpr char groupKey[] = "Sample";
 constexpr char decimalsKey[] = "Sample.Decimals";
 
 const bool isRegistered = KxPropertyPool::addRegisterProperties([](KxPropertyPool &pool) {
-    KxTranslationProperty::translate("Sample", QT_TRANSLATE_NOOP("Property", "Sample Plug-in"));
+    KxTranslationProperty::translate(groupKey, QT_TRANSLATE_NOOP("Property", "Sample Plug-in"));
     KxTranslationProperty::translate(
         decimalsKey, QT_TRANSLATE_NOOP("Property", "Decimals of Values"));
     pool.property<int>(decimalsKey, 1, pool.registrySerializer());

@@ -341,6 +341,12 @@ private Q_SLOTS:
         QTRY_VERIFY(m_fixture->session().findChildren<SampleMaker *>().isEmpty());
         QTRY_VERIFY(m_fixture->session().isSettled());
         QCOMPARE(treeTexts(), wanted); // The sample study does not take its place.
+        m_fixture->session().openSample();
+        tool("File.Close").setActive(true);
+        QVERIFY(!find<QProgressBar>().isVisible());
+        QTRY_VERIFY(m_fixture->session().findChildren<SampleMaker *>().isEmpty());
+        QTRY_VERIFY(m_fixture->session().isSettled());
+        QCOMPARE(treeTexts(), QStringList());
     }
 
     void openWhileReading()

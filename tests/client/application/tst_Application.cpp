@@ -91,7 +91,14 @@ private Q_SLOTS:
         auto *const place = browser.findChild<QLineEdit *>(u"Test.Place"_s);
         const QSignalSpy refused(
             qobject_cast<PropertyEditor *>(place->parentWidget()), &PropertyEditor::refused);
+        const auto isRefusalSeen = [&browser] {
+            const auto labels = browser.findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+                return label->isVisible() && label->text().contains(u"is no value for Place"_s);
+            });
+        };
         QTest::keyClicks(place, u"x\r"_s); // No rectangle.
+        QVERIFY(isRefusalSeen());
         QCOMPARE(place->text(), u"1|2|3|4"_s);
         place->setText(u"1| 2|3|4"_s); // The same rectangle.
         QTest::keyClick(place, Qt::Key_Return);
@@ -99,6 +106,7 @@ private Q_SLOTS:
         QCOMPARE(refused.size(), 1);
         auto *const real = browser.findChild<QDoubleSpinBox *>(u"Other.Real"_s);
         real->stepUp();
+        QVERIFY(!isRefusalSeen());
         QCOMPARE(values(),
             (QStringList{u"true"_s, u"8"_s, u"green"_s, u"abcd"_s, u"1|2|3|4"_s, u"2.5"_s}));
         QCOMPARE(browser.numChanged(), 5);

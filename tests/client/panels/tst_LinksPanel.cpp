@@ -68,6 +68,15 @@ private Q_SLOTS:
         QCOMPARE(zoomedBy(1), u"-++"_s);
     }
 
+    void windowGroupsOfTheUserOutlastOtherImages()
+    {
+        const std::string &type = ExViewerDB::WINDOWLEVEL_GROUP;
+        ViewerLinks::group(type, {m_shown[1]->viewer, m_shown[2]->viewer});
+        m_shown[2]->viewer->setSeries(PhantomSeries::make(PhantomSeries::Grid::Coronal));
+        QVERIFY(ExViewerDB::isSameGroup(type, m_shown[1]->viewer, m_shown[2]->viewer));
+        QVERIFY(!ExViewerDB::isSameGroup(type, m_shown[0]->viewer, m_shown[2]->viewer));
+    }
+
     void attachedAndSwitched()
     {
         select({1});

@@ -7,13 +7,18 @@
 #include "tests/endtoend/WindowFixture.h"
 #include "tests/platform/dicomio/DicomFixture.h"
 #include "tests/support/Files.h"
+#include "tests/support/NextDialog.h"
 #include "tests/support/SmallDisk.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -95,6 +100,14 @@ struct Opened
     }
 };
 
+Measurement measure(const Opened &opened)
+{
+    const Measurement distance
+        = drawn(Measurement::Kind::Distance, opened.fixture->slice(0), {{1, 2, 9}, {4, 6, 9}});
+    opened.workstation().measurements().add(distance);
+    return distance;
+}
+
 /// Something of everything that a session keeps.
 void change(const Opened &opened)
 {
@@ -116,12 +129,12 @@ void change(const Opened &opened)
     volume.setWindow({77, 99});
     ViewerLinks::setAttached(second, false);
     ViewerLinks::setEnabled(ExViewerDB::ZOOM_GROUP, false);
+    ViewerLinks::followActive(ExViewerDB::CAMERA_GROUP, opened.fixture->slice(2));
     // A group of its own, though it would be linked by its kind.
     ExViewerDB::clearGroups(ExViewerDB::WINDOWLEVEL_GROUP, &first);
     ExViewerDB::createGroup(ExViewerDB::WINDOWLEVEL_GROUP, {&first}, true);
-    const Measurement distance = drawn(Measurement::Kind::Distance, first, {{1, 2, 9}, {4, 6, 9}});
+    const Measurement distance = measure(opened);
     MeasurementList &measurements = workstation.measurements();
-    measurements.add(distance);
     measurements.remove(measurements.add(distance));
     measurements.add(distance);
     ExViewerManager::instancePointer()->setActiveViewer(&second);
@@ -182,6 +195,19 @@ private Q_SLOTS:
         QCOMPARE(WorkstationSessions::unsaved(), QStringList());
         QCOMPARE(opened.workstation().activeViewer(), &opened.fixture->slice(1));
         QVERIFY(!ViewerLinks::isAttached(opened.fixture->slice(1)));
+        QVERIFY(ViewerLinks::followsActive(ExViewerDB::CAMERA_GROUP, opened.fixture->slice(2)));
+    }
+
+    /// Images come later; what was changed until then holds.
+    void linksAreChangedBeforeTheImagesCome()
+    {
+        const Opened opened(m_files);
+        QCOMPARE(opened.sessions->save(m_name), QString());
+        SliceViewer &changed = opened.fixture->slice(1);
+        connect(opened.sessions.get(), &WorkstationSessions::finished, &opened.workstation().gate(),
+            [&changed] { ViewerLinks::setAttached(changed, false); });
+        QCOMPARE(opened.open(m_name), QString());
+        QVERIFY(changed.volume(0) != nullptr && !ViewerLinks::isAttached(changed));
     }
 
     void whatIsMissingIsTold()
@@ -268,6 +294,11 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).entryList({u"*.movara-session"_s}).isEmpty());
         QVERIFY(QFile::copy(m_name, left));
         offer(folder.path(), u"&Discard"_s, false, false);
+        ExSessionData elsewhere;
+        QCOMPARE(SessionFile::read(m_name, elsewhere), QString());
+        elsewhere.setBlock(u"Studies"_s, SessionState::Studies{{u"/nonexistent"_s}}.toBytes());
+        QCOMPARE(SessionFile::write(left, SessionFile::toBytes(elsewhere)), QString());
+        offer(folder.path(), u"&Restore"_s, true, false);
         writeFile(left, "damaged");
         offer(folder.path(), u"&Restore"_s, false, false);
         const QStringList kept = QDir(folder.path()).entryList({u"*.unusable-*"_s});
@@ -344,6 +375,51 @@ private Q_SLOTS:
         QVERIFY(failed.size() == 1
             && failed.first().first().toString().contains(u"make room on the disk"_s));
         opened.openFolder(m_files); // Works all the same.
+    }
+
+    // Last: after the end no dialog waits any more.
+    void quitAsksForWhatIsNotSaved()
+    {
+        qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
+        const auto press = [](QMessageBox::StandardButton button) {
+            return [button](
+                       QWidget &box) { dynamic_cast<QMessageBox &>(box).button(button)->click(); };
+        };
+        {
+            const Opened opened(m_files);
+            QCOMPARE(opened.sessions->save(m_name), QString());
+            const QByteArray saved = readFile(m_name);
+            measure(opened);
+            auto &application = WorkstationApplication::instance();
+            const NextDialog cancel(press(QMessageBox::Cancel));
+            application.quitApplication();
+            QVERIFY(cancel.hasAppeared() && !application.isQuitting());
+            // The name that is entered is, with its suffix, that of a file which is there.
+            std::optional<NextDialog> naming;
+            std::optional<NextDialog> replacing;
+            const NextDialog save([&](QWidget &box) {
+                naming.emplace([&](QWidget &dialog) {
+                    replacing.emplace([&](QWidget &question) {
+                        QMetaObject::invokeMethod(&dialog, "reject", Qt::QueuedConnection);
+                        press(QMessageBox::No)(question);
+                    });
+                    dialog.findChild<QLineEdit *>()->setText(m_name.section(u'.', 0, -2));
+                    dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+                });
+                press(QMessageBox::Save)(box);
+            });
+            application.quitApplication();
+            QVERIFY(replacing && replacing->hasAppeared() && readFile(m_name) == saved);
+            QVERIFY(!application.isQuitting());
+            const NextDialog discard(press(QMessageBox::Discard));
+            application.quitApplication();
+            QVERIFY(discard.hasAppeared() && application.isQuitting());
+        }
+        const Opened opened(m_files);
+        measure(opened);
+        QCOMPARE(opened.sessions->save(m_name), QString());
+        WorkstationApplication::instance().quitApplication();
+        QVERIFY(WorkstationApplication::instance().isQuitting());
     }
 
 private:

@@ -99,7 +99,7 @@ private Q_SLOTS:
             QTest::keyClick(fixture.slice(0).widget(), Qt::Key_I);
             QVERIFY(!fixture.slice(0).isInverted());
             const QString help = helpText(fixture);
-            QVERIFY(help.contains(u"Reset view"_s));
+            QVERIFY(help.contains(u"Reset view"_s) && help.contains(u"\nView.Reset\n"_s));
             QVERIFY(!help.contains(u"Exchange dark and bright"_s));
             // A menu without any tool is not there.
             for (const QAction *action : fixture.window().menuBar()->actions()) {

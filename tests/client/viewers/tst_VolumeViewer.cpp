@@ -119,6 +119,19 @@ private Q_SLOTS:
         QVERIFY(m_viewer->isFinal() && m_viewer->widget()->overlay().warnings.isEmpty());
     }
 
+    void resetWindowIsSeen()
+    {
+        m_viewer->setSeries(PhantomSeries::make(Grid::Axial));
+        QTRY_VERIFY(m_viewer->isSettled());
+        const QImage first = m_viewer->widget()->frame();
+        m_viewer->setWindow(ballOnly);
+        QTRY_VERIFY(m_viewer->isSettled());
+        QVERIFY(m_viewer->widget()->frame() != first);
+        m_viewer->reset();
+        QTRY_VERIFY(m_viewer->isSettled());
+        QCOMPARE(m_viewer->widget()->frame(), first);
+    }
+
     void picturesComeDuringCine()
     {
         constexpr int phases = 3;
