@@ -50,9 +50,14 @@ public:
     void deleteAllTools();
 
 private:
+    friend class ExBaseViewer;
     friend class ExNotifiable;
 
     ExNotifiables();
+
+    /// A viewer is going: its waiting notifications are dropped, and those of a deferred delivery
+    /// under way. Any thread, and also while the process ends.
+    static void forget(const ExBaseViewer *viewer);
 
     /// A new subscriber, still to be asked for its types.
     void append(ExNotifiable *subscriber);
