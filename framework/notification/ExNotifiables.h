@@ -27,7 +27,8 @@ public:
     /// the contract.
     void notify(const ExNotification &notification);
     /// Delivers from the event loop of the GUI thread. A notification that equals one that still
-    /// waits is merged with it, at the earlier place. Any thread.
+    /// waits is merged with it, at the earlier place. It is dropped when its viewer is destroyed
+    /// before its turn. Any thread.
     void notifyDelayed(const ExNotification &notification);
     /// Drops the waiting notifications of a viewer; null drops those without a viewer. Any thread.
     void removeDelayedNotifications(ExBaseViewer *viewer);
