@@ -8,8 +8,8 @@
 
 /// Plug-ins: shared libraries that register tools, editors, contents and settings from static
 /// initializers, see PluginInterface.h. They stay loaded until the process ends, since the
-/// registries keep their functions. To be loaded before the application object is made, which runs
-/// the start-up callbacks. GUI thread only.
+/// registries keep their functions. To be loaded before the host runs the start-up callbacks. GUI
+/// thread only.
 class MOVARA_FRAMEWORK_EXPORT PluginLoader
 {
 public:

@@ -8,7 +8,8 @@
 /// long enough, so that short work does not flicker. Nothing is shown during the first second after
 /// construction; from then on the display appears once the time that the work will take in all,
 /// projected from what is done, reaches the delay. The timed behaviour is that of
-/// startWorkingNoStop().
+/// startWorkingNoStop(). GUI thread only, but for the reports of value and text: those of other
+/// threads arrive through the event loop.
 class MOVARA_FRAMEWORK_EXPORT QxTimedWorkAreaControl : public QxTaskControl
 {
     Q_OBJECT

@@ -4,8 +4,8 @@
 #include "platform/toolkit/QxTaskControl.h"
 
 /// Task control that relays everything to the application's progress display
-/// (ExApplication::progress()). Progress that is reported in other threads arrives through the
-/// event loop of the control's thread.
+/// (ExApplication::progress()). GUI thread only, but for the reports of value and text: those of
+/// other threads arrive through the event loop.
 class MOVARA_FRAMEWORK_EXPORT QxWorkAreaControl : public QxTaskControl
 {
     Q_OBJECT

@@ -290,17 +290,6 @@ QList<ExEditor *> ExEditorRegion::closedEditors() const
     return all;
 }
 
-bool ExEditorRegion::isLayoutEdited() const
-{
-    return d->isEdited;
-}
-
-void ExEditorRegion::setLayoutEdited(bool edited)
-{
-    d->isEdited = edited;
-    updateVisibility();
-}
-
 void ExEditorRegion::setHiddenWhenEmpty(bool hidden)
 {
     d->isHiddenWhenEmpty = hidden;
@@ -393,7 +382,7 @@ void ExEditorRegion::contentChanged()
 void ExEditorRegion::updateVisibility()
 {
     for (ExEditorContainer *container : d->containers) {
-        container->setVisible(container->count() > 0 || d->isEdited || theIsDragging);
+        container->setVisible(container->count() > 0 || theIsDragging);
     }
     // One without a parent would become a window.
     if (d->isHiddenWhenEmpty && parentWidget() != nullptr) {

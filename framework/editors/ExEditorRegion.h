@@ -18,9 +18,9 @@ struct RegionLayout;
 /// A part of a window that holds editors: sub-regions beside or above each other with splitter
 /// handles between them, each with its editors as tabs. Users move editors between the sub-regions
 /// of all regions, let them float, close and show them again. A sub-region without an editor is
-/// hidden, except while an editor is dragged or the layout is being edited. The window owns the
-/// region; when it goes, its editors live on without a place. Across its stacking the region's
-/// minimum size follows its editors. GUI thread only.
+/// hidden, except while an editor is dragged. The window owns the region; when it goes, its editors
+/// live on without a place. Across its stacking the region's minimum size follows its editors. GUI
+/// thread only.
 class MOVARA_FRAMEWORK_EXPORT ExEditorRegion : public QWidget
 {
     Q_OBJECT
@@ -74,9 +74,6 @@ public:
     /// The closed ones, in the order in which they were closed.
     [[nodiscard]] QList<ExEditor *> closedEditors() const;
 
-    /// Whether sub-regions without editors are shown too, as places to drop editors on.
-    [[nodiscard]] bool isLayoutEdited() const;
-    void setLayoutEdited(bool edited);
     /// Whether the region itself is hidden while none of its sub-regions is shown; false at first.
     void setHiddenWhenEmpty(bool hidden);
 

@@ -25,7 +25,6 @@ public:
     /// As they were before a drag has shown the sub-regions without an editor.
     QList<int> sizesBeforeDrag;
     QList<bool> emptyBeforeDrag;
-    bool isEdited = false;
     bool isHiddenWhenEmpty = false;
     bool isEnding = false;
 };

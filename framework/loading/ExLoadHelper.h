@@ -63,8 +63,9 @@ public:
 
     // Load items.
 
-    /// Turns a selection into what is to be loaded, in the order of the directory, and enters that
-    /// into the loaded list; what is there already is not given again. Of patients and studies all
+    /// Turns a selection into what is to be loaded, patient by patient and within each in the order
+    /// of the directory, and enters that into the loaded list; what is there already is not given
+    /// again. Of patients and studies all
     /// series count, of series all stored volumes; a series without a usable volume is an item by
     /// itself. Not loaded: excluded series and volumes, presentation states and whatever else is no
     /// image. Tells the user when the storage cannot be read, and when there is nothing to load

@@ -14,6 +14,7 @@ class ExMonitorManagerPrivate;
 class QAction;
 class QDialog;
 class QMainWindow;
+class QToolBar;
 
 /// The monitors of the desktop and what is shown on them: which monitors there are (logical ones,
 /// since a wide display may be split into two), which content occupies which, the windows for them,
@@ -100,7 +101,8 @@ public:
     void addContent(ExMonitorWidget::Content *content);
     /// In the order in which they were added.
     [[nodiscard]] const QList<ExMonitorWidget::Content *> &contents() const;
-    /// Takes a content out that is going to be destroyed.
+    /// Takes a content out that is going to be destroyed. One with a name is made anew when it is
+    /// asked for again.
     void removeContent(ExMonitorWidget::Content *content);
     /// Sets where the content is to be shown, adds it when it is new, and tells it.
     /// applyConfigurations() shows it there.
@@ -194,7 +196,11 @@ public Q_SLOTS:
 private:
     ExMonitorManager();
 
-    friend class ExMonitorManagerPrivate;
+    friend class ExMonitorWidgetPrivate;
+
+    /// Shows or hides a tool bar of a window; while the window's are hidden, not before they are
+    /// shown again.
+    void setToolBarVisible(const ExMonitorWidget *widget, QToolBar *bar, bool visible);
 
     std::unique_ptr<ExMonitorManagerPrivate> d;
     /// Logical resolution of the first widget asked about; negative before.

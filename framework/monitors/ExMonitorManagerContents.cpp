@@ -96,6 +96,11 @@ void ExMonitorManager::removeContent(Content *content)
     ExMonitorWidget *const widget = monitorWidget(content);
     d->contents.removeOne(content);
     d->entries.erase(content);
+    for (auto &[name, registered] : contentRegistry()) {
+        if (registered.content == content) {
+            registered.content = nullptr;
+        }
+    }
     for (auto &[shown, list] : d->widgets) {
         list.removeOne(content);
     }

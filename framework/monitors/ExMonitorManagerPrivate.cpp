@@ -170,8 +170,11 @@ void ExMonitorManagerPrivate::updateStates() const
 void ExMonitorManagerPrivate::displaysChanged()
 {
     set = MonitorSet::read();
-    for (Content *const content : contents) {
-        follow(content, entries.at(content));
+    // Contents that are told may add and remove some.
+    for (Content *const content : QList<Content *>(contents)) {
+        if (Entry *const entry = find(content)) {
+            follow(content, *entry);
+        }
     }
     manager.applyConfigurations();
     if (!(set == announced)) {

@@ -90,7 +90,9 @@ void ExMonitorManager::toggleToolBars(ExMonitorWidget *widget)
         const QList<QPointer<QToolBar>> bars = d->hiddenToolBars.at(widget);
         d->hiddenToolBars.erase(widget);
         for (const QPointer<QToolBar> &bar : bars) {
-            if (bar != nullptr) {
+            // It may be gone, or stand elsewhere by now.
+            if (bar != nullptr
+                && widget->mainWindows().contains(qobject_cast<QMainWindow *>(bar->parent()))) {
                 bar->show();
             }
         }
@@ -104,6 +106,20 @@ void ExMonitorManager::toggleToolBars(ExMonitorWidget *widget)
                 bar->hide();
             }
         }
+    }
+}
+
+void ExMonitorManager::setToolBarVisible(const ExMonitorWidget *widget, QToolBar *bar, bool visible)
+{
+    const auto hidden = d->hiddenToolBars.find(widget);
+    if (hidden == d->hiddenToolBars.end()) {
+        bar->setVisible(visible);
+        return;
+    }
+    bar->hide();
+    hidden->second.removeAll(bar);
+    if (visible) {
+        hidden->second.append(bar);
     }
 }
 

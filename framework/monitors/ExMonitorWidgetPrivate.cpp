@@ -228,7 +228,7 @@ void ExMonitorWidgetPrivate::placeToolBars(Pane &pane, const QList<Content *> &c
         for (const auto &[content, bar] : std::as_const(wanted)) {
             if (bar.toolBar() != nullptr) {
                 pane.window->addToolBar(bar.area(), bar.toolBar());
-                bar.toolBar()->setVisible(bar.isVisible());
+                manager.setToolBarVisible(&widget, bar.toolBar(), bar.isVisible());
             } else if (!bar.isToolBar()) {
                 pane.window->addToolBarBreak(bar.area());
             }
@@ -242,12 +242,13 @@ void ExMonitorWidgetPrivate::showToolBarsOfActive(const Pane &pane) const
 {
     const Content *const active = pane.active();
     const bool isAlone = pane.pages.size() < 2;
-    if (isAlone || ExMonitorManager::instance().areToolBarsHidden(&widget)) {
+    if (isAlone) {
         return;
     }
     for (const auto &[content, bar] : pane.toolBars) {
         if (bar.toolBar() != nullptr) {
-            bar.toolBar()->setVisible(bar.isVisible() && content == active);
+            ExMonitorManager::instance().setToolBarVisible(
+                &widget, bar.toolBar(), bar.isVisible() && content == active);
         }
     }
 }

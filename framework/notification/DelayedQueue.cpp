@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <bit>
 #include <mutex>
 
@@ -29,6 +30,16 @@ std::size_t hashOf(const ExNotification &notification)
     hash = mix(hash, data >> pageBits);
     const std::uint64_t inPage = (data & ((1U << pageBits) - 1)) >> alignmentBits;
     return static_cast<std::size_t>((hash * odd >> 20U) + inPage);
+}
+
+/// Removes those of a viewer from a position on; whether there were any.
+bool removeFrom(McDArray<ExNotification> &notifications, int start, const ExBaseViewer *viewer)
+{
+    const auto end = std::remove_if(notifications.begin() + start, notifications.end(),
+        [viewer](const ExNotification &each) { return each.viewer() == viewer; });
+    const bool found = end != notifications.end();
+    notifications.resize(static_cast<int>(end - notifications.begin()));
+    return found;
 }
 
 } // namespace
@@ -64,25 +75,60 @@ void DelayedQueue::append(const ExNotification &notification)
 void DelayedQueue::remove(const ExBaseViewer *viewer)
 {
     const std::lock_guard lock(m_lock);
-    McDArray<ExNotification> kept;
-    for (const ExNotification &notification : m_waiting) {
-        if (notification.viewer() != viewer) {
-            kept.append(notification);
-        }
+    removeWaiting(viewer);
+}
+
+void DelayedQueue::forget(const ExBaseViewer *viewer)
+{
+    const std::lock_guard lock(m_lock);
+    removeWaiting(viewer);
+    for (Delivery *const delivery : m_deliveries) {
+        removeFrom(delivery->m_taken, delivery->m_next, viewer);
     }
-    if (kept.size() != m_waiting.size()) {
-        m_waiting.swap(kept);
+}
+
+void DelayedQueue::clear()
+{
+    const std::lock_guard lock(m_lock);
+    m_waiting.clear();
+    m_slots.clear();
+}
+
+void DelayedQueue::removeWaiting(const ExBaseViewer *viewer)
+{
+    if (removeFrom(m_waiting, 0, viewer)) {
         rebuild(m_slots.size());
     }
 }
 
-McDArray<ExNotification> DelayedQueue::take()
+DelayedQueue::Delivery::Delivery(DelayedQueue &queue)
+    : m_queue(queue)
 {
-    const std::lock_guard lock(m_lock);
-    McDArray<ExNotification> taken;
-    taken.swap(m_waiting);
-    m_slots.clear();
-    return taken;
+    const std::lock_guard lock(queue.m_lock);
+    if (queue.m_waiting.isEmpty()) {
+        return;
+    }
+    queue.m_deliveries.push_back(this);
+    m_isListed = true;
+    m_taken.swap(queue.m_waiting);
+    queue.m_slots.clear();
+}
+
+DelayedQueue::Delivery::~Delivery()
+{
+    if (m_isListed) {
+        const std::lock_guard lock(m_queue.m_lock);
+        std::erase(m_queue.m_deliveries, this);
+    }
+}
+
+std::optional<ExNotification> DelayedQueue::Delivery::next()
+{
+    if (!m_isListed) {
+        return std::nullopt;
+    }
+    const std::lock_guard lock(m_queue.m_lock);
+    return m_next < m_taken.size() ? std::optional(m_taken[m_next++]) : std::nullopt;
 }
 
 void DelayedQueue::rebuild(std::size_t slots)

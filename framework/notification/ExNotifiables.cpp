@@ -58,6 +58,11 @@ void ExNotifiables::removeDelayedNotifications(ExBaseViewer *viewer)
     delayedQueue().remove(viewer);
 }
 
+void ExNotifiables::forget(const ExBaseViewer *viewer)
+{
+    delayedQueue().forget(viewer);
+}
+
 void ExNotifiables::addNotification(ExNotifiable *subscriber, const ExNotification &notification)
 {
     if (d != nullptr && subscriber != nullptr) {

@@ -27,7 +27,8 @@ public:
     /// the contract.
     void notify(const ExNotification &notification);
     /// Delivers from the event loop of the GUI thread. A notification that equals one that still
-    /// waits is merged with it, at the earlier place. Any thread.
+    /// waits is merged with it, at the earlier place. It is dropped when its viewer is destroyed
+    /// before its turn. Any thread.
     void notifyDelayed(const ExNotification &notification);
     /// Drops the waiting notifications of a viewer; null drops those without a viewer. Any thread.
     void removeDelayedNotifications(ExBaseViewer *viewer);
@@ -50,9 +51,14 @@ public:
     void deleteAllTools();
 
 private:
+    friend class ExBaseViewer;
     friend class ExNotifiable;
 
     ExNotifiables();
+
+    /// A viewer is going: its waiting notifications are dropped, and those of a deferred delivery
+    /// under way. Any thread, and also while the process ends.
+    static void forget(const ExBaseViewer *viewer);
 
     /// A new subscriber, still to be asked for its types.
     void append(ExNotifiable *subscriber);

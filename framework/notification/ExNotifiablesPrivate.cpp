@@ -129,7 +129,7 @@ void ExNotifiablesPrivate::reset()
     m_pending.clear();
     m_nextToAsk = 0;
     blocked = false;
-    static_cast<void>(m_queue.take());
+    m_queue.clear();
 }
 
 void ExNotifiablesPrivate::customEvent(QEvent *event)
@@ -138,9 +138,11 @@ void ExNotifiablesPrivate::customEvent(QEvent *event)
         return;
     }
     const unsigned generation = m_generation;
-    for (const ExNotification &notification : m_queue.take()) {
-        if (generation == m_generation) {
-            deliver(notification);
+    DelayedQueue::Delivery delivery(m_queue);
+    while (const std::optional<ExNotification> notification = delivery.next()) {
+        deliver(*notification);
+        if (generation != m_generation) {
+            return;
         }
     }
 }

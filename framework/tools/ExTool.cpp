@@ -114,6 +114,9 @@ bool ExTool::setActive(bool on)
     if (!isActivatable()) {
         return false;
     }
+    // Those that are told may let the tool go. One that nobody holds belongs to somebody who
+    // deletes it: a handle would be the first and the last.
+    const McHandle<ExTool> held(references() > 0 ? this : nullptr);
     if (isActive() != on) {
         m_active = on;
         if (on) {
@@ -180,14 +183,16 @@ void ExTool::bringUpUI() const
 
 void ExTool::checkExclusiveGroups()
 {
-    for (std::size_t i = 0; i < m_groups.size(); ++i) {
-        if (!m_groups[i]->getExclusive()) {
+    // Switching a tool off may change the groups and destroy them, and let the tool go.
+    const auto isIn = [this](const ExToolGroup *group) {
+        return std::find(m_groups.begin(), m_groups.end(), group) != m_groups.end();
+    };
+    for (const ExToolGroup *const group : std::vector<ExToolGroup *>(m_groups)) {
+        if (!isIn(group) || !group->getExclusive()) {
             continue;
         }
-        // Switching a tool off may change the group, and let the tool go.
-        const std::vector<McHandle<ExTool>> &tools = m_groups[i]->getTools();
-        for (std::size_t k = 0; k < tools.size(); ++k) {
-            const McHandle<ExTool> other = tools[k];
+        for (std::size_t k = 0; isIn(group) && k < group->getTools().size(); ++k) {
+            const McHandle<ExTool> other = group->getTools()[k];
             if (other.get() != this) {
                 other->setActive(false);
             }

@@ -55,7 +55,7 @@ public:
     /// Whether the user has put the bar together; false at first.
     void setCustomDefined(bool custom) { m_customDefined = custom; }
     [[nodiscard]] bool customDefined() const { return m_customDefined; }
-    /// How the bar is first shown, for the window that places it.
+    /// How the bar is first shown, for the client that places it.
     void setInitialState(Ex::ToolBarState state) { m_initialState = state; }
     [[nodiscard]] Ex::ToolBarState initialState() const { return m_initialState; }
 

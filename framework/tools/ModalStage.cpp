@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -227,7 +228,14 @@ void ModalStage::refreshToolBar()
         const McHandle<ExModal> held = isAtWork(tool) ? keep(tool) : nullptr;
         const auto *const group = dynamic_cast<ExToolGroup *>(held.get());
         if (bar != nullptr && group != nullptr) {
-            m_subTools[tool] = group->getTools();
+            const std::vector<McHandle<ExTool>> members = group->getTools();
+            std::vector<McHandle<ExTool>> left = std::exchange(m_subTools[tool], members);
+            std::erase_if(left, [&members](const McHandle<ExTool> &each) {
+                return std::find(members.begin(), members.end(), each) != members.end();
+            });
+            if (!left.empty()) {
+                bar->removeSubTools(left);
+            }
             bar->appendSubTools(held);
         }
     }

@@ -14,8 +14,8 @@ enum View : int {
     VIEW_AXIAL = 2 ///< no head-foot axis in the image
 };
 
-/// How a tool bar is first shown. The bar only keeps it: the main window of a monitor reads it when
-/// it places its bars for a user who has not placed them yet.
+/// How a tool bar is first shown. The bar only keeps it: the client reads it when it places its
+/// bars for a user who has not placed them yet.
 enum ToolBarState : int {
     TOOL_BAR_HIDDEN = 0, ///< not shown until the user asks for it
     TOOL_BAR_FLOATING = 1, ///< in a window of its own

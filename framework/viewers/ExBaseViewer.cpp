@@ -1,5 +1,7 @@
 #include "framework/viewers/ExBaseViewer.h"
 
+#include "framework/notification/ExNotifiables.h"
+
 #include <algorithm>
 #include <string_view>
 #include <vector>
@@ -23,6 +25,8 @@ ExBaseViewer::ExBaseViewer()
 ExBaseViewer::~ExBaseViewer()
 {
     std::erase(liveViewers(), this);
+    // Whatever was told of it is not to be delivered any more: nobody could use the address.
+    ExNotifiables::forget(this);
 }
 
 Ex::View ExBaseViewer::getViewOrientation(const char *letters)

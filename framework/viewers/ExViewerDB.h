@@ -13,8 +13,10 @@ class ExViewerDBGroup;
 /// viewers, and a group keeps text attributes for each of its viewers. Tools ask it which viewers
 /// an interaction must also change. It posts no notifications: who changes a link tells of it. All
 /// data live as long as the process; a type exists from the first time that any operation names it.
-/// Observes viewers, never owns them; clear() a viewer before it goes. GUI thread only. Unknown
-/// viewers give null groups, "-1" as identifier, empty values and false.
+/// Observes viewers, never owns them; clear() a viewer before it goes. That takes it out of the
+/// group that is found by it: one that was put into a second group of a type without being cleared
+/// stays listed in the first. GUI thread only. Unknown viewers give null groups, "-1" as
+/// identifier, empty values and false.
 class MOVARA_FRAMEWORK_EXPORT ExViewerDB
 {
 public:

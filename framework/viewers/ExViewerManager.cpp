@@ -9,6 +9,7 @@
 // The manager owns the tool bar that follows the active viewer.
 #include "framework/tools/ExContextToolBar.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QWidget>
 
@@ -18,6 +19,10 @@
 class ExViewerManagerPrivate
 {
 public:
+    /// Takes a viewer off the list, and its name from its render widget; whether it was on the
+    /// list.
+    bool takeOut(const ExBaseViewer &viewer);
+
     McDArray<McHandle<ExBaseViewer>> viewers;
     McDArray<McHandle<ExBaseViewer>> unused;
     QPointer<ExContextToolBar> contextToolBar;
@@ -49,14 +54,22 @@ QString nextRenderWidgetName(const McDArray<McHandle<ExBaseViewer>> &viewers)
     return renderWidgetName.arg(highest + 1);
 }
 
-void clearWidgetName(const ExBaseViewer &viewer)
+} // namespace
+
+bool ExViewerManagerPrivate::takeOut(const ExBaseViewer &viewer)
 {
     if (QWidget *const widget = viewer.renderWidget()) {
         widget->setObjectName(QString());
     }
+    bool wasThere = false;
+    for (int i = viewers.size(); i-- > 0;) {
+        if (viewers[i].get() == &viewer) {
+            viewers.remove(i);
+            wasThere = true;
+        }
+    }
+    return wasThere;
 }
-
-} // namespace
 
 ExViewerManager::ExViewerManager()
     : d(std::make_unique<ExViewerManagerPrivate>())
@@ -131,24 +144,8 @@ void ExViewerManager::removeViewer(ExBaseViewer *viewer)
         return;
     }
     const McHandle<ExBaseViewer> held(viewer);
-    clearWidgetName(*viewer);
-    bool wasThere = false;
-    for (int i = d->viewers.size(); i-- > 0;) {
-        if (d->viewers[i].get() == viewer) {
-            d->viewers.remove(i);
-            wasThere = true;
-        }
-    }
-    if (!wasThere) {
-        return;
-    }
-    leaveScreen(viewer);
-    if (viewer->isReusable()) {
-        resetDisplaySetAndImageSet(viewer);
-        d->unused.append(held);
+    if (d->takeOut(*viewer) && retire(viewer, false)) {
         viewer->putAside(false);
-    } else {
-        ExNotifiables::getInstance().removeDelayedNotifications(viewer);
     }
 }
 
@@ -159,25 +156,13 @@ void ExViewerManager::removeAllViewers()
     }
     while (!d->viewers.isEmpty()) {
         const McHandle<ExBaseViewer> viewer = d->viewers.last();
-        clearWidgetName(*viewer);
-        for (int i = d->viewers.size(); i-- > 0;) {
-            if (d->viewers[i].get() == viewer.get()) {
-                d->viewers.remove(i);
-            }
-        }
-        leaveScreen(viewer);
-        const bool reusable = viewer->isReusable();
-        if (reusable) {
-            resetDisplaySetAndImageSet(viewer);
-            d->unused.insert(viewer->isPreferredForReuse() ? 0 : d->unused.size(), viewer);
-        } else {
-            ExNotifiables::getInstance().removeDelayedNotifications(viewer);
-        }
-        viewer->putAside(!reusable);
+        d->takeOut(*viewer);
+        const bool isKept = retire(viewer, true);
+        viewer->putAside(!isKept);
     }
 }
 
-void ExViewerManager::leaveScreen(ExBaseViewer *viewer)
+bool ExViewerManager::retire(ExBaseViewer *viewer, bool preferredFirst)
 {
     if (ExScreen *const screen = screenForViewer(viewer)) {
         screen->removeWidget(viewer);
@@ -185,6 +170,14 @@ void ExViewerManager::leaveScreen(ExBaseViewer *viewer)
     if (d->contextToolBar != nullptr) {
         d->contextToolBar->detachFrom(viewer->renderWidget());
     }
+    if (!viewer->isReusable()) {
+        ExNotifiables::getInstance().removeDelayedNotifications(viewer);
+        return false;
+    }
+    resetDisplaySetAndImageSet(viewer);
+    const bool isFirst = preferredFirst && viewer->isPreferredForReuse();
+    d->unused.insert(isFirst ? 0 : d->unused.size(), viewer);
+    return true;
 }
 
 ExContextToolBar *ExViewerManager::contextToolBar()
@@ -228,12 +221,19 @@ void ExViewerManager::changeActiveViewer(ExBaseViewer *viewer)
     if (previous) {
         previous->unref();
     }
-    contextToolBar()->attachTo(nullptr, Qt::BottomRightCorner);
+    attachContextToolBar(nullptr);
     ExNotifiable::notify(
         ExNotification(ExNotification::ACTIVE_VIEWER_CHANGED, viewer, nullptr, previous.get()));
     // Who was told may have made yet another viewer the active one, which has the bar by now.
     if (viewer == theActiveViewer) {
-        QWidget *const widget = viewer == nullptr ? nullptr : viewer->renderWidget();
+        attachContextToolBar(viewer == nullptr ? nullptr : viewer->renderWidget());
+    }
+}
+
+void ExViewerManager::attachContextToolBar(QWidget *widget)
+{
+    // A manager may outlive the application object; then no widget can be made any more.
+    if (QCoreApplication::instance() != nullptr && !QCoreApplication::closingDown()) {
         contextToolBar()->attachTo(widget, Qt::BottomRightCorner);
     }
 }

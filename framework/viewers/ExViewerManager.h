@@ -14,6 +14,7 @@ class ExBaseViewer;
 class ExContextToolBar;
 class ExScreen;
 class ExViewerManagerPrivate;
+class QWidget;
 
 /// Owns the live viewers and a pool of removed ones for reuse, and tracks the active viewer. The
 /// order of its list is the order of every viewer group. The client derives one manager and creates
@@ -101,7 +102,11 @@ protected:
     void resetDisplaySetAndImageSet(ExBaseViewer *viewer);
 
 private:
-    void leaveScreen(ExBaseViewer *viewer);
+    /// A viewer that was taken out leaves its screen and goes to the pool, or its deferred
+    /// notifications are dropped. @param preferredFirst whether one that is preferred for reuse
+    /// goes to the front. @return whether it is in the pool.
+    bool retire(ExBaseViewer *viewer, bool preferredFirst);
+    void attachContextToolBar(QWidget *widget);
     /// What setActiveViewer() does for a viewer that is not the active one.
     void changeActiveViewer(ExBaseViewer *viewer);
 

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QPointer>
 
 #include <utility>
 
@@ -10,9 +9,7 @@ void DicomMailbox::post(Action action)
 {
     const std::lock_guard lock(m_mutex);
     m_actions.push_back(std::move(action));
-    if (m_actions.size() == 1) {
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 
 bool DicomMailbox::event(QEvent *event)
@@ -20,17 +17,13 @@ bool DicomMailbox::event(QEvent *event)
     if (event->type() != QEvent::User) {
         return QObject::event(event);
     }
-    std::vector<Action> actions;
+    // An event for each: an action may run an event loop, in which the next ones are done.
+    Action action;
     {
         const std::lock_guard lock(m_mutex);
-        actions.swap(m_actions);
+        action = std::move(m_actions.front());
+        m_actions.pop_front();
     }
-    // An action may end the mailbox's life, and with it what the later ones are about.
-    const QPointer<DicomMailbox> self(this);
-    for (const Action &action : actions) {
-        if (self) {
-            action();
-        }
-    }
+    action(); // May end the mailbox's life.
     return true;
 }

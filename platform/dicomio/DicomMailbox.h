@@ -2,9 +2,9 @@
 
 #include <QObject>
 
+#include <deque>
 #include <functional>
 #include <mutex>
-#include <vector>
 
 /// Has work done in the thread it lives in, handed in by any thread. What has not been done when it
 /// is destroyed is dropped.
@@ -21,5 +21,5 @@ protected:
 
 private:
     std::mutex m_mutex;
-    std::vector<Action> m_actions;
+    std::deque<Action> m_actions;
 };

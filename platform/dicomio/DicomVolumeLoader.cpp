@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <condition_variable>
 #include <cstring>
+#include <deque>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <thread>
 #include <utility>
@@ -34,17 +36,23 @@ public:
         return m_slices.size() == 1;
     }
 
-    std::vector<Slice> takeAll()
+    /// The first one; none when the queue is empty.
+    std::optional<Slice> take()
     {
         const std::lock_guard lock(m_mutex);
+        if (m_slices.empty()) {
+            return std::nullopt;
+        }
+        std::optional<Slice> first(std::move(m_slices.front()));
+        m_slices.pop_front();
         m_room.notify_all();
-        return std::exchange(m_slices, {});
+        return first;
     }
 
 private:
     std::mutex m_mutex;
     std::condition_variable_any m_room;
-    std::vector<Slice> m_slices;
+    std::deque<Slice> m_slices;
 };
 
 /// One load. Shared by the loading thread and the events that it posts.
@@ -77,6 +85,7 @@ public:
     std::shared_ptr<Load> load; ///< the running one, else null
     McHandle<KxImageSeries> series;
     McDArray<std::string> remarks;
+    McHandle<Zel::DicomDirectoryEntry> owner; ///< the series of what is being read
     int done = 0;
     int total = 0;
     DicomMailbox mailbox;
@@ -123,12 +132,18 @@ void DicomVolumeLoader::Private::work(const std::shared_ptr<Load> &running,
 
 void DicomVolumeLoader::Private::drain(const std::shared_ptr<Load> &running)
 {
-    for (const Slice &slice : running->queue.takeAll()) {
-        // A receiver of the signals may have cancelled or started another load.
-        if (running != load || thread.get_stop_token().stop_requested()) {
+    // One at a time: a receiver of the signals may cancel or start another load, or run an event
+    // loop, in which the load goes on.
+    bool isFollowed = false;
+    while (running == load && !thread.get_stop_token().stop_requested()) {
+        const std::optional<Slice> slice = running->queue.take();
+        if (!slice) {
             return;
         }
-        deliver(slice);
+        if (!std::exchange(isFollowed, true)) {
+            post(running, [this, running] { drain(running); });
+        }
+        deliver(*slice);
     }
 }
 
@@ -141,6 +156,9 @@ void DicomVolumeLoader::Private::deliver(const Slice &slice)
     if (slice.window) {
         volume->setDefaultWindow(*slice.window);
         Q_EMIT q.windowEstimated(slice.phase);
+        if (running != load) {
+            return;
+        }
     }
     if (slice.problem.empty()) {
         Q_EMIT q.sliceLoaded(slice.phase, slice.z);
@@ -184,6 +202,10 @@ void DicomVolumeLoader::start(const McHandle<Zel::DicomDirectoryEntry> &entry)
     d->remarks.clear();
     d->done = 0;
     d->total = 0;
+    // The reader asks a stored volume for its series. Held here, that stays while it runs, and goes
+    // in this thread, as it takes itself out of its volumes then.
+    const McHandle<Zel::DicomDirectoryEntry> owner(
+        entry->ancestor(Zel::DicomDirectoryEntry::Series));
     // Assigning cancels and awaits the load before.
     d->thread = std::jthread([this, load = d->load, entry](const std::stop_token &stop) {
         const std::string problem = McGuard::run([&] { d->work(load, entry, stop); });
@@ -192,6 +214,7 @@ void DicomVolumeLoader::start(const McHandle<Zel::DicomDirectoryEntry> &entry)
                 load, [this, load, problem] { d->fail(load, QString::fromStdString(problem)); });
         }
     });
+    d->owner = owner;
 }
 
 void DicomVolumeLoader::cancel()

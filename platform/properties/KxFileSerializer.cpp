@@ -129,16 +129,17 @@ void KxFileSerializer::refresh() const
         return;
     }
     const KxIniFile file = KxIniFile::read(m_fileName);
-    if (file.state == KxIniFile::State::Damaged) {
-        setAsideWithLock();
-    } else if (file.state == KxIniFile::State::Unreadable) {
+    if (file.state == KxIniFile::State::Unreadable) {
         complain("cannot be read");
         remember(m_values, stamp);
         return;
     }
-    // The stamp from before reading: what is written while it is read is read again next time.
-    remember(
-        file.values, file.state == KxIniFile::State::Damaged ? FileStamp::of(m_fileName) : stamp);
+    if (file.state == KxIniFile::State::Damaged) {
+        setAsideWithLock();
+    }
+    // The stamp from before reading: what is written while it is read, or while a damaged one is
+    // set aside, is read next time.
+    remember(file.values, stamp);
 }
 
 void KxFileSerializer::remember(const QHash<QString, QString> &values, const FileStamp &stamp) const

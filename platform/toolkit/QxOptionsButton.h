@@ -23,8 +23,6 @@ public:
     int addOption(const QString &text, const QVariant &value = QVariant());
     void clearOptions();
     [[nodiscard]] int count() const;
-    /// The option in force; -1 when there are none.
-    [[nodiscard]] int currentOption() const { return m_current; }
     /// Data of the option in force; invalid when there are none.
     [[nodiscard]] QVariant currentData() const;
     /// Puts an option in force; a position that does not exist is ignored.

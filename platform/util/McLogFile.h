@@ -42,8 +42,6 @@ public:
 private:
     class Private;
     std::unique_ptr<Private> d;
-
-    friend MOVARA_PLATFORM_EXPORT McLogFile &theLogInstance();
 };
 
 /// The one log of the program; made on first use and usable until the process has ended.

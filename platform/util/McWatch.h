@@ -2,15 +2,12 @@
 
 #include "platform/util/McTickClock.h"
 
-/// Stop watch. Runs from construction; any thread, but one watch is not to be shared while it is
-/// restarted.
+/// Stop watch. Runs from construction; any thread.
 class McWatch
 {
 public:
     McWatch() = default;
 
-    /// Starts again from 0.
-    void restart() { m_start = McTickClock::now(); }
     /// Seconds since the start. Single precision: over long times use ticks(), which loses nothing.
     [[nodiscard]] float getTime() const
     {

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr const char *deflatedSyntax = "1.2.840.10008.1.2.1.99";
 constexpr const char *plainSyntax = "1.2.840.10008.1.2.1";
 constexpr qsizetype preambleSize = 132;
 /// More than any sensible file; a damaged or malicious one may blow up to anything.

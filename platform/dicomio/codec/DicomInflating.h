@@ -6,6 +6,9 @@
 
 class QTemporaryFile;
 
+/// Transfer syntax of files whose data set is deflated.
+inline constexpr const char *deflatedSyntax = "1.2.840.10008.1.2.1.99";
+
 /// A copy of a deflated DICOM file with its data set inflated, since the parser takes only plain
 /// ones. The copy goes when the object goes.
 class InflatedDicom

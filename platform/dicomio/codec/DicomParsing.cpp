@@ -12,11 +12,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <initializer_list>
 #include <string_view>
 
 namespace {
-
-constexpr const char *deflatedSyntax = "1.2.840.10008.1.2.1.99";
 
 void eraseThrough(std::string &text, const char *mark)
 {
@@ -178,6 +177,13 @@ ParsedDicom DicomParser::parse(const McFilename &file)
 ParsedDicom parseDicom(const McFilename &file)
 {
     return DicomParser().parse(file);
+}
+
+bool isBinary(vtkDICOMVR type)
+{
+    static const std::initializer_list<vtkDICOMVR> binary{vtkDICOMVR::OB, vtkDICOMVR::OW,
+        vtkDICOMVR::OF, vtkDICOMVR::OD, vtkDICOMVR::OL, vtkDICOMVR::UN};
+    return std::find(binary.begin(), binary.end(), type) != binary.end();
 }
 
 bool isDeflated(vtkDICOMMetaData *data)

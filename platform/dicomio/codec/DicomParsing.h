@@ -61,5 +61,7 @@ private:
 
 /// Parses the header of @p file and keeps all attributes. Any thread.
 ParsedDicom parseDicom(const McFilename &file);
+/// Whether values of this type are plain bytes, which no text stands for.
+bool isBinary(vtkDICOMVR type);
 /// Whether the data set behind the meta header is deflated as a whole.
 bool isDeflated(vtkDICOMMetaData *data);

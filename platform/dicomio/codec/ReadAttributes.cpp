@@ -8,10 +8,8 @@
 #include <vtkDICOMTag.h>
 #include <vtkDICOMValue.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <initializer_list>
 
 namespace {
 
@@ -23,14 +21,6 @@ std::string tagText(vtkDICOMTag tag)
     std::array<char, 16> text{};
     std::snprintf(text.data(), text.size(), "(%04X,%04X)", tag.GetGroup(), tag.GetElement());
     return text.data();
-}
-
-bool isBinary(vtkDICOMVR vr)
-{
-    static const std::initializer_list<vtkDICOMVR> binary{vtkDICOMVR::OB, vtkDICOMVR::OW,
-        vtkDICOMVR::OF, vtkDICOMVR::OD, vtkDICOMVR::OL, vtkDICOMVR::UN};
-    return std::any_of(
-        binary.begin(), binary.end(), [vr](const vtkDICOMVR each) { return each == vr; });
 }
 
 std::string counted(std::size_t count, const char *what)

@@ -21,14 +21,8 @@ std::string keyOf(vtkDICOMTag tag)
 
 bool isText(const vtkDICOMValue &value)
 {
-    static const std::initializer_list<vtkDICOMVR> binary{vtkDICOMVR::SQ, vtkDICOMVR::OB,
-        vtkDICOMVR::OW, vtkDICOMVR::OF, vtkDICOMVR::OD, vtkDICOMVR::OL, vtkDICOMVR::UN};
-    for (const vtkDICOMVR vr : binary) {
-        if (value.GetVR() == vr) {
-            return false;
-        }
-    }
-    return value.IsValid() && value.GetVL() <= longestValue;
+    return value.IsValid() && value.GetVR() != vtkDICOMVR::SQ && !isBinary(value.GetVR())
+        && value.GetVL() <= longestValue;
 }
 
 /// Multi-frame files keep these in the functional groups of each frame.

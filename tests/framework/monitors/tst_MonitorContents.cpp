@@ -37,6 +37,10 @@ private Q_SLOTS:
         const std::unique_ptr<ExMonitorWidget::Content> second(
             ExMonitorManager::getContent("viewers"));
         QVERIFY(second != first);
+        manager().removeContent(second.get());
+        const std::unique_ptr<ExMonitorWidget::Content> third(
+            ExMonitorManager::getContent("viewers"));
+        QVERIFY(third != second);
         ExMonitorManager::registerContent("viewers", nullptr);
     }
 
@@ -193,9 +197,20 @@ private Q_SLOTS:
 
         widget->toggleToolBars();
         QVERIFY(manager().areToolBarsHidden(widget) && two->isHidden());
-        two.reset();
+        manager().activate(&first); // What is shown again are the bars of the active content.
+        QVERIFY(one.isHidden());
         widget->toggleToolBars();
-        QVERIFY(!manager().areToolBarsHidden(widget));
+        QVERIFY(!manager().areToolBarsHidden(widget) && !one.isHidden() && two->isHidden());
+
+        manager().activate(&second);
+        widget->toggleToolBars();
+        two.reset();
+        manager().removeContent(&second);
+        QToolBar three;
+        manager().setToolBars(&first, {ToolBar(&three, true, Qt::TopToolBarArea)});
+        QVERIFY(three.isHidden());
+        widget->toggleToolBars(); // Neither what is gone nor what stands there no more.
+        QVERIFY(!three.isHidden() && one.isHidden());
         manager().setToolBars(&first, {});
         one.setParent(nullptr);
     }

@@ -108,6 +108,19 @@ private Q_SLOTS:
         QCOMPARE(delivered(), QList<int>({1, 5, 2, 2, 3}));
     }
 
+    void viewersThatGoMeanwhile()
+    {
+        McHandle<FakeViewer> going(new FakeViewer);
+        const Recorder destroyer(QString(), m_log, {CLEANUP}, [&going](const ExNotification &n) {
+            if (dataOf(n) == 1) {
+                post({note(2, going), note(5)});
+                going.reset();
+            }
+        });
+        post({note(1), note(3, going), note(4), note(5), note(6, going)});
+        QCOMPARE(delivered(), QList<int>({1, 4, 5, 5}));
+    }
+
     void fromManyThreads()
     {
         for (const bool resets : {false, true}) {

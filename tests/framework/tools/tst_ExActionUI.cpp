@@ -137,6 +137,10 @@ private Q_SLOTS:
         print->addPropertyKey(QRegularExpression(u"^Print"_s));
         action->slot_editProperties();
         QCOMPARE(m_app->log.join(u'|'), u"browse [] []|edit ^Print"_s);
+        const McHandle<FakeTool> pan = makeTool("Pan");
+        ExHotKeys::setHotKey(pan, m_keyA);
+        action->setTool(pan); // It has none by itself; what users gave it stays.
+        QVERIFY(action->shortcut().isEmpty() && ExHotKeys::findHotKey(m_keyA) == pan.get());
         action->setTool(nullptr);
         action->trigger();
         action->update(nullptr);

@@ -376,6 +376,12 @@ private Q_SLOTS:
         angle->hint = u"Three points"_s;
         angle->setActive(true);
         QTRY_COMPARE(barIn(*a), u"Three points, 1 actions"_s);
+        angle->removeTool(sub);
+        ExNotifiable::notify(ExNotification(ExNotification::VIEWER_TYPE_CHANGED, a));
+        QTRY_COMPARE(barIn(*a), u"Three points, 0 actions"_s);
+        angle->appendTool(sub, false);
+        ExNotifiable::notify(ExNotification(ExNotification::VIEWER_TYPE_CHANGED, a));
+        QTRY_COMPARE(barIn(*a), u"Three points, 1 actions"_s);
         angle->hint.clear();
         angle->updateDisplayHint();
         QTRY_COMPARE(barIn(*a), u"-, 1 actions"_s);

@@ -152,6 +152,20 @@ private Q_SLOTS:
         QCOMPARE(takeLog(), u"b on,b off"_s);
     }
 
+    void toolThatDestroysTheExclusiveGroup()
+    {
+        auto group = std::make_unique<ExToolGroup>();
+        auto *const a = new FakeTool("a");
+        auto *const b = new FakeTool("b");
+        for (FakeTool *const tool : {a, b, new FakeTool("c")}) {
+            group->appendTool(tool, false);
+        }
+        group->setExclusive(true);
+        b->act = [&group] { group.reset(); };
+        a->setActive(true); // Stays until all is done.
+        QCOMPARE(takeLog(), u"a on,b off,c gone,b gone,a gone"_s);
+    }
+
     void membersOfAGroup()
     {
         const McHandle<FakeTool> a = new FakeTool("a");
