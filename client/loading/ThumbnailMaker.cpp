@@ -86,7 +86,12 @@ void ThumbnailMaker::start(const std::vector<McHandle<Entry>> &entries, int pixe
 {
     stop();
     m_isRunning = true;
-    m_thread = std::jthread([this, entries, pixels](const std::stop_token &stopToken) {
+    // Reading asks an entry for what it belongs to, which must not go meanwhile.
+    std::vector<McHandle<Entry>> trees;
+    for (const McHandle<Entry> &entry : entries) {
+        trees.emplace_back(entry->topLevel());
+    }
+    m_thread = std::jthread([this, entries, trees, pixels](const std::stop_token &stopToken) {
         work(entries, pixels, stopToken);
     });
 }
