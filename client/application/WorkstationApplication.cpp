@@ -126,7 +126,7 @@ bool WorkstationApplication::mayStopWorkers() const
 bool WorkstationApplication::mayLoseUnsaved()
 {
     return UnsavedQuestion::mayGo(QCoreApplication::translate("WorkstationApplication",
-                                      "Not saved in a session: %1. Save it before quitting?"),
+                                      "Not saved in a session: %1. Save before quitting?"),
         QCoreApplication::translate("WorkstationApplication",
             "Not saved in a session: %1. Quit all the same, and lose it?"));
 }

@@ -104,7 +104,7 @@ private:
     static bool mayLoseUnsaved()
     {
         return UnsavedQuestion::mayGo(
-            Texts::tr("Not saved in a session: %1. Save it before another session is opened?"),
+            Texts::tr("Not saved in a session: %1. Save before another session is opened?"),
             Texts::tr("Not saved in a session: %1. Open another session all the same, and lose "
                       "it?"));
     }

@@ -1427,7 +1427,7 @@ Wählen Sie Strecke, Winkel oder Bereich in der Werkzeugleiste und klicken oder 
         <translation>In keiner Sitzung gespeichert: %1. Trotzdem eine andere Sitzung öffnen und das verlieren?</translation>
     </message>
     <message>
-        <source>Not saved in a session: %1. Save it before another session is opened?</source>
+        <source>Not saved in a session: %1. Save before another session is opened?</source>
         <translation>In keiner Sitzung gespeichert: %1. Vor dem Öffnen einer anderen Sitzung speichern?</translation>
     </message>
 </context>
@@ -2584,7 +2584,7 @@ Starten Sie die Workstation auf einem Desktop oder mit xvfb-run, um sie zu sehen
         <translation>Nicht zur Diagnose</translation>
     </message>
     <message>
-        <source>Not saved in a session: %1. Save it before quitting?</source>
+        <source>Not saved in a session: %1. Save before quitting?</source>
         <translation>In keiner Sitzung gespeichert: %1. Vor dem Beenden speichern?</translation>
     </message>
     <message>
