@@ -9,19 +9,33 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 using Membership = SessionState::Links::Membership;
 
-/// Has a viewer follow the active one, or puts it into the group of another one, or, without one,
-/// into a group of its own.
+/// What a viewer that is in no group has in place of its name.
+constexpr char noGroup[] = "";
+
+/// Whether viewers of this kind are linked in this way.
+bool canBeLinked(const std::string &type, const WorkstationViewer &viewer)
+{
+    const auto &all = LinkType::all();
+    return std::any_of(all.begin(), all.end(),
+        [&](const LinkType &each) { return each.group == type && each.appliesTo(viewer); });
+}
+
+/// Takes a viewer out of its group, has it follow the active one, puts it into the group of another
+/// one or, without one, into a group of its own.
 void regroup(const Membership &membership, WorkstationViewer &viewer, const ExBaseViewer *fellow)
 {
     const std::string &type = membership.type;
     const bool wasAttached = ViewerLinks::isAttached(type, viewer);
-    if (membership.group == ViewerLinks::activeGroup) {
+    if (membership.group == noGroup) {
+        ViewerLinks::leave(type, viewer);
+    } else if (membership.group == ViewerLinks::activeGroup) {
         ViewerLinks::followActive(type, viewer);
     } else {
         ExViewerDB::clearGroups(type, &viewer);
@@ -76,6 +90,8 @@ void LinksPart::serialize(ExSessionData &session)
                     = names.emplace(group, isActive ? group->groupId() : number).first->second;
                 links.memberships.push_back({type.group, name, static_cast<int>(i),
                     ViewerLinks::isAttached(type.group, *viewers[i])});
+            } else if (type.appliesTo(*viewers[i])) {
+                links.memberships.push_back({type.group, noGroup, static_cast<int>(i), false});
             }
         }
     }
@@ -101,9 +117,8 @@ void LinksPart::linkAgain()
     std::map<std::pair<std::string, std::string>, const ExBaseViewer *> fellows;
     for (const Membership &membership : m_links.memberships) {
         const auto place = static_cast<std::size_t>(membership.viewer);
-        // Only viewers of its kind are in groups of a type.
         if (membership.viewer < 0 || place >= viewers.size()
-            || ExViewerDB::group(membership.type, viewers[place]) == nullptr) {
+            || !canBeLinked(membership.type, *viewers[place])) {
             continue;
         }
         const ExBaseViewer *&fellow = fellows[{membership.type, membership.group}];

@@ -180,11 +180,14 @@ void ExActionUI::setTool(ExTool *tool)
     } else {
         QObject::connect(this, &QAction::triggered, this, &ExActionUI::slot_actionTriggered);
     }
-    // The short cut of another tool: setShortCut() would take the present tool's hot key for it.
-    setShortcut(QKeySequence());
     const char *const key = tool->decorationKey();
     if (*key != '\0') {
-        setDecoration(decorationFor(key), key);
+        const ExDecoration *const decoration = decorationFor(key);
+        if (decoration != nullptr) {
+            // That of another tool: setShortCut() would take the present one's hot key for it.
+            setShortcut(QKeySequence());
+        }
+        setDecoration(decoration, key);
     }
 }
 

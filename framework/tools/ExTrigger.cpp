@@ -22,6 +22,8 @@ void ExTrigger::setActivatable(bool activatable)
 
 bool ExTrigger::setActive(bool on)
 {
+    // Switching others off, and the command, may let go of it.
+    const McHandle<ExTrigger> held(references() > 0 ? this : nullptr);
     const bool was = isActive();
     ExTool::setActive(on);
     if (on == was || (!on && !isActivatable())) {

@@ -11,7 +11,7 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 namespace {
 
@@ -222,24 +222,38 @@ void ModalStage::removeSubTools(const ExModal *tool)
 
 void ModalStage::refreshToolBar()
 {
+    removeLeftSubTools();
     for (ExModal *const tool : std::vector<ExModal *>(m_atWork)) {
         // The bar asks the client for actions: it may switch tools off meanwhile.
         ExContextToolBar *const bar = contextToolBar();
         const McHandle<ExModal> held = isAtWork(tool) ? keep(tool) : nullptr;
         const auto *const group = dynamic_cast<ExToolGroup *>(held.get());
         if (bar != nullptr && group != nullptr) {
-            const std::vector<McHandle<ExTool>> members = group->getTools();
-            std::vector<McHandle<ExTool>> left = std::exchange(m_subTools[tool], members);
-            std::erase_if(left, [&members](const McHandle<ExTool> &each) {
-                return std::find(members.begin(), members.end(), each) != members.end();
-            });
-            if (!left.empty()) {
-                bar->removeSubTools(left);
-            }
+            m_subTools[tool] = group->getTools();
             bar->appendSubTools(held);
         }
     }
     showHint();
+}
+
+void ModalStage::removeLeftSubTools()
+{
+    std::vector<McHandle<ExTool>> left;
+    for (auto &[tool, shown] : m_subTools) {
+        const auto *const group = dynamic_cast<const ExToolGroup *>(tool);
+        if (group == nullptr) {
+            continue;
+        }
+        const std::vector<McHandle<ExTool>> &members = group->getTools();
+        std::copy_if(shown.begin(), shown.end(), std::back_inserter(left),
+            [&members](const McHandle<ExTool> &each) {
+                return std::find(members.begin(), members.end(), each) == members.end();
+            });
+    }
+    ExContextToolBar *const bar = contextToolBar();
+    if (bar != nullptr && !left.empty()) {
+        bar->removeSubTools(left);
+    }
 }
 
 McHandle<ExModal> ModalStage::keep(ExModal *tool)

@@ -51,6 +51,9 @@ private:
 
     void place(ExModal *tool, ExBaseViewer &viewer);
     void retireDisplaced();
+    /// Takes off the context tool bar what has left the groups at work; of what another one of them
+    /// still has the caller puts it back.
+    void removeLeftSubTools();
 
     std::vector<ExModal *> m_atWork;
     std::vector<ExModal *> m_waiting;

@@ -60,6 +60,9 @@ struct Load
 {
     DicomVolumeReader reader;
     SliceQueue queue;
+    /// Until it has ended, another one has begun, or the loader is gone, of which nothing may be
+    /// touched then. For the loader's thread only.
+    bool isCurrent = true;
 };
 
 } // namespace
@@ -71,6 +74,8 @@ public:
         : q(loader)
     { }
 
+    /// Makes this the current load, or none.
+    void setLoad(std::shared_ptr<Load> next);
     void work(const std::shared_ptr<Load> &running, const McHandle<Zel::DicomDirectoryEntry> &entry,
         const std::stop_token &stop);
     /// Has @p action done in the loader's thread, unless another load has begun by then.
@@ -92,11 +97,19 @@ public:
     std::jthread thread; // last, so that it has ended when the others go
 };
 
+void DicomVolumeLoader::Private::setLoad(std::shared_ptr<Load> next)
+{
+    if (load) {
+        load->isCurrent = false;
+    }
+    load = std::move(next);
+}
+
 template <typename Action>
 void DicomVolumeLoader::Private::post(const std::shared_ptr<Load> &running, Action action)
 {
     mailbox.post([this, running, action] {
-        if (running == load) {
+        if (running->isCurrent) {
             action();
         }
     });
@@ -132,10 +145,10 @@ void DicomVolumeLoader::Private::work(const std::shared_ptr<Load> &running,
 
 void DicomVolumeLoader::Private::drain(const std::shared_ptr<Load> &running)
 {
-    // One at a time: a receiver of the signals may cancel or start another load, or run an event
-    // loop, in which the load goes on.
+    // One at a time: a receiver of the signals may cancel, start another load or destroy the
+    // loader, or run an event loop, in which the load goes on.
     bool isFollowed = false;
-    while (running == load && !thread.get_stop_token().stop_requested()) {
+    while (running->isCurrent && !thread.get_stop_token().stop_requested()) {
         const std::optional<Slice> slice = running->queue.take();
         if (!slice) {
             return;
@@ -156,7 +169,7 @@ void DicomVolumeLoader::Private::deliver(const Slice &slice)
     if (slice.window) {
         volume->setDefaultWindow(*slice.window);
         Q_EMIT q.windowEstimated(slice.phase);
-        if (running != load) {
+        if (!running->isCurrent) {
             return;
         }
     }
@@ -165,7 +178,7 @@ void DicomVolumeLoader::Private::deliver(const Slice &slice)
     } else {
         Q_EMIT q.sliceFailed(slice.phase, slice.z, QString::fromStdString(slice.problem));
     }
-    if (running == load) {
+    if (running->isCurrent) {
         Q_EMIT q.progressChanged(done, total);
     }
 }
@@ -173,8 +186,8 @@ void DicomVolumeLoader::Private::deliver(const Slice &slice)
 void DicomVolumeLoader::Private::end(const std::shared_ptr<Load> &running, bool complete)
 {
     drain(running);
-    if (running == load) {
-        load.reset();
+    if (running->isCurrent) {
+        setLoad(nullptr);
         Q_EMIT q.finished(complete && done == total);
     }
 }
@@ -182,8 +195,8 @@ void DicomVolumeLoader::Private::end(const std::shared_ptr<Load> &running, bool 
 void DicomVolumeLoader::Private::fail(const std::shared_ptr<Load> &running, const QString &reason)
 {
     drain(running);
-    if (running == load) {
-        load.reset();
+    if (running->isCurrent) {
+        setLoad(nullptr);
         Q_EMIT q.failed(reason);
     }
 }
@@ -193,11 +206,14 @@ DicomVolumeLoader::DicomVolumeLoader(QObject *parent)
     , d(std::make_unique<Private>(*this))
 { }
 
-DicomVolumeLoader::~DicomVolumeLoader() = default;
+DicomVolumeLoader::~DicomVolumeLoader()
+{
+    d->setLoad(nullptr);
+}
 
 void DicomVolumeLoader::start(const McHandle<Zel::DicomDirectoryEntry> &entry)
 {
-    d->load = std::make_shared<Load>();
+    d->setLoad(std::make_shared<Load>());
     d->series.reset();
     d->remarks.clear();
     d->done = 0;

@@ -136,9 +136,12 @@ void KxFileSerializer::refresh() const
     }
     if (file.state == KxIniFile::State::Damaged) {
         setAsideWithLock();
+        if (FileStamp::of(m_fileName) != stamp) {
+            refresh(); // It is set aside, or another process has begun a good one meanwhile.
+            return;
+        }
     }
-    // The stamp from before reading: what is written while it is read, or while a damaged one is
-    // set aside, is read next time.
+    // The stamp from before reading: what is written while it is read is read next time.
     remember(file.values, stamp);
 }
 

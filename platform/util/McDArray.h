@@ -68,6 +68,7 @@ public:
         const auto from = m_values.begin() + position;
         m_values.erase(from, from + count);
     }
+    void removeLast() { m_values.pop_back(); }
 
     /// Position of the first value equal to @p value at or after @p start, or -1.
     [[nodiscard]] int indexOf(const T &value, int start = 0) const

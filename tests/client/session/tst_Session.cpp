@@ -130,6 +130,7 @@ void change(const Opened &opened)
     ViewerLinks::setAttached(second, false);
     ViewerLinks::setEnabled(ExViewerDB::ZOOM_GROUP, false);
     ViewerLinks::followActive(ExViewerDB::CAMERA_GROUP, opened.fixture->slice(2));
+    ViewerLinks::leave(ExViewerDB::CAMERA_GROUP, first);
     // A group of its own, though it would be linked by its kind.
     ExViewerDB::clearGroups(ExViewerDB::WINDOWLEVEL_GROUP, &first);
     ExViewerDB::createGroup(ExViewerDB::WINDOWLEVEL_GROUP, {&first}, true);
