@@ -108,7 +108,7 @@ void DicomVolumeLoader::Private::setLoad(std::shared_ptr<Load> next)
 template <typename Action>
 void DicomVolumeLoader::Private::post(const std::shared_ptr<Load> &running, Action action)
 {
-    mailbox.post([this, running, action] {
+    mailbox.post([running, action] {
         if (running->isCurrent) {
             action();
         }
